@@ -1,0 +1,30 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# What every target of the project is compiled with.
+add_library(quillon_options INTERFACE)
+target_compile_definitions(quillon_options INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII
+    QT_NO_KEYWORDS
+    QT_NO_FOREACH
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
+if(QUILLON_WARNINGS_ARE_ERRORS)
+    target_compile_options(quillon_options INTERFACE -Werror)
+endif()
+if(QUILLON_SANITIZERS)
+    target_compile_options(quillon_options INTERFACE
+        -fsanitize=${QUILLON_SANITIZERS} -fno-omit-frame-pointer)
+    target_link_options(quillon_options INTERFACE -fsanitize=${QUILLON_SANITIZERS})
+endif()
+
+# quillon_library(NAME FOLDER PUBLIC lib... PRIVATE lib... SOURCES file...)
+# A static library whose include path is its own folder alone, so that an include
+# that its dependencies do not allow does not compile.
+function(quillon_library name folder)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "PUBLIC;PRIVATE;SOURCES")
+    qt_add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC ${folder})
+    target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} quillon_options)
+    qt_extract_metatypes(${name})
+endfunction()

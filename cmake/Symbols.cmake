@@ -1,0 +1,49 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# The symbols of the screens: the system's name for each, and the drawing that
+# shows it here. Only these are embedded.
+set(quillon_symbols
+    arrow.down.circle.fill arrow-down-circle-fill
+    bolt.fill lightning-charge-fill
+    checkmark.circle.fill check-circle-fill
+    circle.lefthalf.filled circle-half
+    clock.fill clock-fill
+    exclamationmark.triangle.fill exclamation-triangle-fill
+    folder.fill folder-fill
+    gearshape gear
+    gearshape.fill gear-fill
+    link link-45deg
+    list.bullet list-ul
+    list.bullet.rectangle.fill collection-play-fill
+    list.bullet.rectangle.portrait card-list
+    magnifyingglass search
+    moon.fill moon-fill
+    music.note.list music-note-list
+    pause.circle.fill pause-circle-fill
+    pause.fill pause-fill
+    person.circle.fill person-circle
+    photo image
+    play.fill play-fill
+    play.rectangle.fill play-btn-fill
+    plus plus-lg
+    sun.max.fill sun-fill
+    xmark.circle.fill x-circle-fill)
+
+find_path(QUILLON_ICONS arrow-down-circle-fill.svg
+    PATHS /usr/share/bootstrap-icons/svg /usr/share/icons/bootstrap-icons
+          /usr/share/javascript/bootstrap-icons/icons
+    REQUIRED NO_DEFAULT_PATH)
+
+# quillon_add_symbols(TARGET): embeds them as :/symbols/<system name>.svg.
+function(quillon_add_symbols target)
+    set(pairs ${quillon_symbols})
+    while(pairs)
+        list(POP_FRONT pairs name drawing)
+        set(file ${QUILLON_ICONS}/${drawing}.svg)
+        set_source_files_properties(${file} PROPERTIES QT_RESOURCE_ALIAS ${name}.svg)
+        list(APPEND files ${file})
+    endwhile()
+    set(spinner ${CMAKE_CURRENT_SOURCE_DIR}/shared/spinner.svg)
+    set_source_files_properties(${spinner} PROPERTIES QT_RESOURCE_ALIAS spinner.svg)
+    qt_add_resources(${target} symbols PREFIX /symbols FILES ${files} ${spinner})
+endfunction()

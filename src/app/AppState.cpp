@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "AppState.h"
+
+#include "Preferences.h"
+
+AppStateParts AppStateParts::standard()
+{
+    return {.service = &YTDLPService::shared(),
+            .preferences = &Preferences::standard(),
+            .platform = PlatformServices::desktop()};
+}
+
+AppState::AppState()
+    : AppState(AppStateParts::standard())
+{
+}
+
+AppState::AppState(AppStateParts parts)
+    : service(*parts.service)
+    , m_preferences(*parts.preferences)
+    , m_platform(std::move(parts.platform))
+    , m_mailbox(std::make_shared<Mailbox>())
+{
+    m_mailbox->open();
+    connect(this, &AppState::downloadStatusChanged, this,
+            &AppState::displayedDownloadStatusChanged);
+    loadSettings();
+    loadHistory();
+}
+
+AppState::~AppState()
+{
+    m_isClosing = true;
+    service.endProcesses();
+    m_mailbox->deliverUntil([this] { return m_runningTasks == 0; });
+    m_mailbox->close();
+    m_preferences.flush();
+}
+
+void AppState::spawn(std::function<QCoro::Task<>()> start)
+{
+    ++m_runningTasks;
+    m_mailbox->post([this, start = std::move(start)] {
+        if (m_isClosing)
+            --m_runningTasks;
+        else
+            lookAfter(start());
+    });
+}
+
+QCoro::Task<> AppState::lookAfter(QCoro::Task<> task)
+{
+    try {
+        co_await task;
+    } catch (const std::exception &error) {
+        qCritical("A task ended with an error that nobody expected: %s", error.what());
+    }
+    --m_runningTasks;
+}

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AVPlayer.h"
+#include "AppMode.h"
+#include "DownloadItem.h"
+#include "DownloadStatus.h"
+#include "DownloadUIStatus.h"
+#include "HistoryItem.h"
+#include "Mailbox.h"
+#include "MediaFormat.h"
+#include "PlatformServices.h"
+#include "Published.h"
+#include "QualityOption.h"
+#include "SearchResult.h"
+#include "VideoInfo.h"
+#include "YTDLPService.h"
+
+#include <QCoroTask>
+
+#include <functional>
+#include <memory>
+#include <stop_token>
+
+class Preferences;
+struct SingleRun;
+template<typename Value>
+class ReplyAwaiter;
+
+/// What AppState is built on; tests build it on parts of their own.
+struct AppStateParts
+{
+    YTDLPService *service;
+    Preferences *preferences;
+    PlatformServices platform;
+
+    /// The program's: the shared service, the user's preferences, the desktop.
+    static AppStateParts standard();
+};
+
+/// All state that the screens show, and every operation that they call. Lives
+/// on the main thread. Every assignment of a published property notifies.
+///
+/// Operations that take time return at once and go on as coroutines; the
+/// destructor ends what they wait for and lets each of them finish.
+class AppState : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Text = std::optional<QString>;
+    using Info = std::optional<VideoInfo>;
+    using Result = std::optional<SearchResult>;
+    using EntrySelection = QSet<QString>;
+    using Queue = QList<std::shared_ptr<DownloadItem>>;
+    using Results = QList<SearchResult>;
+    using DownloadStatuses = QMap<QString, DownloadStatus>;
+    using DownloadFractions = QMap<QString, double>;
+    using History = QList<HistoryItem>;
+
+    /// On the parts of the program.
+    AppState();
+    explicit AppState(AppStateParts parts);
+    ~AppState() override;
+
+    // What the window shows, and the five settings. Settings take effect when
+    // they are assigned and are stored by saveSettings() alone.
+    PUBLISHED(AppState, AppMode, mode, AppMode::single)
+    PUBLISHED_EDITABLE(AppState, QString, downloadDir)
+    PUBLISHED_EDITABLE(AppState, bool, showSettings, false)
+    PUBLISHED_EDITABLE(AppState, qint64, historyLimit, 50)
+    PUBLISHED_EDITABLE(AppState, QString, speedLimit, QStringLiteral("0"))
+    PUBLISHED_EDITABLE(AppState, bool, notificationsEnabled, true)
+    PUBLISHED_EDITABLE(AppState, QString, cookiesBrowser, QStringLiteral("none"))
+
+    // Single mode: the address, what was fetched for it, and what to download.
+    PUBLISHED(AppState, QString, singleURL)
+    PUBLISHED(AppState, Info, singleInfo)
+    PUBLISHED(AppState, bool, isFetching, false)
+    PUBLISHED(AppState, Text, fetchError)
+    PUBLISHED(AppState, MediaFormat, selectedFormat, MediaFormat::mp4)
+    PUBLISHED(AppState, QualityOption, selectedQuality, QualityOption::best(MediaFormat::mp4))
+    PUBLISHED(AppState, EntrySelection, selectedPlaylistItems)
+
+    // The running download of single mode. Pause, title, index and total serve
+    // the queue, too.
+    PUBLISHED(AppState, bool, isDownloading, false)
+    PUBLISHED(AppState, double, downloadProgress, 0.0)
+    PUBLISHED(AppState, QString, downloadSpeed)
+    PUBLISHED(AppState, QString, downloadETA)
+    PUBLISHED(AppState, DownloadUIStatus, downloadStatus, DownloadUIStatus::idle())
+    PUBLISHED(AppState, bool, isPaused, false)
+    PUBLISHED(AppState, QString, currentDownloadTitle)
+    PUBLISHED(AppState, qint64, currentDownloadIndex, 0)
+    PUBLISHED(AppState, qint64, totalDownloadCount, 0)
+    PUBLISHED(AppState, bool, fetchAsPlaylist, false)
+
+    // Multi mode: the queue and its choices.
+    PUBLISHED(AppState, QString, multiURL)
+    PUBLISHED(AppState, Queue, queue)
+    PUBLISHED(AppState, MediaFormat, multiFormat, MediaFormat::mp4)
+    PUBLISHED(AppState, QualityOption, multiQuality, QualityOption::best(MediaFormat::mp4))
+    PUBLISHED(AppState, bool, isQueueDownloading, false)
+
+    // Browse mode: playback, search, and downloads by result. The keys of the
+    // two maps are a result's id followed by "_mp4" or "_mp3".
+    PUBLISHED(AppState, Result, nowPlaying)
+    PUBLISHED(AppState, bool, isLoadingStream, false)
+    PUBLISHED(AppState, Text, playerError)
+    PUBLISHED(AppState, QString, browseSearchQuery)
+    PUBLISHED(AppState, Results, browseResults)
+    PUBLISHED(AppState, bool, isBrowseSearching, false)
+    PUBLISHED(AppState, Text, browseSearchError)
+    PUBLISHED(AppState, DownloadStatuses, browseDownloadStatuses)
+    PUBLISHED(AppState, DownloadFractions, browseDownloadProgress)
+
+    // Finished downloads of every mode, newest first.
+    PUBLISHED(AppState, History, history)
+
+    // Plain parts, never observed.
+    AVPlayer avPlayer;
+    YTDLPService &service;
+    std::optional<std::stop_source> streamLoadTask;
+    const QString historyKey = QStringLiteral("quillon.history.v2");
+    const QString settingsKey = QStringLiteral("quillon.downloadDir");
+    const QString historyLimitKey = QStringLiteral("quillon.historyLimit");
+    const QString speedLimitKey = QStringLiteral("quillon.speedLimit");
+    const QString notificationsKey = QStringLiteral("quillon.notifications");
+    const QString cookiesBrowserKey = QStringLiteral("quillon.cookiesBrowser");
+
+    /// Whether the single-mode address names both a video and a playlist.
+    Q_PROPERTY(bool isMixedURL READ isMixedURL NOTIFY singleURLChanged)
+    [[nodiscard]] bool isMixedURL() const;
+
+    /// `downloadStatus` as screens show it: the tool names a destination, which
+    /// counts as processing, before it reports percentages, so progress that is
+    /// reported while processing shows as downloading.
+    Q_PROPERTY(DownloadUIStatus displayedDownloadStatus READ displayedDownloadStatus NOTIFY
+                   displayedDownloadStatusChanged)
+    [[nodiscard]] DownloadUIStatus displayedDownloadStatus() const;
+    Q_SIGNAL void displayedDownloadStatusChanged();
+
+    // Persistence (Persistence.cpp).
+    void loadSettings();
+    void saveSettings();
+    void loadHistory();
+    void saveHistory();
+    /// Puts a record in front, drops the oldest beyond the limit, and saves.
+    void addToHistory(const HistoryItem &item);
+
+    // Utilities (Utilities.cpp).
+    /// The absolute folder that downloads are written to.
+    [[nodiscard]] QString resolvedDownloadDir() const;
+    /// Shows a saved file, or its folder when it is gone.
+    void revealInFinder(const QString &path);
+    /// Announces a finished run by sound and notification, if the user wants it.
+    void sendCompleteNotification(const QString &title, qint64 count);
+
+    // Single mode (SingleMode.cpp).
+    /// Fetches the metadata of `singleURL`; a blank one does nothing.
+    void fetchSingleInfo();
+    /// Downloads the fetched video, or the selected entries of a playlist.
+    void startSingleDownload();
+    /// Forgets the last run. One that is going on goes on.
+    void resetDownload();
+
+    // Pause (Pause.cpp).
+    /// Stops the running download's process, or lets it go on. The flag flips
+    /// also when there is no process to signal.
+    void togglePause();
+
+private:
+    enum class Report { none, progress, processing };
+
+    [[nodiscard]] QCoro::Task<> fetch(QString address, bool asPlaylist);
+    [[nodiscard]] QCoro::Task<> run(SingleRun singleRun);
+    [[nodiscard]] QCoro::Task<> downloadTask(SingleRun singleRun, qsizetype position);
+    ReplyAwaiter<VideoInfo> requestInfo(const QString &address, bool asPlaylist);
+    ReplyAwaiter<QString> requestDownload(const QStringList &arguments);
+    void takeProgress(double progress, const QString &speed, const QString &eta);
+    void takeProcessing();
+    void setLastReport(Report report);
+    void endRun(const DownloadUIStatus &status);
+
+    /// Starts a coroutine from the event loop's next turn and looks after it;
+    /// `start` is not called when the state has begun to close.
+    void spawn(std::function<QCoro::Task<>()> start);
+    QCoro::Task<> lookAfter(QCoro::Task<> task);
+
+    Preferences &m_preferences;
+    const PlatformServices m_platform;
+    const std::shared_ptr<Mailbox> m_mailbox; // to the main thread
+    Report m_lastReport = Report::none;
+    QList<std::shared_ptr<ProcessHandle>> m_stopped; // by togglePause()
+    int m_runningTasks = 0;
+    bool m_isClosing = false;
+};

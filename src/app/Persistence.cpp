@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "AppState.h"
+
+#include "HistoryDocument.h"
+#include "Preferences.h"
+
+namespace {
+
+constexpr qint64 standardHistoryLimit = 50;
+
+} // namespace
+
+void AppState::loadSettings()
+{
+    downloadDir = m_preferences.string(settingsKey).value_or(QString());
+    speedLimit = m_preferences.string(speedLimitKey).value_or(QStringLiteral("0"));
+    notificationsEnabled = m_preferences.boolean(notificationsKey).value_or(true);
+    cookiesBrowser = m_preferences.string(cookiesBrowserKey).value_or(QStringLiteral("none"));
+    // A stored 0 means unlimited while the program runs and is not told from an
+    // absent value when it starts.
+    const qint64 limit = m_preferences.integer(historyLimitKey);
+    historyLimit = limit == 0 ? standardHistoryLimit : limit;
+}
+
+void AppState::saveSettings()
+{
+    m_preferences.setString(settingsKey, downloadDir);
+    m_preferences.setInteger(historyLimitKey, historyLimit);
+    m_preferences.setString(speedLimitKey, speedLimit);
+    m_preferences.setBoolean(notificationsKey, notificationsEnabled);
+    m_preferences.setString(cookiesBrowserKey, cookiesBrowser);
+}
+
+void AppState::loadHistory()
+{
+    const auto document = m_preferences.blob(historyKey);
+    if (!document)
+        return;
+    if (const auto records = decodeHistory(*document))
+        history = *records;
+}
+
+void AppState::saveHistory()
+{
+    m_preferences.setBlob(historyKey, [records = history()] { return encodeHistory(records); });
+}
+
+void AppState::addToHistory(const HistoryItem &item)
+{
+    History records = history;
+    records.prepend(item);
+    if (historyLimit >= 1 && historyLimit < records.size())
+        records.erase(records.begin() + historyLimit(), records.end());
+    history = std::move(records);
+    saveHistory();
+}

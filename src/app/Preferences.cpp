@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Preferences.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <cmath>
+#include <semaphore>
+#include <utility>
+
+namespace {
+
+// A blob is an object with one of these members, so that it is told from text
+// and a person can still read it.
+const QString textMember = QStringLiteral("utf8");
+const QString bytesMember = QStringLiteral("base64");
+
+QJsonValue blobValue(const QByteArray &blob)
+{
+    if (QUtf8StringView(blob).isValidUtf8())
+        return QJsonObject{{textMember, QString::fromUtf8(blob)}};
+    return QJsonObject{{bytesMember, QString::fromLatin1(blob.toBase64())}};
+}
+
+std::optional<QByteArray> blobFrom(const QJsonValue &value)
+{
+    const QJsonObject object = value.toObject();
+    if (object[textMember].isString())
+        return object[textMember].toString().toUtf8();
+    if (object[bytesMember].isString())
+        return QByteArray::fromBase64(object[bytesMember].toString().toLatin1());
+    return {};
+}
+
+Preferences *standardPreferences = nullptr;
+
+QString numberText(double number)
+{
+    return QString::number(number, 'g', QLocale::FloatingPointShortest);
+}
+
+/// A name beside the file that is not taken.
+QString asideName(const QString &path)
+{
+    const QString stamp
+        = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    QString name = QStringLiteral("%1.damaged-%2").arg(path, stamp);
+    for (int number = 2; QFile::exists(name); ++number)
+        name = QStringLiteral("%1.damaged-%2-%3").arg(path, stamp).arg(number);
+    return name;
+}
+
+} // namespace
+
+Preferences &Preferences::standard()
+{
+    if (!standardPreferences) {
+        standardPreferences = new Preferences(
+            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+            + QStringLiteral("/quillon/preferences.json"));
+        // Not at the end of the process: its thread needs the application.
+        qAddPostRoutine([] { delete std::exchange(standardPreferences, nullptr); });
+    }
+    return *standardPreferences;
+}
+
+Preferences::Preferences(QString path)
+    : m_path(std::move(path))
+{
+    load();
+}
+
+Preferences::~Preferences()
+{
+    flush();
+}
+
+std::optional<QString> Preferences::string(const QString &key) const
+{
+    const QJsonValue value = m_content.values[key];
+    if (value.isString())
+        return value.toString();
+    if (value.isDouble()) {
+        const double number = value.toDouble();
+        return number == std::trunc(number) ? QString::number(value.toInteger())
+                                            : numberText(number);
+    }
+    if (value.isBool())
+        return value.toBool() ? QStringLiteral("1") : QStringLiteral("0");
+    return {};
+}
+
+qint64 Preferences::integer(const QString &key) const
+{
+    const QJsonValue value = m_content.values[key];
+    if (value.isString())
+        return value.toString().trimmed().toLongLong();
+    if (value.isBool())
+        return value.toBool() ? 1 : 0;
+    // toInteger() has no answer for fractions and for what 64 bits cannot hold.
+    const double number = std::clamp(std::trunc(value.toDouble()), -9.0e18, 9.0e18);
+    return value.toInteger(static_cast<qint64>(number));
+}
+
+std::optional<bool> Preferences::boolean(const QString &key) const
+{
+    const QJsonValue value = m_content.values[key];
+    return value.isBool() ? std::optional(value.toBool()) : std::nullopt;
+}
+
+std::optional<QByteArray> Preferences::blob(const QString &key) const
+{
+    if (const auto encode = m_content.blobs.value(key)) {
+        if (const auto bytes = encode())
+            return bytes;
+    }
+    return blobFrom(m_content.values[key]);
+}
+
+void Preferences::setString(const QString &key, const QString &value)
+{
+    set(key, value);
+}
+
+void Preferences::setInteger(const QString &key, qint64 value)
+{
+    set(key, value);
+}
+
+void Preferences::setBoolean(const QString &key, bool value)
+{
+    set(key, value);
+}
+
+void Preferences::setBlob(const QString &key, BlobEncoder encode)
+{
+    m_content.blobs[key] = std::move(encode);
+    scheduleWrite();
+}
+
+void Preferences::flush()
+{
+    std::binary_semaphore written(0);
+    m_writer.post([&written] { written.release(); });
+    written.acquire();
+}
+
+void Preferences::load()
+{
+    QFile file(m_path);
+    if (!file.exists())
+        return;
+    const QJsonDocument document = file.open(QIODevice::ReadOnly)
+        ? QJsonDocument::fromJson(file.readAll())
+        : QJsonDocument();
+    m_isDamaged = !document.isObject();
+    m_content.values = document.object();
+}
+
+void Preferences::set(const QString &key, const QJsonValue &value)
+{
+    m_content.values[key] = value;
+    scheduleWrite();
+}
+
+void Preferences::scheduleWrite()
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_unwritten = m_content;
+    }
+    m_writer.post([this] { write(); });
+}
+
+void Preferences::write()
+{
+    std::optional<Content> content;
+    {
+        const std::scoped_lock lock(m_mutex);
+        content = std::exchange(m_unwritten, std::nullopt);
+    }
+    if (!content) // the write before took this change along
+        return;
+
+    for (auto blob = content->blobs.begin(); blob != content->blobs.end(); ++blob) {
+        if (const auto bytes = (*blob)())
+            content->values[blob.key()] = blobValue(*bytes);
+    }
+    QDir().mkpath(QFileInfo(m_path).path());
+    if (m_isDamaged) {
+        // Whatever can still be saved of it is the user's.
+        QFile::rename(m_path, asideName(m_path));
+        m_isDamaged = false;
+    }
+    QSaveFile file(m_path);
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    file.write(QJsonDocument(content->values).toJson());
+    file.commit();
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Worker.h"
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QMap>
+#include <QString>
+
+#include <functional>
+#include <mutex>
+#include <optional>
+
+/// The user's preferences: a flat file of keys whose values keep their kinds.
+/// Used on one thread; the file is written on a thread of its own, replaced
+/// atomically, soon after each change and at the latest by flush(). A write
+/// that fails is not reported; the values stay as they are in memory.
+class Preferences
+{
+    Q_DISABLE_COPY_MOVE(Preferences)
+
+public:
+    /// Makes a blob's bytes; called on any thread. Nothing: the blob stays as
+    /// it was.
+    using BlobEncoder = std::function<std::optional<QByteArray>()>;
+
+    /// The store of the user who runs the program; it ends with the application
+    /// object.
+    static Preferences &standard();
+
+    explicit Preferences(QString path);
+    ~Preferences();
+
+    [[nodiscard]] QString path() const { return m_path; }
+
+    /// A text, or a number as text; nothing for other kinds.
+    [[nodiscard]] std::optional<QString> string(const QString &key) const;
+    /// A number, or a text made of digits; 0 where there is neither.
+    [[nodiscard]] qint64 integer(const QString &key) const;
+    /// Only a real boolean: neither the text "false" nor the number 1 is one.
+    [[nodiscard]] std::optional<bool> boolean(const QString &key) const;
+    [[nodiscard]] std::optional<QByteArray> blob(const QString &key) const;
+
+    void setString(const QString &key, const QString &value);
+    void setInteger(const QString &key, qint64 value);
+    void setBoolean(const QString &key, bool value);
+    /// Takes a function rather than bytes, so that a long document is made on
+    /// the writing thread.
+    void setBlob(const QString &key, BlobEncoder encode);
+
+    /// Returns when all changes so far have been written or have failed to be.
+    void flush();
+
+private:
+    struct Content
+    {
+        QJsonObject values;
+        QMap<QString, BlobEncoder> blobs; // newer than what stands in values
+    };
+
+    void load();
+    void set(const QString &key, const QJsonValue &value);
+    void scheduleWrite();
+    void write();
+
+    const QString m_path;
+    Content m_content;
+
+    std::mutex m_mutex;
+    std::optional<Content> m_unwritten;
+    bool m_isDamaged = false; // the writing thread's, once that has begun
+
+    Worker m_writer; // last: its thread ends before the rest goes
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AppState.h"
+
+/// The program: owns the application state for its whole life and carries the
+/// commands of the menu bar with the rules that enable them.
+class QuillonApp : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool canStartDownload READ canStartDownload NOTIFY commandsChanged)
+    Q_PROPERTY(bool canPause READ canPause NOTIFY commandsChanged)
+    Q_PROPERTY(QString pauseTitle READ pauseTitle NOTIFY commandsChanged)
+
+public:
+    /// Asks for permission to notify, then makes the state.
+    explicit QuillonApp(AppStateParts parts = AppStateParts::standard());
+
+    [[nodiscard]] AppState &state() { return m_state; }
+
+    [[nodiscard]] bool canStartDownload() const;
+    [[nodiscard]] bool canPause() const;
+    [[nodiscard]] QString pauseTitle() const;
+
+    Q_INVOKABLE void fetchInfo();
+    Q_INVOKABLE void startDownload();
+    Q_INVOKABLE void togglePause();
+    /// Between single and multi; browse goes to single.
+    Q_INVOKABLE void toggleMode();
+
+Q_SIGNALS:
+    void commandsChanged();
+
+private:
+    AppState m_state;
+};

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "AppState.h"
+
+#include "Addresses.h"
+#include "CompletionText.h"
+#include "DownloadFolder.h"
+#include "HomeDirectory.h"
+
+#include <QFileInfo>
+
+bool AppState::isMixedURL() const
+{
+    return isMixedAddress(singleURL().trimmed());
+}
+
+QString AppState::resolvedDownloadDir() const
+{
+    return downloadFolder(downloadDir, homeDirectory(), m_platform.folders->downloads());
+}
+
+void AppState::revealInFinder(const QString &path)
+{
+    if (QFileInfo::exists(path))
+        m_platform.fileViewer->select(path);
+    else
+        m_platform.fileViewer->openFolder(QFileInfo(path).path());
+}
+
+void AppState::sendCompleteNotification(const QString &title, qint64 count)
+{
+    if (!notificationsEnabled)
+        return;
+    m_platform.sound->playCompletion();
+    m_platform.notifier->post({.identifier = QUuid::createUuid().toString(QUuid::WithoutBraces),
+                               .title = QStringLiteral("Download Complete"),
+                               .body = completionText(title, count)});
+}

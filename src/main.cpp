@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Appearance.h"
+#include "Preferences.h"
+#include "QmlTypes.h"
+#include "QuillonApp.h"
+#include "SingleInstance.h"
+#include "SystemAppearance.h"
+#include "TerminationSignals.h"
+#include "ThumbnailProvider.h"
+
+#include <QFileInfo>
+#include <QFont>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+
+namespace {
+
+// A desktop that names no font of its own gets one that is made for screens.
+void chooseFont()
+{
+    QFont font = QGuiApplication::font();
+    if (font.family().startsWith(u"Sans") || font.family().startsWith(u"DejaVu")) {
+        font.setFamilies({QStringLiteral("Inter"), font.family()});
+        QGuiApplication::setFont(font);
+    }
+}
+
+void bringForward(const QQmlApplicationEngine &engine)
+{
+    const auto windows = engine.rootObjects();
+    for (QObject *const root : windows) {
+        if (auto *const window = qobject_cast<QQuickWindow *>(root)) {
+            window->show();
+            window->raise();
+            window->requestActivate();
+        }
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication::setApplicationName(QStringLiteral("quillon"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillon"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quillon"));
+    const QGuiApplication application(argc, argv);
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
+    chooseFont();
+
+    Preferences &preferences = Preferences::standard();
+    const SingleInstance instance(QFileInfo(preferences.path()).path());
+    if (!instance.isFirst())
+        return 0;
+
+    const TerminationSignals terminationSignals;
+    const SystemAppearance systemAppearance;
+    Appearance appearance(preferences, systemAppearance);
+    QuillonApp app;
+    AppStateForQml::instance = &app.state();
+
+    QQmlApplicationEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine.addImageProvider(QStringLiteral("thumbnail"), new ThumbnailProvider);
+    engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)},
+                                 {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}});
+    engine.load(QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
+    if (engine.rootObjects().isEmpty()) {
+        qCritical("Quillon's window could not be made; its files are incomplete.");
+        return 1;
+    }
+    QObject::connect(&instance, &SingleInstance::activationRequested, &engine,
+                     [&engine] { bringForward(engine); });
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DownloadStatus.h"
+#include "Published.h"
+#include "VideoInfo.h"
+
+#include <QObject>
+#include <QUuid>
+
+#include <optional>
+
+/// One entry of the queue. It is shared: the queue shows it while a run works
+/// on it, and a run goes on with it when it has left the queue.
+class DownloadItem : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Info = std::optional<VideoInfo>;
+
+    explicit DownloadItem(const QString &url);
+
+    const QUuid id;
+    const QString url; ///< as the user entered it
+
+    PUBLISHED(DownloadItem, Info, info)
+    PUBLISHED(DownloadItem, DownloadStatus, status, DownloadStatus::waiting())
+
+    /// The video's title, or the address while nothing more is known.
+    [[nodiscard]] QString title() const;
+    /// The video's formatted duration, or the empty text.
+    [[nodiscard]] QString duration() const;
+};

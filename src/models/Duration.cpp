@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Duration.h"
+
+#include <algorithm>
+#include <cmath>
+
+QString formattedDuration(std::optional<double> seconds)
+{
+    // A tool that prints garbage may print more seconds than a 64-bit number holds.
+    constexpr double longest = 9e15;
+    if (!seconds || std::isnan(*seconds) || *seconds <= 0)
+        return {};
+
+    const auto total = static_cast<qint64>(std::min(*seconds, longest));
+    const qint64 hours = total / 3600;
+    const qint64 minutes = total % 3600 / 60;
+    if (hours > 0) {
+        return QStringLiteral("%1:%2:%3")
+            .arg(hours)
+            .arg(minutes, 2, 10, QLatin1Char('0'))
+            .arg(total % 60, 2, 10, QLatin1Char('0'));
+    }
+    return QStringLiteral("%1:%2").arg(minutes).arg(total % 60, 2, 10, QLatin1Char('0'));
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+#include <utility>
+
+/// One observable property of a QObject: storage, and the signal that tells of
+/// every assignment, also of one with an equal value. Screens and tests count
+/// on that signal, which is why neither MEMBER nor bindable properties serve.
+/// The call operators are what moc's READ and WRITE call. One thread only: the
+/// owner's.
+template<typename Owner, typename Value, auto changed>
+class Published
+{
+    Q_DISABLE_COPY_MOVE(Published)
+
+public:
+    Published(Owner *owner, Value initial)
+        : m_owner(owner)
+        , m_value(std::move(initial))
+    {
+    }
+    ~Published() = default;
+
+    Published &operator=(Value value)
+    {
+        m_value = std::move(value);
+        Q_EMIT(m_owner->*changed)();
+        return *this;
+    }
+
+    void operator()(Value value) { *this = std::move(value); }
+    const Value &operator()() const { return m_value; }
+    operator const Value &() const { return m_value; } // NOLINT(google-explicit-constructor)
+    const Value *operator->() const { return &m_value; }
+
+private:
+    Owner *m_owner;
+    Value m_value;
+};
+
+/// A published property that screens only read. The arguments behind the name
+/// are the initial value.
+#define PUBLISHED(Owner, Type, name, ...)                                                          \
+    Q_PROPERTY(Type name READ name NOTIFY name##Changed FINAL)                                     \
+public:                                                                                            \
+    Q_SIGNAL void name##Changed();                                                                 \
+    Published<Owner, Type, &Owner::name##Changed> name{this, Type(__VA_ARGS__)};
+
+/// A published property that screens edit.
+#define PUBLISHED_EDITABLE(Owner, Type, name, ...)                                                 \
+    Q_PROPERTY(Type name READ name WRITE name NOTIFY name##Changed FINAL)                          \
+public:                                                                                            \
+    Q_SIGNAL void name##Changed();                                                                 \
+    Published<Owner, Type, &Owner::name##Changed> name{this, Type(__VA_ARGS__)};

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "VideoInfo.h"
+
+#include "Duration.h"
+
+QString VideoInfo::formattedDuration() const
+{
+    return ::formattedDuration(duration);
+}
+
+// Here, where the type is complete: it holds a list of itself.
+bool VideoInfo::operator==(const VideoInfo &other) const = default;

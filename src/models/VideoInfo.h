@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <QString>
+
+#include <optional>
+
+/// What is known of one video, or of one playlist with its entries.
+struct VideoInfo
+{
+    Q_GADGET
+    Q_PROPERTY(QString title MEMBER title CONSTANT)
+    Q_PROPERTY(QString thumbnailURL MEMBER thumbnailURL CONSTANT)
+    Q_PROPERTY(QString uploader MEMBER uploader CONSTANT)
+    Q_PROPERTY(QString formattedDuration READ formattedDuration CONSTANT)
+    Q_PROPERTY(bool isPlaylist MEMBER isPlaylist CONSTANT)
+
+public:
+    QString id; ///< the site's, or any unique text where the site gave none
+    QString title;
+    QString thumbnailURL;           ///< may be empty
+    std::optional<double> duration; ///< seconds
+    QString uploader;               ///< may be empty
+    QString originalURL;            ///< as the user gave it; of an entry, its own address
+    bool isPlaylist = false;
+    QList<VideoInfo> playlistEntries;
+    std::optional<QString> playlistTitle;
+    QSet<qint64> availableHeights; ///< pixels; empty when unknown
+
+    [[nodiscard]] QString formattedDuration() const;
+
+    bool operator==(const VideoInfo &other) const;
+};

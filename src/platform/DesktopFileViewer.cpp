@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DesktopFileViewer.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+
+void DesktopFileViewer::select(const QString &path)
+{
+    call(QStringLiteral("ShowItems"), path, QFileInfo(path).path());
+}
+
+void DesktopFileViewer::openFolder(const QString &path)
+{
+    call(QStringLiteral("ShowFolders"), path, path);
+}
+
+void DesktopFileViewer::call(const QString &method, const QString &path,
+                             const QString &fallbackFolder)
+{
+    auto message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.FileManager1"),
+        QStringLiteral("/org/freedesktop/FileManager1"),
+        QStringLiteral("org.freedesktop.FileManager1"), method);
+    message << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
+    auto *const watcher
+        = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, fallbackFolder] {
+        watcher->deleteLater();
+        if (QDBusPendingReply<>(*watcher).isError())
+            QDesktopServices::openUrl(QUrl::fromLocalFile(fallbackFolder));
+    });
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FileViewer.h"
+
+#include <QObject>
+
+/// The file manager over the session bus; where none answers, the desktop's way
+/// of opening a folder.
+class DesktopFileViewer : public QObject, public FileViewer
+{
+    Q_OBJECT
+
+public:
+    void select(const QString &path) override;
+    void openFolder(const QString &path) override;
+
+private:
+    void call(const QString &method, const QString &path, const QString &fallbackFolder);
+};

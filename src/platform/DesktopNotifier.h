@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Notifier.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+/// Notifications over the session bus. There is no permission to ask for; what
+/// is asked at start is whether the service reads its text as markup. Without a
+/// service nothing is shown.
+class DesktopNotifier : public QObject, public Notifier
+{
+    Q_OBJECT
+
+public:
+    void requestAuthorization() override;
+    void post(const UserNotification &notification) override;
+
+private:
+    void askCapabilities(const std::function<void()> &then);
+    void send(const UserNotification &notification) const;
+
+    std::optional<bool> m_readsMarkup; // while unknown, nothing is sent
+};

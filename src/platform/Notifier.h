@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+struct UserNotification
+{
+    QString identifier; ///< a UUID, new for each
+    QString title;
+    QString body; ///< plain text
+};
+
+/// The desktop's notifications. Main thread; nothing here fails visibly.
+class Notifier
+{
+public:
+    virtual ~Notifier() = default;
+
+    /// Once at start, before the first post.
+    virtual void requestAuthorization() = 0;
+
+    /// Shows a notification now, with the desktop's default sound.
+    virtual void post(const UserNotification &notification) = 0;
+};

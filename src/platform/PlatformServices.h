@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FileViewer.h"
+#include "Folders.h"
+#include "Notifier.h"
+#include "SoundPlayer.h"
+
+#include <memory>
+
+/// What the application state asks of the desktop; tests put stand-ins here.
+struct PlatformServices
+{
+    std::shared_ptr<Notifier> notifier;
+    std::shared_ptr<SoundPlayer> sound;
+    std::shared_ptr<FileViewer> fileViewer;
+    std::shared_ptr<Folders> folders;
+
+    /// Those of the desktop that the program runs on.
+    static PlatformServices desktop();
+};

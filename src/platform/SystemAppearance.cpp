@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SystemAppearance.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QStyleHints>
+
+namespace {
+
+const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
+const QString interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+
+// A window that opens in the wrong colours and changes them is worse than one
+// that opens this much later.
+constexpr int portalTimeout = 100; // ms
+
+using SettingGroups = QMap<QString, QVariantMap>;
+
+QColor colorFrom(const QVariant &value)
+{
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentType() != QDBusArgument::StructureType)
+        return {};
+    double red = -1;
+    double green = -1;
+    double blue = -1;
+    argument.beginStructure();
+    argument >> red >> green >> blue;
+    argument.endStructure();
+    const auto isPart = [](double part) { return part >= 0 && part <= 1; };
+    return isPart(red) && isPart(green) && isPart(blue)
+        ? QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green),
+                           static_cast<float>(blue))
+        : QColor();
+}
+
+bool toolkitIsDark()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    const Qt::ColorScheme scheme = QGuiApplication::styleHints()->colorScheme();
+    if (scheme != Qt::ColorScheme::Unknown)
+        return scheme == Qt::ColorScheme::Dark;
+#endif
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness()
+        < palette.color(QPalette::WindowText).lightness();
+}
+
+} // namespace
+
+SystemAppearance::SystemAppearance()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    connect(QGuiApplication::styleHints(), &QStyleHints::colorSchemeChanged, this,
+            &SystemAppearance::changed);
+#endif
+    qGuiApp->installEventFilter(this);
+    QDBusConnection::sessionBus().connect(
+        portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
+        SLOT(takeSetting(QString, QString, QDBusVariant)));
+    readSettings();
+}
+
+bool SystemAppearance::isDark() const
+{
+    return m_portalIsDark.value_or(toolkitIsDark());
+}
+
+bool SystemAppearance::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        Q_EMIT changed();
+    return QObject::eventFilter(watched, event);
+}
+
+void SystemAppearance::takeSetting(const QString &group, const QString &key,
+                                   const QDBusVariant &value)
+{
+    const QVariant setting = value.variant();
+    if (group == appearanceGroup && key == u"color-scheme") {
+        const uint scheme = setting.toUInt(); // 0 no preference, 1 dark, 2 light
+        m_portalIsDark = scheme == 1 || scheme == 2 ? std::optional(scheme == 1) : std::nullopt;
+    } else if (group == appearanceGroup && key == u"accent-color") {
+        m_accent = colorFrom(setting);
+    } else if (group == appearanceGroup && key == u"reduced-motion") {
+        m_reducesMotion = setting.toUInt() == 1;
+    } else if (group == interfaceGroup && key == u"enable-animations") {
+        m_reducesMotion = !setting.toBool();
+    } else {
+        return;
+    }
+    Q_EMIT changed();
+}
+
+void SystemAppearance::readSettings()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    auto message = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
+                                                  QStringLiteral("ReadAll"));
+    message << QStringList{appearanceGroup, interfaceGroup};
+    const QDBusMessage reply = bus.call(message, QDBus::Block, portalTimeout);
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
+        return;
+    const auto groups = qdbus_cast<SettingGroups>(reply.arguments().constFirst());
+    for (auto group = groups.begin(); group != groups.end(); ++group) {
+        for (auto setting = group->begin(); setting != group->end(); ++setting)
+            takeSetting(group.key(), setting.key(), QDBusVariant(*setting));
+    }
+}

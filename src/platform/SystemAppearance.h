@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QObject>
+
+#include <optional>
+
+class QDBusVariant;
+
+/// How the user wants programs to look, and every change of it: what the
+/// desktop portal tells, else what the toolkit knows. Main thread.
+class SystemAppearance : public QObject
+{
+    Q_OBJECT
+    Q_MOC_INCLUDE(<QDBusVariant>)
+
+public:
+    /// Asks the portal, and waits for its answer at most as long as nobody notices.
+    SystemAppearance();
+
+    [[nodiscard]] bool isDark() const;
+
+    /// The desktop's accent colour; invalid where it tells none.
+    [[nodiscard]] QColor accent() const { return m_accent; }
+
+    /// Whether the user wants no animations.
+    [[nodiscard]] bool reducesMotion() const { return m_reducesMotion; }
+
+Q_SIGNALS:
+    void changed();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private Q_SLOTS:
+    void takeSetting(const QString &group, const QString &key, const QDBusVariant &value);
+
+private:
+    void readSettings();
+
+    std::optional<bool> m_portalIsDark; // unset: the portal has no opinion
+    QColor m_accent;
+    bool m_reducesMotion = false;
+};

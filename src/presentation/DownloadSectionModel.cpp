@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DownloadSectionModel.h"
+
+#include "Percent.h"
+#include "StatusChipText.h"
+
+DownloadSectionModel::DownloadSectionModel(AppState &state)
+    : StatePresenter(state)
+{
+    for (const auto signal :
+         {&AppState::singleInfoChanged, &AppState::selectedPlaylistItemsChanged,
+          &AppState::isDownloadingChanged, &AppState::isPausedChanged,
+          &AppState::displayedDownloadStatusChanged, &AppState::currentDownloadTitleChanged,
+          &AppState::currentDownloadIndexChanged, &AppState::totalDownloadCountChanged})
+        connect(&state, signal, this, &DownloadSectionModel::changed);
+    for (const auto signal : {&AppState::downloadProgressChanged, &AppState::downloadSpeedChanged,
+                              &AppState::downloadETAChanged})
+        connect(&state, signal, this, &DownloadSectionModel::progressChanged);
+}
+
+QString DownloadSectionModel::buttonLabel() const
+{
+    const auto &info = state().singleInfo();
+    if (!info || !info->isPlaylist)
+        return QStringLiteral("Download");
+    const qsizetype count = state().selectedPlaylistItems().size();
+    return QStringLiteral("Download %1 Video%2")
+        .arg(count)
+        .arg(count == 1 ? QString() : QStringLiteral("s"));
+}
+
+bool DownloadSectionModel::isDisabled() const
+{
+    const auto &info = state().singleInfo();
+    return state().isDownloading || !info
+        || (info->isPlaylist && state().selectedPlaylistItems().isEmpty());
+}
+
+QString DownloadSectionModel::pauseIcon() const
+{
+    return isPaused() ? QStringLiteral("play.fill") : QStringLiteral("pause.fill");
+}
+
+QString DownloadSectionModel::pauseHelp() const
+{
+    return isPaused() ? QStringLiteral("Resume download") : QStringLiteral("Pause download");
+}
+
+bool DownloadSectionModel::isDone() const
+{
+    return state().downloadStatus().kind() == DownloadUIStatus::Case::done;
+}
+
+QString DownloadSectionModel::chipIcon() const
+{
+    return statusChipText(state().displayedDownloadStatus(), isPaused()).icon;
+}
+
+QString DownloadSectionModel::chipText() const
+{
+    return statusChipText(state().displayedDownloadStatus(), isPaused()).text;
+}
+
+QString DownloadSectionModel::chipTone() const
+{
+    return statusChipText(state().displayedDownloadStatus(), isPaused()).tone;
+}
+
+bool DownloadSectionModel::showsRunLine() const
+{
+    return state().totalDownloadCount > 1;
+}
+
+QString DownloadSectionModel::runLineCount() const
+{
+    return QStringLiteral("%1 / %2")
+        .arg(state().currentDownloadIndex())
+        .arg(state().totalDownloadCount());
+}
+
+bool DownloadSectionModel::showsProgress() const
+{
+    return state().displayedDownloadStatus().kind() == DownloadUIStatus::Case::downloading;
+}
+
+bool DownloadSectionModel::showsProcessing() const
+{
+    return state().displayedDownloadStatus().kind() == DownloadUIStatus::Case::processing;
+}
+
+QString DownloadSectionModel::percent() const
+{
+    return percentText(state().downloadProgress);
+}
+
+QString DownloadSectionModel::remaining() const
+{
+    const QString &eta = state().downloadETA();
+    return eta.isEmpty() || eta == u"--" ? QString() : QStringLiteral("ETA ") + eta;
+}
+
+void DownloadSectionModel::download()
+{
+    if (isDone())
+        state().resetDownload();
+    state().startSingleDownload();
+}
+
+void DownloadSectionModel::togglePause()
+{
+    state().togglePause();
+}
+
+void DownloadSectionModel::showInFinder()
+{
+    state().revealInFinder(state().downloadStatus().path());
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "StatePresenter.h"
+
+/// The download section of single mode. It shows the displayed status, not the
+/// workflow's own.
+class DownloadSectionModel : public StatePresenter
+{
+    Q_OBJECT
+    Q_PROPERTY(QString buttonLabel READ buttonLabel NOTIFY changed)
+    Q_PROPERTY(bool isDisabled READ isDisabled NOTIFY changed)
+    Q_PROPERTY(bool isDownloading READ isDownloading NOTIFY changed)
+    Q_PROPERTY(bool isPaused READ isPaused NOTIFY changed)
+    Q_PROPERTY(QString pauseIcon READ pauseIcon NOTIFY changed)
+    Q_PROPERTY(QString pauseHelp READ pauseHelp NOTIFY changed)
+    Q_PROPERTY(bool isDone READ isDone NOTIFY changed)
+    Q_PROPERTY(QString chipIcon READ chipIcon NOTIFY changed)
+    Q_PROPERTY(QString chipText READ chipText NOTIFY changed)
+    Q_PROPERTY(QString chipTone READ chipTone NOTIFY changed)
+    Q_PROPERTY(bool showsRunLine READ showsRunLine NOTIFY changed)
+    Q_PROPERTY(QString runLineTitle READ runLineTitle NOTIFY changed)
+    Q_PROPERTY(QString runLineCount READ runLineCount NOTIFY changed)
+    Q_PROPERTY(bool showsProgress READ showsProgress NOTIFY changed)
+    Q_PROPERTY(bool showsProcessing READ showsProcessing NOTIFY changed)
+    Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
+    Q_PROPERTY(QString percent READ percent NOTIFY progressChanged)
+    Q_PROPERTY(QString speed READ speed NOTIFY progressChanged)
+    Q_PROPERTY(QString remaining READ remaining NOTIFY progressChanged)
+
+public:
+    explicit DownloadSectionModel(AppState &state);
+
+    [[nodiscard]] QString buttonLabel() const;
+    [[nodiscard]] bool isDisabled() const;
+    [[nodiscard]] bool isDownloading() const { return state().isDownloading; }
+    [[nodiscard]] bool isPaused() const { return state().isPaused; }
+    [[nodiscard]] QString pauseIcon() const;
+    [[nodiscard]] QString pauseHelp() const;
+    [[nodiscard]] bool isDone() const;
+    [[nodiscard]] QString chipIcon() const;
+    [[nodiscard]] QString chipText() const;
+    [[nodiscard]] QString chipTone() const;
+    [[nodiscard]] bool showsRunLine() const;
+    [[nodiscard]] QString runLineTitle() const { return state().currentDownloadTitle; }
+    [[nodiscard]] QString runLineCount() const;
+    [[nodiscard]] bool showsProgress() const;
+    [[nodiscard]] bool showsProcessing() const;
+    [[nodiscard]] double progress() const { return state().downloadProgress; }
+    [[nodiscard]] QString percent() const;
+    [[nodiscard]] QString speed() const { return state().downloadSpeed; }
+    /// "ETA" and the remaining time; empty while that is unknown.
+    [[nodiscard]] QString remaining() const;
+
+    Q_INVOKABLE void download();
+    Q_INVOKABLE void togglePause();
+    Q_INVOKABLE void showInFinder();
+
+Q_SIGNALS:
+    void progressChanged();
+};

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "StatePresenter.h"
+
+/// What single mode shows under the input bar: three sections, independent of
+/// each other.
+class SingleModeModel : public StatePresenter
+{
+    Q_OBJECT
+    Q_PROPERTY(bool hasError READ hasError NOTIFY changed)
+    Q_PROPERTY(QString error READ error NOTIFY changed)
+    Q_PROPERTY(bool isFetching READ isFetching NOTIFY changed)
+    Q_PROPERTY(bool hasInfo READ hasInfo NOTIFY changed)
+    Q_PROPERTY(VideoInfo info READ info NOTIFY infoChanged)
+    Q_PROPERTY(QString selectionCount READ selectionCount NOTIFY changed)
+
+public:
+    explicit SingleModeModel(AppState &state);
+
+    [[nodiscard]] bool hasError() const { return state().fetchError().has_value(); }
+    [[nodiscard]] QString error() const { return state().fetchError().value_or(QString()); }
+    [[nodiscard]] bool isFetching() const { return state().isFetching; }
+    [[nodiscard]] bool hasInfo() const { return state().singleInfo().has_value(); }
+    [[nodiscard]] VideoInfo info() const { return state().singleInfo().value_or(VideoInfo()); }
+    /// How many of a playlist's entries are selected.
+    [[nodiscard]] QString selectionCount() const;
+
+Q_SIGNALS:
+    void infoChanged();
+};

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AppState.h"
+
+#include <QObject>
+
+/// What one screen shows, derived from the application state. Tells of every
+/// change that may concern the screen by one signal. Holds nothing of its own.
+class StatePresenter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The state outlives the presenter.
+    explicit StatePresenter(AppState &state)
+        : m_state(state)
+    {
+    }
+
+Q_SIGNALS:
+    void changed();
+
+protected:
+    [[nodiscard]] AppState &state() const { return m_state; }
+
+private:
+    AppState &m_state;
+};

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ThumbnailProvider.h"
+
+#include "ThumbnailResponse.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+ThumbnailProvider::ThumbnailProvider()
+{
+    m_network.setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
+}
+
+QQuickImageResponse *ThumbnailProvider::requestImageResponse(const QString &id,
+                                                             const QSize &requestedSize)
+{
+    const qsizetype slash = id.indexOf(u'/');
+    const QUrl url(QString::fromUtf8(QByteArray::fromBase64(id.mid(slash + 1).toUtf8())));
+    auto *const response = new ThumbnailResponse(requestedSize, id.left(slash).toDouble());
+    // Images are asked for on a loading thread; the network lives on the main one.
+    response->moveToThread(m_network.thread());
+    QMetaObject::invokeMethod(response, [this, response, url] { response->load(m_network, url); });
+    return response;
+}
+
+QImage roundedThumbnail(const QImage &picture, QSize size, double radius)
+{
+    const QImage scaled
+        = picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    QImage rounded(size, QImage::Format_ARGB32_Premultiplied);
+    rounded.fill(Qt::transparent);
+    QPainter painter(&rounded);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath outline;
+    outline.addRoundedRect(rounded.rect(), radius, radius);
+    painter.setClipPath(outline);
+    painter.drawImage((size.width() - scaled.width()) / 2, (size.height() - scaled.height()) / 2,
+                      scaled);
+    return rounded;
+}

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "LineBuffer.h"
+#include "ProgressLine.h"
+
+#include <functional>
+
+/// Gets the fraction done (0 to 1), the speed and the remaining time, both as
+/// the tool prints them. Called on the service's worker thread.
+using ProgressHandler = std::function<void(double progress, QString speed, QString eta)>;
+
+/// Told that the tool has entered a phase without percentages. Called on the
+/// service's worker thread.
+using ProcessingHandler = std::function<void()>;
+
+/// Reads the output of one download: calls the handlers and remembers paths.
+class DownloadOutput
+{
+public:
+    DownloadOutput(ProgressHandler onProgress, ProcessingHandler onProcessing);
+
+    /// Handles every line that is complete with these bytes.
+    void append(const QByteArray &bytes);
+
+    /// Where the file was saved. The file that was written or merged goes before
+    /// the one that audio was extracted into; empty when none was named.
+    [[nodiscard]] QString savedPath() const;
+
+    /// The file that stands half made under its final name if the run ends
+    /// now; empty if there is none. Only audio extraction writes so; the tool
+    /// says nothing while it lasts and something right after it.
+    [[nodiscard]] QString halfMadeFile() const { return m_halfMadeFile; }
+
+private:
+    void handle(const ProgressLine::Nothing &event);
+    void handle(const ProgressLine::Progress &event);
+    void handle(const ProgressLine::Destination &event);
+    void handle(const ProgressLine::AudioDestination &event);
+    void handle(const ProgressLine::Processing &event);
+    void handle(const ProgressLine::AlreadyDownloaded &event);
+
+    const ProgressHandler m_onProgress;
+    const ProcessingHandler m_onProcessing;
+    LineBuffer m_lines;
+    QString m_downloadPath;
+    QString m_finalFilePath;
+    QString m_halfMadeFile;
+};

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "HomeDirectory.h"
+
+#include <QFile>
+
+#include <pwd.h>
+#include <unistd.h>
+
+QString homeDirectory()
+{
+    QString home = QFile::decodeName(qgetenv("HOME"));
+    if (home.isEmpty()) {
+        if (const passwd *const user = getpwuid(getuid()))
+            home = QFile::decodeName(user->pw_dir);
+    }
+    while (home.size() > 1 && home.endsWith(u'/'))
+        home.chop(1);
+    return home;
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QSocketNotifier>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+/// The one way from a thread to another: messages are run on the receiving
+/// thread in the order in which they were posted. A plain mutex and a wake-up
+/// descriptor, since thread checkers follow those where they cannot follow
+/// queued signals.
+class Mailbox
+{
+    Q_DISABLE_COPY_MOVE(Mailbox)
+
+public:
+    using Message = std::function<void()>;
+
+    Mailbox();
+    ~Mailbox();
+
+    /// Any thread. A message for a closed mailbox is dropped.
+    void post(Message message);
+
+    /// On the receiving thread: deliver from its event loop from now on.
+    void open();
+
+    /// On the receiving thread: deliver nothing any more.
+    void close();
+
+    /// On the receiving thread, at its end: wait for messages and deliver them
+    /// until `done` holds.
+    void deliverUntil(const std::function<bool()> &done);
+
+private:
+    void deliver();
+    void wake() const;
+
+    int m_wakeUp = -1;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::mutex m_mutex;
+    std::deque<Message> m_messages;
+    bool m_isClosed = false;
+};

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Metadata.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUuid>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Wider pictures are not worth their bytes at the sizes that the screens show.
+constexpr qint64 thumbnailWidthCeiling = 640;
+
+std::optional<QString> textAt(const QJsonObject &json, const char *key)
+{
+    const QJsonValue value = json[QLatin1String(key)];
+    return value.isString() ? std::optional(value.toString()) : std::nullopt;
+}
+
+std::optional<double> numberAt(const QJsonObject &json, const char *key)
+{
+    const QJsonValue value = json[QLatin1String(key)];
+    return value.isDouble() ? std::optional(value.toDouble()) : std::nullopt;
+}
+
+std::optional<qint64> wholeNumberAt(const QJsonObject &json, const char *key)
+{
+    constexpr double limit = 9e15; // beyond it doubles are no exact whole numbers
+    const auto number = numberAt(json, key);
+    if (!number || std::trunc(*number) != *number || std::abs(*number) > limit)
+        return {};
+    return static_cast<qint64>(*number);
+}
+
+/// A list counts only if each of its elements is a map.
+std::optional<QList<QJsonObject>> mapsAt(const QJsonObject &json, const char *key)
+{
+    const QJsonValue value = json[QLatin1String(key)];
+    if (!value.isArray())
+        return {};
+    QList<QJsonObject> maps;
+    const QJsonArray elements = value.toArray();
+    for (const QJsonValue element : elements) {
+        if (!element.isObject())
+            return {};
+        maps.append(element.toObject());
+    }
+    return maps;
+}
+
+QString firstTextAt(const QJsonObject &json, std::initializer_list<const char *> keys)
+{
+    for (const char *const key : keys) {
+        if (const auto text = textAt(json, key))
+            return *text;
+    }
+    return {};
+}
+
+QSet<qint64> heightsOf(const QJsonObject &json)
+{
+    QSet<qint64> heights;
+    const auto formats = mapsAt(json, "formats").value_or(QList<QJsonObject>());
+    for (const QJsonObject &format : formats) {
+        if (const auto height = wholeNumberAt(format, "height"); height && *height >= 1)
+            heights.insert(*height);
+    }
+    return heights;
+}
+
+QString widestWithinCeiling(const QList<QJsonObject> &maps)
+{
+    struct Thumbnail
+    {
+        QString url;
+        qint64 width;
+    };
+    QList<Thumbnail> thumbnails;
+    for (const QJsonObject &map : maps) {
+        if (const auto url = textAt(map, "url"))
+            thumbnails.append({*url, wholeNumberAt(map, "width").value_or(0)});
+    }
+    if (thumbnails.isEmpty())
+        return {};
+
+    std::stable_sort(thumbnails.begin(), thumbnails.end(),
+                     [](const Thumbnail &a, const Thumbnail &b) { return a.width > b.width; });
+    const auto best = std::find_if(thumbnails.cbegin(), thumbnails.cend(), [](const auto &each) {
+        return each.width <= thumbnailWidthCeiling;
+    });
+    return best == thumbnails.cend() ? thumbnails.first().url : best->url;
+}
+
+QList<VideoInfo> entriesOf(const QJsonObject &playlist)
+{
+    QList<VideoInfo> entries;
+    const auto maps = mapsAt(playlist, "entries").value_or(QList<QJsonObject>());
+    for (const QJsonObject &map : maps)
+        entries.append(parseVideoInfo(map, textAt(map, "url").value_or(QString())));
+    return entries;
+}
+
+} // namespace
+
+VideoInfo parseVideoInfo(const QJsonObject &json, const QString &url)
+{
+    const auto id = textAt(json, "id");
+    return {
+        .id = id ? *id : QUuid::createUuid().toString(QUuid::WithoutBraces),
+        .title = textAt(json, "title").value_or(QStringLiteral("Unknown Title")),
+        .thumbnailURL = bestThumbnail(json),
+        .duration = numberAt(json, "duration"),
+        .uploader = firstTextAt(json, {"uploader", "channel", "uploader_id"}),
+        .originalURL = url,
+        .isPlaylist = false,
+        .playlistEntries = {},
+        .playlistTitle = {},
+        .availableHeights = heightsOf(json),
+    };
+}
+
+QString bestThumbnail(const QJsonObject &json)
+{
+    if (const auto thumbnails = mapsAt(json, "thumbnails"))
+        return widestWithinCeiling(*thumbnails);
+    return textAt(json, "thumbnail").value_or(QString());
+}
+
+Reply<VideoInfo> videoFromOutput(const QByteArray &output, const QString &url)
+{
+    QJsonParseError error;
+    const QJsonDocument json = QJsonDocument::fromJson(output, &error);
+    if (error.error != QJsonParseError::NoError)
+        return JSONReaderError(error.errorString());
+    if (!json.isObject())
+        return YTDLPError::parseError(QStringLiteral("Could not parse video JSON"));
+    return parseVideoInfo(json.object(), url);
+}
+
+VideoInfo playlistFromOutput(const QByteArray &output, const QString &url)
+{
+    QList<VideoInfo> entries;
+    std::optional<QString> title;
+    const QList<QByteArray> lines = output.split('\n');
+    for (const QByteArray &line : lines) {
+        const QJsonDocument document = QJsonDocument::fromJson(line);
+        if (!document.isObject())
+            continue;
+        const QJsonObject json = document.object();
+        if (json[QLatin1String("_type")] == QLatin1String("playlist")) {
+            if (const auto playlistTitle = textAt(json, "title"))
+                title = playlistTitle;
+            entries += entriesOf(json);
+        } else {
+            entries.append(parseVideoInfo(json, firstTextAt(json, {"url", "webpage_url"})));
+        }
+    }
+
+    const bool isEmpty = entries.isEmpty();
+    return {
+        .id = url,
+        .title = title.value_or(QStringLiteral("Playlist (%1 videos)").arg(entries.size())),
+        .thumbnailURL = isEmpty ? QString() : entries.first().thumbnailURL,
+        .duration = {},
+        .uploader = isEmpty ? QString() : entries.first().uploader,
+        .originalURL = url,
+        .isPlaylist = true,
+        .playlistEntries = entries,
+        .playlistTitle = title,
+        .availableHeights = {},
+    };
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ProgressLine.h"
+
+#include "ToolText.h"
+
+#include <QRegularExpression>
+
+namespace ProgressLine {
+
+namespace {
+
+struct Expressions
+{
+    QRegularExpression progress{
+        QStringLiteral(R"(\[download\]\s+([\d.]+)%\s+of\s+\S+\s+at\s+(\S+)\s+ETA\s+(\S+))")};
+    QRegularExpression destination{QStringLiteral(R"(^\[download\] Destination: (.+)$)")};
+    QRegularExpression merger{QStringLiteral(R"re(\[Merger\] Merging formats into "(.+)")re")};
+    QRegularExpression audioDestination{QStringLiteral(R"(^\[ExtractAudio\] Destination: (.+)$)")};
+    QRegularExpression processing{QStringLiteral(R"(\[Merger\]|\[ffmpeg\]|\[ExtractAudio\])")};
+    QRegularExpression alreadyDownloaded{
+        QStringLiteral(R"(\[download\] (.+) has already been downloaded)")};
+};
+
+Progress progressFrom(const QRegularExpressionMatch &match)
+{
+    const QString eta = match.captured(3);
+    return {.fraction = match.captured(1).toDouble() / 100,
+            .speed = match.captured(2),
+            .eta = eta == u"Unknown" ? QStringLiteral("--") : eta};
+}
+
+} // namespace
+
+Event parse(const QString &line)
+{
+    static const Expressions expressions;
+
+    if (const auto match = expressions.progress.match(line); match.hasMatch())
+        return progressFrom(match);
+    if (const auto match = expressions.destination.match(line); match.hasMatch())
+        return Destination{trimmedOfBlanks(match.captured(1))};
+    if (const auto match = expressions.merger.match(line); match.hasMatch())
+        return Destination{trimmedOfBlanks(match.captured(1))};
+    if (const auto match = expressions.audioDestination.match(line); match.hasMatch())
+        return AudioDestination{trimmedOfBlanks(match.captured(1))};
+    if (expressions.processing.match(line).hasMatch())
+        return Processing{};
+    if (const auto match = expressions.alreadyDownloaded.match(line); match.hasMatch())
+        return AlreadyDownloaded{trimmedOfBlanks(match.captured(1))};
+    return Nothing{};
+}
+
+} // namespace ProgressLine

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What every command line begins with.
+QStringList leadingArguments();
+
+/// Makes the tool read a browser's cookies; empty for "none" and the empty text.
+QStringList cookieArguments(const QString &browser);
+
+/// The command line that prints one video's metadata.
+QStringList videoArguments(const QString &url, const QString &cookiesBrowser);
+
+/// The command line that lists a playlist without looking at each entry.
+QStringList playlistArguments(const QString &url, const QString &cookiesBrowser);
+
+/// Whether the tool would take the address for an option.
+bool looksLikeOption(const QString &address);
+
+/// What is said of such an address.
+QString optionAddressMessage(const QString &address);

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <exception>
+#include <functional>
+#include <variant>
+
+/// A failure with a text for the user. What the service reports is one of the
+/// two kinds below; workflows catch this one.
+class DescribedError : public std::exception
+{
+public:
+    [[nodiscard]] virtual QString errorDescription() const = 0;
+};
+
+/// A failure of the tool, of a request to it or of what it printed.
+class YTDLPError : public DescribedError
+{
+public:
+    enum class Case { fetchFailed, downloadFailed, parseError, notFound };
+
+    static YTDLPError fetchFailed(const QString &message);
+    static YTDLPError downloadFailed(const QString &message);
+    static YTDLPError parseError(const QString &message);
+    /// For callers that look for the tool themselves; a launch that fails is
+    /// reported as a failed fetch or download.
+    static YTDLPError notFound();
+
+    [[nodiscard]] Case kind() const { return m_kind; }
+    [[nodiscard]] QString message() const { return m_message; }
+    [[nodiscard]] QString errorDescription() const override;
+
+private:
+    YTDLPError(Case kind, QString message);
+
+    Case m_kind;
+    QString m_message;
+};
+
+/// The JSON reader's own complaint, in its own words.
+class JSONReaderError : public DescribedError
+{
+public:
+    explicit JSONReaderError(QString message);
+    [[nodiscard]] QString errorDescription() const override;
+
+private:
+    QString m_message;
+};
+
+/// The outcome of one request. It crosses threads as a value and becomes an
+/// exception only where it is awaited.
+template<typename Value>
+using Reply = std::variant<Value, YTDLPError, JSONReaderError>;
+
+/// Takes the outcome of one request; called exactly once, on the service's
+/// worker thread.
+template<typename Value>
+using Completion = std::function<void(Reply<Value>)>;
+
+/// The value of a reply; throws the error if it holds one.
+template<typename Value>
+Value valueOrThrow(Reply<Value> reply)
+{
+    if (const auto *const error = std::get_if<YTDLPError>(&reply))
+        throw *error;
+    if (const auto *const error = std::get_if<JSONReaderError>(&reply))
+        throw *error;
+    return std::get<Value>(std::move(reply));
+}

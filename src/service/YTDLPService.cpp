@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "YTDLPService.h"
+
+#include "ChildProcess.h"
+#include "HomeDirectory.h"
+#include "Metadata.h"
+#include "RequestArguments.h"
+#include "ToolText.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <algorithm>
+#include <semaphore>
+#include <utility>
+
+namespace {
+
+YTDLPService *sharedService = nullptr;
+
+} // namespace
+
+YTDLPService &YTDLPService::shared()
+{
+    if (!sharedService) {
+        sharedService = new YTDLPService(standardSearchPaths());
+        // Not at the end of the process: its thread needs the application.
+        qAddPostRoutine([] { delete std::exchange(sharedService, nullptr); });
+    }
+    return *sharedService;
+}
+
+QStringList YTDLPService::standardSearchPaths()
+{
+    return {QStringLiteral("/opt/homebrew/bin/yt-dlp"), QStringLiteral("/usr/local/bin/yt-dlp"),
+            QStringLiteral("/usr/bin/yt-dlp")};
+}
+
+YTDLPService::YTDLPService(QStringList searchPaths)
+    : binarySearchPaths(std::move(searchPaths))
+{
+}
+
+YTDLPService::~YTDLPService()
+{
+    endProcesses();
+}
+
+QString YTDLPService::ytdlpPath() const
+{
+    const auto path = std::find_if(binarySearchPaths.begin(), binarySearchPaths.end(),
+                                   [](const QString &each) { return QFile::exists(each); });
+    return path == binarySearchPaths.end() ? binarySearchPaths.first() : *path;
+}
+
+QMap<QString, QString> YTDLPService::processEnv()
+{
+    return {{QStringLiteral("PATH"),
+             QStringLiteral("/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin")},
+            {QStringLiteral("HOME"), homeDirectory()},
+            {QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8")}};
+}
+
+QStringList YTDLPService::cookieArgs(const QString &browser)
+{
+    return cookieArguments(browser);
+}
+
+void YTDLPService::runProcess(const QStringList &arguments, Completion<QString> completion)
+{
+    m_worker.post([this, arguments, completion = std::move(completion)] {
+        collect(arguments, [completion](const Reply<QByteArray> &output) {
+            if (const auto *const bytes = std::get_if<QByteArray>(&output))
+                completion(QString::fromUtf8(*bytes));
+            else
+                completion(std::get<YTDLPError>(output));
+        });
+    });
+}
+
+void YTDLPService::fetchInfo(const QString &url, const QString &cookiesBrowser,
+                             Completion<VideoInfo> completion)
+{
+    m_worker.post([=, this, completion = std::move(completion)] {
+        fetch(
+            url, videoArguments(url, cookiesBrowser),
+            [url](const QByteArray &output) { return videoFromOutput(output, url); }, completion);
+    });
+}
+
+void YTDLPService::fetchPlaylistInfo(const QString &url, const QString &cookiesBrowser,
+                                     Completion<VideoInfo> completion)
+{
+    m_worker.post([=, this, completion = std::move(completion)] {
+        fetch(
+            url, playlistArguments(url, cookiesBrowser),
+            [url](const QByteArray &output) { return playlistFromOutput(output, url); },
+            completion);
+    });
+}
+
+void YTDLPService::runProcessWithProgress(const QStringList &arguments,
+                                          ProgressHandler progressHandler,
+                                          ProcessingHandler processingHandler,
+                                          Completion<QString> completion)
+{
+    auto output = std::make_shared<DownloadOutput>(std::move(progressHandler),
+                                                   std::move(processingHandler));
+    m_worker.post([this, arguments, output, completion = std::move(completion)] {
+        download(arguments, output, completion);
+    });
+}
+
+std::shared_ptr<ProcessHandle> YTDLPService::activeProcess() const
+{
+    const std::scoped_lock lock(m_activeProcessMutex);
+    return m_activeProcess;
+}
+
+void YTDLPService::endProcesses()
+{
+    std::binary_semaphore idle(0);
+    m_worker.post([this, &idle] {
+        m_idleHandlers.append([&idle] { idle.release(); });
+        for (ChildProcess *const child : std::as_const(m_children))
+            child->end();
+        signalIfIdle();
+    });
+    idle.acquire();
+}
+
+void YTDLPService::collect(const QStringList &arguments, Completion<QByteArray> completion)
+{
+    const auto output = std::make_shared<QByteArray>();
+    launch(
+        arguments, std::make_shared<ProcessHandle>(),
+        [output](const QByteArray &bytes) { output->append(bytes); },
+        [output, completion = std::move(completion)](const ProcessEnding &ending) {
+            if (!ending.launchError.isEmpty())
+                completion(YTDLPError::fetchFailed(ending.launchError));
+            else if (!ending.isSuccess())
+                completion(YTDLPError::fetchFailed(
+                    failureMessage(ending.standardError, ending.status)));
+            else
+                completion(isDecodable(*output) ? *output : QByteArray());
+        });
+}
+
+void YTDLPService::fetch(const QString &url, const QStringList &arguments,
+                         std::function<Reply<VideoInfo>(const QByteArray &)> parse,
+                         Completion<VideoInfo> completion)
+{
+    if (looksLikeOption(url)) {
+        completion(YTDLPError::fetchFailed(optionAddressMessage(url)));
+        return;
+    }
+    collect(arguments, [parse = std::move(parse),
+                        completion = std::move(completion)](const Reply<QByteArray> &output) {
+        if (const auto *const bytes = std::get_if<QByteArray>(&output))
+            completion(parse(*bytes));
+        else
+            completion(std::get<YTDLPError>(output));
+    });
+}
+
+void YTDLPService::download(const QStringList &arguments,
+                            const std::shared_ptr<DownloadOutput> &output,
+                            Completion<QString> completion)
+{
+    if (!arguments.isEmpty() && looksLikeOption(arguments.last())) {
+        completion(YTDLPError::downloadFailed(optionAddressMessage(arguments.last())));
+        return;
+    }
+    const auto handle = std::make_shared<ProcessHandle>();
+    setActiveProcess(handle);
+    launch(
+        arguments, handle, [output](const QByteArray &bytes) { output->append(bytes); },
+        [=, this, completion = std::move(completion)](const ProcessEnding &ending) {
+            clearActiveProcess(handle);
+            if (ending.isSuccess()) {
+                completion(output->savedPath());
+                return;
+            }
+            if (!ending.launchError.isEmpty()) {
+                completion(YTDLPError::downloadFailed(ending.launchError));
+                return;
+            }
+            // The next run would take such a file for a finished download. An
+            // orphan that still writes it makes it whole.
+            if (!ending.mayHaveOrphans && !output->halfMadeFile().isEmpty())
+                QFile::remove(output->halfMadeFile());
+            completion(
+                YTDLPError::downloadFailed(failureMessage(ending.standardError, ending.status)));
+        });
+}
+
+void YTDLPService::launch(const QStringList &arguments, std::shared_ptr<ProcessHandle> handle,
+                          BytesHandler onOutput, EndHandler onEnd)
+{
+    const auto self = std::make_shared<ChildProcess *>(nullptr);
+    auto *const child = new ChildProcess(
+        {.program = ytdlpPath(), .arguments = arguments, .environment = processEnv()},
+        std::move(handle), std::move(onOutput),
+        [this, self, onEnd = std::move(onEnd)](const ProcessEnding &ending) {
+            m_children.remove(*self);
+            onEnd(ending);
+            signalIfIdle();
+        });
+    *self = child;
+    m_children.insert(child);
+    child->start();
+}
+
+void YTDLPService::signalIfIdle()
+{
+    if (!m_children.isEmpty())
+        return;
+    const auto handlers = std::exchange(m_idleHandlers, {});
+    for (const auto &handler : handlers)
+        handler();
+}
+
+void YTDLPService::setActiveProcess(std::shared_ptr<ProcessHandle> handle)
+{
+    const std::scoped_lock lock(m_activeProcessMutex);
+    m_activeProcess = std::move(handle);
+}
+
+void YTDLPService::clearActiveProcess(const std::shared_ptr<ProcessHandle> &handle)
+{
+    const std::scoped_lock lock(m_activeProcessMutex);
+    if (m_activeProcess == handle)
+        m_activeProcess.reset();
+}

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DownloadOutput.h"
+#include "ProcessHandle.h"
+#include "VideoInfo.h"
+#include "Worker.h"
+#include "YTDLPError.h"
+
+#include <QMap>
+#include <QSet>
+#include <QStringList>
+
+#include <memory>
+#include <mutex>
+
+class ChildProcess;
+struct ProcessEnding;
+
+/// The one gateway to the `yt-dlp` tool. Requests may be made on any thread and
+/// return at once; the tool runs, and its output is read and parsed, on a worker
+/// thread of the service's own, where handlers and completions are called, too.
+/// Every request settles exactly once.
+class YTDLPService
+{
+    Q_DISABLE_COPY_MOVE(YTDLPService)
+
+public:
+    /// The program's one instance, made on first use on the main thread; it ends
+    /// with the application object.
+    static YTDLPService &shared();
+
+    /// Where the tool is looked for, in this order.
+    static QStringList standardSearchPaths();
+
+    /// One of its own, for tests. At least one path.
+    explicit YTDLPService(QStringList searchPaths);
+
+    /// Ends every process that still runs.
+    ~YTDLPService();
+
+    const QStringList binarySearchPaths;
+
+    /// The first search path at which a file exists, else the first one.
+    [[nodiscard]] QString ytdlpPath() const;
+
+    /// The tool's whole environment: nothing is inherited.
+    [[nodiscard]] static QMap<QString, QString> processEnv();
+
+    /// The arguments that make the tool read a browser's cookies.
+    [[nodiscard]] static QStringList cookieArgs(const QString &browser);
+
+    /// Runs the tool once and yields what it wrote to standard output.
+    void runProcess(const QStringList &arguments, Completion<QString> completion);
+
+    /// One video's metadata. An address that the tool would take for an option
+    /// fails without reaching it.
+    void fetchInfo(const QString &url, const QString &cookiesBrowser,
+                   Completion<VideoInfo> completion);
+
+    /// A playlist's entries as listed, `isPlaylist` set. As for fetchInfo.
+    void fetchPlaylistInfo(const QString &url, const QString &cookiesBrowser,
+                           Completion<VideoInfo> completion);
+
+    /// Runs one download, whose address is the last argument, and yields the
+    /// saved file's path, possibly empty.
+    void runProcessWithProgress(const QStringList &arguments, ProgressHandler progressHandler,
+                                ProcessingHandler processingHandler,
+                                Completion<QString> completion);
+
+    /// The process of the download started last, if it was and until it ends.
+    /// One slot: a later download takes it from an earlier one. Any thread.
+    [[nodiscard]] std::shared_ptr<ProcessHandle> activeProcess() const;
+
+    /// Ends every process of the requests made so far, stopped ones too, with
+    /// all that they started; returns when they are gone and their requests
+    /// have settled. A file that is half made under its final name goes, too.
+    /// Not on the worker thread.
+    void endProcesses();
+
+private:
+    using BytesHandler = std::function<void(const QByteArray &)>;
+    using EndHandler = std::function<void(const ProcessEnding &)>;
+
+    // All on the worker thread:
+    void collect(const QStringList &arguments, Completion<QByteArray> completion);
+    void fetch(const QString &url, const QStringList &arguments,
+               std::function<Reply<VideoInfo>(const QByteArray &)> parse,
+               Completion<VideoInfo> completion);
+    void download(const QStringList &arguments, const std::shared_ptr<DownloadOutput> &output,
+                  Completion<QString> completion);
+    void launch(const QStringList &arguments, std::shared_ptr<ProcessHandle> handle,
+                BytesHandler onOutput, EndHandler onEnd);
+    void signalIfIdle();
+
+    void setActiveProcess(std::shared_ptr<ProcessHandle> handle);
+    void clearActiveProcess(const std::shared_ptr<ProcessHandle> &handle);
+
+    mutable std::mutex m_activeProcessMutex;
+    std::shared_ptr<ProcessHandle> m_activeProcess;
+
+    // The worker thread's:
+    QSet<ChildProcess *> m_children;
+    QList<std::function<void()>> m_idleHandlers;
+
+    Worker m_worker; // last: its thread ends before the rest goes
+};

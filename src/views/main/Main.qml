@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Controls.Basic
+import Quillon
+import Quillon.Shared
+
+// The one window.
+ApplicationWindow {
+    id: root
+
+    required property QuillonApp app
+    required property Appearance appearance
+
+    // The content's own minimum is 880 by 600; the menu bar comes on top.
+    height: 720
+    minimumHeight: 600 + (menuBar?.height ?? 0)
+    minimumWidth: 880
+    title: "Quillon"
+    visible: true
+    width: 960
+
+    color: Theme.window
+    palette {
+        button: Theme.window
+        buttonText: Theme.primary
+        highlight: Theme.accentFill
+        highlightedText: Theme.overAccent
+        text: Theme.primary
+        toolTipBase: Theme.card
+        toolTipText: Theme.primary
+        window: Theme.window
+        windowText: Theme.primary
+    }
+
+    menuBar: AppMenuBar {
+        app: root.app
+    }
+
+    ContentView {
+        anchors.fill: parent
+        appearance: root.appearance
+        focus: true
+    }
+
+    Binding {
+        property: "dark"
+        target: Theme
+        value: root.appearance.isDark
+    }
+
+    Binding {
+        property: "animates"
+        target: Theme
+        value: !root.appearance.reducesMotion
+    }
+
+    Binding {
+        property: "hasAccent"
+        target: Theme
+        value: root.appearance.hasAccent
+    }
+
+    Binding {
+        property: "desktopAccentText"
+        target: Theme
+        value: root.appearance.accentText
+    }
+
+    Binding {
+        property: "desktopAccentFill"
+        target: Theme
+        value: root.appearance.accentFill
+    }
+}

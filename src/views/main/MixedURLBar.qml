@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// Lets the user choose between the video and the playlist of a mixed address.
+Rectangle {
+    id: root
+
+    required property URLInputModel model
+
+    border.color: Theme.at(Theme.orange, 0.18)
+    border.width: 1
+    color: Theme.at(Theme.orange, 0.06)
+    implicitHeight: chips.implicitHeight + 16
+    radius: Theme.radius
+
+    SymbolIcon {
+        id: icon
+
+        anchors.left: parent.left
+        anchors.leftMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.orange
+        size: 12
+        symbol: "list.bullet.rectangle.portrait"
+    }
+
+    PlainText {
+        anchors.left: icon.right
+        anchors.leftMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.secondary
+        size: 12
+        text: "This URL contains a playlist."
+    }
+
+    Row {
+        id: chips
+
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 4
+
+        ModeChip {
+            active: !root.model.fetchesPlaylist
+            label: "Single Video"
+            objectName: "singleVideo"
+            symbol: "play.rectangle.fill"
+
+            onClicked: root.model.choosePlaylist(false)
+        }
+
+        ModeChip {
+            active: root.model.fetchesPlaylist
+            label: "Full Playlist"
+            objectName: "fullPlaylist"
+            symbol: "list.bullet"
+
+            onClicked: root.model.choosePlaylist(true)
+        }
+    }
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// Says what went wrong.
+Rectangle {
+    id: root
+
+    property string message
+
+    color: Theme.at(Theme.redFill, 0.88)
+    implicitHeight: label.implicitHeight + 22
+    radius: Theme.radius
+
+    Accessible.name: message
+    Accessible.role: Accessible.AlertMessage
+
+    SymbolIcon {
+        id: icon
+
+        anchors.left: parent.left
+        anchors.leftMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.overAccent
+        size: 13
+        symbol: "exclamationmark.triangle.fill"
+    }
+
+    PlainText {
+        id: label
+
+        anchors.left: icon.right
+        anchors.leftMargin: 10
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.overAccent
+        maximumLineCount: 6
+        // The tool ends its messages with a line break, which is no line to show.
+        text: root.message.trim()
+        wrapMode: Text.Wrap
+
+        Accessible.ignored: true
+    }
+}

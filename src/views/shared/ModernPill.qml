@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// One of several choices; the selected one is filled.
+BaseButton {
+    id: root
+
+    property bool isHovered: hovered
+    property bool isSelected: false
+    property alias label: root.text
+
+    bottomPadding: 5
+    leftPadding: 12
+    rightPadding: 12
+    topPadding: 5
+
+    Accessible.checkable: true
+    Accessible.checked: isSelected
+    Accessible.role: Accessible.RadioButton
+
+    Accessible.onToggleAction: if (enabled)
+        click()
+
+    background: Rectangle {
+        border.color: root.isSelected ? "transparent" : Theme.primaryAt(0.12)
+        border.width: 1
+        color: root.isSelected ? Theme.accentFill : Theme.primaryAt(root.isHovered ? 0.08 : 0.05)
+        radius: Theme.radius
+
+        Behavior on color {
+            ColorAnimation {
+                duration: root.isHovered ? Theme.quick : Theme.pill
+                easing.type: Easing.InOutQuad
+            }
+        }
+    }
+    contentItem: IconLabel {
+        color: root.isSelected ? Theme.overAccent : root.isHovered ? Theme.primary : Theme.secondary
+        implicitHeight: 19
+        semibold: root.isSelected
+        text: root.label
+    }
+}

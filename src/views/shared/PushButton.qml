@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// The bordered button, and the prominent one for a screen's main action.
+BaseButton {
+    id: root
+
+    property bool busy: false
+    property int iconSize: 13
+    property bool prominent: false
+    property string symbol
+    property color tint: Theme.primary
+
+    bottomPadding: 8
+    leftPadding: 14
+    rightPadding: 14
+    topPadding: 8
+
+    background: Rectangle {
+        border.color: root.prominent ? "transparent" : Theme.primaryAt(0.12)
+        border.width: root.prominent ? 0 : 1
+        color: root.prominent ? Theme.accentFill : Theme.card
+        opacity: root.enabled ? 1 : 0.55
+        radius: Theme.buttonRadius
+
+        Rectangle {
+            anchors.fill: parent
+            color: root.prominent ? Theme.badge : Theme.primaryAt(1)
+            opacity: root.down ? 0.12 : root.hovered ? 0.06 : 0
+            radius: parent.radius
+            visible: root.enabled
+        }
+    }
+    contentItem: IconLabel {
+        busy: root.busy
+        color: root.prominent ? Theme.overAccent : root.tint
+        iconSize: root.iconSize
+        opacity: root.enabled ? 1 : 0.75
+        semibold: root.prominent
+        spacing: 8
+        symbol: root.symbol
+        text: root.text
+    }
+
+    ringRadius: Theme.buttonRadius
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillon.Shared
+
+// A few choices side by side, of which one holds. One stop of the Tab key; the
+// arrow keys move and choose.
+Rectangle {
+    id: root
+
+    property int currentIndex: 0
+    property var labels: []
+
+    signal selected(index: int)
+
+    function choose(index: int) {
+        const wrapped = (index + labels.length) % labels.length;
+        selected(wrapped);
+        segments.itemAt(wrapped).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    color: Theme.primaryAt(0.06)
+    implicitHeight: 32
+    implicitWidth: 180
+    radius: Theme.buttonRadius
+
+    Accessible.role: Accessible.PageTabList
+
+    Row {
+        anchors.fill: parent
+        anchors.margins: 2
+
+        Repeater {
+            id: segments
+
+            model: root.labels
+
+            BaseButton {
+                id: segment
+
+                required property int index
+                required property string modelData
+                readonly property bool isCurrent: index === root.currentIndex
+
+                activeFocusOnTab: isCurrent
+                height: parent.height
+                objectName: "mode" + modelData
+                ringRadius: 6
+                text: modelData
+                width: parent.width / root.labels.length
+
+                Accessible.checkable: true
+                Accessible.checked: isCurrent
+                Accessible.role: Accessible.RadioButton
+
+                Accessible.onToggleAction: if (enabled)
+                    click()
+                Keys.onLeftPressed: root.choose(index - 1)
+                Keys.onRightPressed: root.choose(index + 1)
+                onClicked: root.selected(index)
+
+                background: Rectangle {
+                    border.color: Theme.primaryAt(0.06)
+                    border.width: segment.isCurrent ? 1 : 0
+                    color: segment.isCurrent ? (Theme.dark ? Theme.primaryAt(0.2) : Theme.card) : "transparent"
+                    radius: 6
+                }
+                contentItem: IconLabel {
+                    color: segment.isCurrent || segment.hovered ? Theme.primary : Theme.secondary
+                    semibold: segment.isCurrent
+                    text: segment.text
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma Singleton
+
+import QtQuick
+
+// Every colour, size and duration of the program. The window sets what the
+// user and the desktop want; everything else follows.
+QtObject {
+    id: root
+
+    property bool dark: false
+    property bool animates: true
+    property bool hasAccent: false
+    property color desktopAccentText
+    property color desktopAccentFill
+
+    readonly property color window: dark ? "#1e1e20" : "#ececee"
+    readonly property color card: dark ? "#2a2a2d" : "#ffffff"
+    readonly property color primary: primaryAt(dark ? 0.88 : 0.85)
+    readonly property color secondary: primaryAt(dark ? 0.62 : 0.6)
+    readonly property color hairline: primaryAt(0.08)
+
+    // The accent as text and symbols, and as a fill under white text.
+    readonly property color accent: hasAccent ? desktopAccentText : dark ? "#5aa0ff" : "#0a66e0"
+    readonly property color accentFill: hasAccent ? desktopAccentFill : dark ? "#1f6fe5" : "#0a66e0"
+    readonly property color overAccent: "#ffffff"
+
+    readonly property color red: dark ? "#ff7b72" : "#bf2626"
+    readonly property color redFill: dark ? "#c93434" : "#bf2626"
+    readonly property color green: dark ? "#4cc36e" : "#166b32"
+    readonly property color orange: dark ? "#ffa24c" : "#984600"
+
+    readonly property color markTop: Qt.rgba(1.0, 0.18, 0.18, 1)
+    readonly property color markBottom: Qt.rgba(0.85, 0.06, 0.06, 1)
+    readonly property color badge: Qt.rgba(0, 0, 0, 0.72)
+    readonly property color shadow: Qt.rgba(0, 0, 0, 0.3)
+
+    readonly property int margin: 20
+    readonly property int radius: 10
+    readonly property int smallRadius: 5
+    readonly property int buttonRadius: 8
+    readonly property int thumbnailRadius: 8
+    readonly property int controlHeight: 36
+    readonly property int focusWidth: 2
+
+    readonly property int quick: animates ? 100 : 0
+    readonly property int pill: animates ? 120 : 0
+    readonly property int brief: animates ? 150 : 0
+    readonly property int calm: animates ? 200 : 0
+
+    // Black or white, whichever the scheme writes in.
+    function primaryAt(opacity: real): color {
+        return dark ? Qt.rgba(1, 1, 1, opacity) : Qt.rgba(0, 0, 0, opacity);
+    }
+
+    function at(color: color, opacity: real): color {
+        return Qt.rgba(color.r, color.g, color.b, color.a * opacity);
+    }
+
+    // A colour by the name that C++ gives it.
+    function tone(name: string): color {
+        switch (name) {
+        case "red":
+            return red;
+        case "green":
+            return green;
+        case "orange":
+            return orange;
+        default:
+            return accent;
+        }
+    }
+}

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// A picture from an address, with the duration in its corner. Whoever uses it
+// sets its size.
+Item {
+    id: root
+
+    property string duration
+    property int radius: Theme.thumbnailRadius
+    property string url
+
+    readonly property bool isLoaded: image.status === Image.Ready
+    readonly property bool isLoading: image.status === Image.Loading
+    readonly property bool showsPlaceholder: !isLoaded && !isLoading
+
+    Accessible.ignored: true
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.at(Theme.secondary, root.isLoading ? 0.08 : 0.1)
+        radius: root.radius
+        visible: !root.isLoaded
+
+        Spinner {
+            anchors.centerIn: parent
+            color: Theme.secondary
+            size: 16
+            visible: root.isLoading
+        }
+
+        SymbolIcon {
+            anchors.centerIn: parent
+            color: Theme.at(Theme.secondary, 0.4)
+            size: 20
+            symbol: "photo"
+            visible: root.showsPlaceholder
+        }
+    }
+
+    Image {
+        id: image
+
+        anchors.fill: parent
+        asynchronous: true
+        source: root.url === "" || root.width <= 0 ? "" : "image://thumbnail/" + root.radius * Screen.devicePixelRatio + "/" + Qt.btoa(root.url)
+        sourceSize: Qt.size(root.width, root.height)
+    }
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        anchors.margins: 4
+        anchors.right: parent.right
+        color: Theme.badge
+        height: badge.implicitHeight + 4
+        radius: Theme.smallRadius
+        visible: root.duration !== ""
+        width: badge.implicitWidth + 10
+
+        PlainText {
+            id: badge
+
+            anchors.centerIn: parent
+            color: Theme.overAccent
+            font.weight: Font.Bold
+            size: 10
+            text: root.duration
+        }
+    }
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// How far the current file is, how fast, and how long it still takes.
+Card {
+    id: root
+
+    required property DownloadSectionModel model
+
+    implicitHeight: column.height + 28
+    objectName: "progressBar"
+
+    Accessible.description: [model.speed, model.remaining].filter(text => text !== "").join(", ")
+    Accessible.name: "Download " + model.percent
+    Accessible.role: Accessible.ProgressBar
+
+    Column {
+        id: column
+
+        spacing: 10
+        width: parent.width - 28
+        x: 14
+        y: 14
+
+        Item {
+            height: percent.implicitHeight
+            width: parent.width
+
+            PlainText {
+                id: percent
+
+                font.weight: Font.DemiBold
+                objectName: "percent"
+                size: 12
+                text: root.model.percent
+            }
+
+            Row {
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: 16
+
+                MetaTag {
+                    icon: "bolt.fill"
+                    text: root.model.speed
+                    visible: text !== ""
+                }
+
+                MetaTag {
+                    icon: "clock.fill"
+                    text: root.model.remaining
+                    visible: text !== ""
+                }
+            }
+        }
+
+        Rectangle {
+            color: Theme.hairline
+            height: 6
+            radius: 3
+            width: parent.width
+
+            Rectangle {
+                color: Theme.accent
+                height: parent.height
+                radius: parent.radius
+                width: parent.width * Math.max(0, Math.min(1, root.model.progress))
+            }
+        }
+    }
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// Starts, pauses and shows the download of single mode.
+Column {
+    id: root
+
+    spacing: 14
+
+    DownloadSectionModel {
+        id: section
+    }
+
+    Divider {
+        opacity: 0.6
+        width: parent.width
+    }
+
+    Item {
+        height: 34
+        width: parent.width
+
+        Row {
+            id: actions
+
+            height: parent.height
+            spacing: 10
+
+            PushButton {
+                busy: section.isDownloading
+                enabled: !section.isDisabled
+                height: parent.height
+                objectName: "download"
+                prominent: true
+                symbol: "arrow.down.circle.fill"
+                text: section.buttonLabel
+
+                onClicked: section.download()
+            }
+
+            Reveal {
+                height: parent.height
+                shown: section.isDownloading
+                width: 42
+
+                content: PushButton {
+                    height: actions.height
+                    help: section.pauseHelp
+                    iconSize: 14
+                    objectName: "pause"
+                    symbol: section.pauseIcon
+                    tint: section.isPaused ? Theme.green : Theme.orange
+
+                    onClicked: section.togglePause()
+                }
+            }
+
+            PushButton {
+                height: parent.height
+                objectName: "showInFinder"
+                symbol: "folder.fill"
+                text: "Show in Finder"
+                visible: section.isDone
+
+                onClicked: section.showInFinder()
+            }
+        }
+
+        StatusChip {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            icon: section.chipIcon
+            objectName: "statusChip"
+            text: section.chipText
+            tone: Theme.tone(section.chipTone)
+            visible: text !== ""
+        }
+    }
+
+    Item {
+        height: title.implicitHeight
+        visible: section.showsRunLine
+        width: parent.width
+
+        SymbolIcon {
+            id: note
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.secondary
+            size: 12
+            symbol: "music.note.list"
+        }
+
+        PlainText {
+            id: title
+
+            text: section.runLineTitle
+            width: Math.min(implicitWidth, parent.width - x - count.implicitWidth - 10)
+            x: note.width + 8
+        }
+
+        PlainText {
+            id: count
+
+            anchors.left: title.right
+            anchors.leftMargin: 10
+            color: Theme.accent
+            objectName: "runCount"
+            text: section.runLineCount
+        }
+    }
+
+    Loader {
+        active: section.showsProgress
+        visible: active
+        width: parent.width
+
+        sourceComponent: DownloadProgressBar {
+            model: section
+        }
+    }
+
+    Loader {
+        active: section.showsProcessing
+        visible: active
+        width: parent.width
+
+        sourceComponent: ProcessingBar {}
+    }
+}

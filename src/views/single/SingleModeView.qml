@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// The error of the last fetch, the place of the one that runs, and what was
+// fetched: three sections that do not know of each other.
+Column {
+    id: root
+
+    leftPadding: Theme.margin
+    rightPadding: Theme.margin
+    topPadding: 8
+
+    readonly property real innerWidth: width - leftPadding - rightPadding
+
+    SingleModeModel {
+        id: model
+    }
+
+    Reveal {
+        id: errorSection
+
+        // What leaves keeps its text until it has left.
+        property string message
+
+        shown: model.hasError
+        slides: true
+        width: root.innerWidth
+
+        content: ErrorBannerView {
+            message: errorSection.message
+        }
+
+        Binding on message {
+            restoreMode: Binding.RestoreNone
+            value: model.error
+            when: model.hasError
+        }
+    }
+
+    Reveal {
+        shown: model.isFetching
+        width: root.innerWidth
+
+        content: FetchingView {}
+    }
+
+    Loader {
+        active: model.hasInfo
+        opacity: active ? 1 : 0
+        width: root.innerWidth
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.calm
+                easing.type: Easing.InOutQuad
+            }
+        }
+
+        sourceComponent: Column {
+            spacing: 12
+            topPadding: 4
+
+            Loader {
+                width: parent.width
+
+                sourceComponent: model.info.isPlaylist ? playlistInfo : videoInfo
+            }
+
+            FormatQualityPickerView {
+                width: parent.width
+            }
+
+            DownloadSection {
+                width: parent.width
+            }
+        }
+    }
+
+    Component {
+        id: videoInfo
+
+        VideoInfoCardView {
+            info: model.info
+        }
+    }
+
+    Component {
+        id: playlistInfo
+
+        PlaylistInfoView {
+            info: model.info
+            selectionCount: model.selectionCount
+        }
+    }
+}

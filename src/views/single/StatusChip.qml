@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// The status of the download in a word.
+Rectangle {
+    id: root
+
+    property string icon
+    property string text
+    property color tone
+
+    border.color: Theme.at(tone, 0.25)
+    border.width: 1
+    color: Theme.at(tone, 0.1)
+    implicitHeight: label.implicitHeight + 10
+    implicitWidth: label.implicitWidth + 20
+    radius: Theme.radius
+
+    Accessible.name: text
+    Accessible.role: Accessible.StaticText
+
+    IconLabel {
+        id: label
+
+        anchors.centerIn: parent
+        color: root.tone
+        iconSize: 11
+        size: 12
+        symbol: root.icon
+        text: root.text
+    }
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// One video: its picture, title, uploader and duration.
+Card {
+    id: root
+
+    required property videoInfo info
+
+    implicitHeight: Math.max(thumbnail.height, facts.height) + 32
+
+    ThumbnailView {
+        id: thumbnail
+
+        duration: root.info.formattedDuration
+        height: 118
+        url: root.info.thumbnailURL
+        width: 210
+        x: 16
+        y: 16
+    }
+
+    Column {
+        id: facts
+
+        anchors.left: thumbnail.right
+        anchors.leftMargin: 16
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        spacing: 8
+        y: 16
+
+        PlainText {
+            font.weight: Font.DemiBold
+            maximumLineCount: 4
+            objectName: "videoTitle"
+            size: 15
+            text: root.info.title
+            width: parent.width
+            wrapMode: Text.Wrap
+
+            Accessible.role: Accessible.Heading
+        }
+
+        InfoRow {
+            icon: "person.circle.fill"
+            text: root.info.uploader
+            visible: text !== ""
+            width: parent.width
+        }
+
+        InfoRow {
+            icon: "clock.fill"
+            text: root.info.formattedDuration
+            visible: text !== ""
+            width: parent.width
+        }
+    }
+}

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AppState.h"
+#include "Appearance.h"
+#include "DownloadSectionModel.h"
+#include "FormatQualityModel.h"
+#include "ModeModel.h"
+#include "QuillonApp.h"
+#include "SingleModeModel.h"
+#include "StatePresenter.h"
+#include "URLInputModel.h"
+#include "VideoInfo.h"
+
+#include <QtQml/qqmlengine.h>
+#include <QtQml/qqmlregistration.h>
+
+// What QML is told of C++. It stands here so that the types themselves need not
+// know of QML.
+
+/// The one state. Whoever loads a screen says first which object it is.
+struct AppStateForQml
+{
+    Q_GADGET
+    QML_FOREIGN(AppState)
+    QML_NAMED_ELEMENT(AppState)
+    QML_SINGLETON
+
+public:
+    static inline AppState *instance = nullptr;
+
+    static AppState *create(QQmlEngine * /*qml*/, QJSEngine * /*js*/)
+    {
+        QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
+        return instance;
+    }
+};
+
+struct VideoInfoForQml
+{
+    Q_GADGET
+    QML_FOREIGN(VideoInfo)
+    QML_VALUE_TYPE(videoInfo)
+};
+
+struct QuillonAppForQml
+{
+    Q_GADGET
+    QML_FOREIGN(QuillonApp)
+    QML_NAMED_ELEMENT(QuillonApp)
+    QML_UNCREATABLE("There is one, and the program makes it.")
+};
+
+struct AppearanceForQml
+{
+    Q_GADGET
+    QML_FOREIGN(Appearance)
+    QML_NAMED_ELEMENT(Appearance)
+    QML_UNCREATABLE("There is one, and the program makes it.")
+};
+
+struct StatePresenterForQml
+{
+    Q_GADGET
+    QML_FOREIGN(StatePresenter)
+    QML_ANONYMOUS
+};
+
+// Presenters as screens make them: on the one state.
+
+class ModeModelForQml : public ModeModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(ModeModel)
+
+public:
+    ModeModelForQml()
+        : ModeModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class URLInputModelForQml : public URLInputModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(URLInputModel)
+
+public:
+    URLInputModelForQml()
+        : URLInputModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class SingleModeModelForQml : public SingleModeModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(SingleModeModel)
+
+public:
+    SingleModeModelForQml()
+        : SingleModeModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class FormatQualityModelForQml : public FormatQualityModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(FormatQualityModel)
+
+public:
+    FormatQualityModelForQml()
+        : FormatQualityModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class DownloadSectionModelForQml : public DownloadSectionModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(DownloadSectionModel)
+
+public:
+    DownloadSectionModelForQml()
+        : DownloadSectionModel(*AppStateForQml::instance)
+    {
+    }
+};

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "QualityOption.h"
+
+#include <QStringList>
+
+/// What one download is made of.
+struct DownloadRequest
+{
+    QString cookiesBrowser;
+    QString speedLimit; ///< as the tool reads it, such as "5M"; "0" or empty: none
+    QualityOption quality;
+    QString folder;
+    QString address;
+};
+
+/// The tool's argument list for one download; the same in every workflow. The
+/// address is the last argument.
+QStringList downloadArguments(const DownloadRequest &request);
