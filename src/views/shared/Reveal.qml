@@ -3,17 +3,19 @@ import QtQuick
 import Quillon.Shared
 
 // Lets its content enter and leave with a fade, and by sliding from the top edge
-// if wanted. The content is there while it is seen, no longer.
+// if wanted.
 Item {
     id: root
 
-    property alias content: loader.sourceComponent
+    default property alias content: holder.data
+    property real presence: shown ? 1 : 0
     property bool shown: false
     property bool slides: false
-    property real presence: shown ? 1 : 0
 
-    clip: presence < 1
-    implicitHeight: (loader.item as Item)?.implicitHeight * (slides ? presence : 1) || 0
+    clip: slides && presence < 1
+    enabled: shown
+    implicitHeight: holder.height * (slides ? presence : 1)
+    implicitWidth: holder.childrenRect.width
     visible: presence > 0
 
     Behavior on presence {
@@ -23,10 +25,10 @@ Item {
         }
     }
 
-    Loader {
-        id: loader
+    Item {
+        id: holder
 
-        active: root.presence > 0 || root.shown
+        height: childrenRect.height
         opacity: root.presence
         width: root.width
         y: root.slides ? root.height - height : 0

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Quillon
 import Quillon.Shared
@@ -43,11 +41,9 @@ Column {
             }
 
             Reveal {
-                height: parent.height
                 shown: section.isDownloading
-                width: 42
 
-                content: PushButton {
+                PushButton {
                     height: actions.height
                     help: section.pauseHelp
                     iconSize: 14
@@ -114,21 +110,14 @@ Column {
         }
     }
 
-    Loader {
-        active: section.showsProgress
-        visible: active
+    DownloadProgressBar {
+        model: section
+        visible: section.showsProgress
         width: parent.width
-
-        sourceComponent: DownloadProgressBar {
-            model: section
-        }
     }
 
-    Loader {
-        active: section.showsProcessing
-        visible: active
+    ProcessingBar {
+        visible: section.showsProcessing
         width: parent.width
-
-        sourceComponent: ProcessingBar {}
     }
 }

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Quillon
 import Quillon.Shared
@@ -30,8 +28,9 @@ Column {
         slides: true
         width: root.innerWidth
 
-        content: ErrorBannerView {
+        ErrorBannerView {
             message: errorSection.message
+            width: root.innerWidth
         }
 
         Binding on message {
@@ -45,7 +44,9 @@ Column {
         shown: model.isFetching
         width: root.innerWidth
 
-        content: FetchingView {}
+        FetchingView {
+            width: root.innerWidth
+        }
     }
 
     Loader {
@@ -60,40 +61,6 @@ Column {
             }
         }
 
-        sourceComponent: Column {
-            spacing: 12
-            topPadding: 4
-
-            Loader {
-                width: parent.width
-
-                sourceComponent: model.info.isPlaylist ? playlistInfo : videoInfo
-            }
-
-            FormatQualityPickerView {
-                width: parent.width
-            }
-
-            DownloadSection {
-                width: parent.width
-            }
-        }
-    }
-
-    Component {
-        id: videoInfo
-
-        VideoInfoCardView {
-            info: model.info
-        }
-    }
-
-    Component {
-        id: playlistInfo
-
-        PlaylistInfoView {
-            info: model.info
-            selectionCount: model.selectionCount
-        }
+        sourceComponent: SingleInfoView {}
     }
 }
