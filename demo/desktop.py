@@ -1,0 +1,96 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A desktop of one's own: virtual display, window manager and message bus."""
+
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import time
+
+
+def wait_until(condition, what: str, seconds: float = 60):
+    """The condition's first true value."""
+    deadline = time.monotonic() + seconds
+    while not (value := condition()):
+        if time.monotonic() > deadline:
+            raise TimeoutError(f"waited {seconds:.0f} s in vain for {what}")
+        time.sleep(0.05)
+    return value
+
+
+class Desktop(contextlib.ExitStack):
+    """Starts its parts when it is made and ends them when it is closed.
+
+    `environment` is what a program that runs on it needs; its home folder is
+    `home`, and nothing of the real user's desktop is in it."""
+
+    def __init__(self, home: pathlib.Path, size: str = "1280x900", display: str | None = None):
+        super().__init__()
+        self.home = home
+        home.mkdir(parents=True, exist_ok=True)
+        runtime = tempfile.mkdtemp(prefix="quillon-run-")
+        self.callback(shutil.rmtree, runtime, ignore_errors=True)
+        inherited = ("PATH", "LANG", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS",
+                     "UBSAN_OPTIONS", "QT_QUICK_BACKEND", "XAUTHORITY", "WAYLAND_DISPLAY")
+        self.environment = {name: os.environ[name] for name in inherited if name in os.environ}
+        self.environment |= {"HOME": str(home), "XDG_RUNTIME_DIR": runtime,
+                             "NO_AT_BRIDGE": "0", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+        try:
+            self.environment["DISPLAY"] = display or self._start_display(size)
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
+            if display is None:
+                self.start("openbox")
+        except BaseException:
+            self.close()
+            raise
+
+    def start(self, *command, **options) -> subprocess.Popen:
+        """Runs a program on the desktop until the desktop is closed."""
+        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
+                                   **({"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL} | options))
+        self.callback(self._end, process)
+        return process
+
+    @staticmethod
+    def _end(process: subprocess.Popen) -> None:
+        process.terminate()
+        try:
+            process.wait(timeout=15)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+
+    def _start_display(self, size: str) -> str:
+        read, write = os.pipe()
+        self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{size}x24", "-nolisten", "tcp",
+                   pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as number:
+            return ":" + number.readline().strip()
+
+    def _start_bus(self) -> str:
+        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address",
+                         stdout=subprocess.PIPE)
+        return bus.stdout.readline().decode().strip()
+
+    def run(self, *command) -> str:
+        return subprocess.run(command, env=self.environment, check=True, timeout=60,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout.decode()
+
+    def window(self, name: str) -> str | None:
+        """The number of the visible window with exactly this name."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
+                               env=self.environment, stdout=subprocess.PIPE,
+                               stderr=subprocess.DEVNULL).stdout.split()
+        return found[-1].decode() if found else None
+
+    def keys(self, *names: str) -> None:
+        self.run("xdotool", "key", "--clearmodifiers", *names)
+
+    def type(self, text: str) -> None:
+        self.run("xdotool", "type", "--delay", "8", "--", text)
+
+    def screenshot(self, window: str, path: pathlib.Path) -> None:
+        self.run("import", "-window", window, str(path))
