@@ -14,7 +14,9 @@ if(QUILLON_WARNINGS_ARE_ERRORS)
 endif()
 if(QUILLON_SANITIZERS)
     target_compile_options(quillon_options INTERFACE
-        -fsanitize=${QUILLON_SANITIZERS} -fno-omit-frame-pointer)
+        -fsanitize=${QUILLON_SANITIZERS} -fno-omit-frame-pointer
+        # Instrumented code makes the compiler see uninitialized optionals that are none.
+        -Wno-maybe-uninitialized)
     target_link_options(quillon_options INTERFACE -fsanitize=${QUILLON_SANITIZERS})
 endif()
 

@@ -191,7 +191,9 @@ void Preferences::write()
 
     for (auto blob = content->blobs.begin(); blob != content->blobs.end(); ++blob) {
         if (const auto bytes = (*blob)())
-            content->values[blob.key()] = blobValue(*bytes);
+            m_encodedBlobs[blob.key()] = blobValue(*bytes);
+        if (m_encodedBlobs.contains(blob.key()))
+            content->values[blob.key()] = m_encodedBlobs[blob.key()];
     }
     QDir().mkpath(QFileInfo(m_path).path());
     if (m_isDamaged) {

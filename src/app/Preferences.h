@@ -69,7 +69,10 @@ private:
 
     std::mutex m_mutex;
     std::optional<Content> m_unwritten;
-    bool m_isDamaged = false; // the writing thread's, once that has begun
+
+    // The writing thread's, once that has begun:
+    bool m_isDamaged = false;
+    QJsonObject m_encodedBlobs; // as last encoded with success
 
     Worker m_writer; // last: its thread ends before the rest goes
 };

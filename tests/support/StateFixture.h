@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AppState.h"
+#include "FakeTool.h"
+#include "Preferences.h"
+#include "StandIns.h"
+
+#include <QTest>
+
+/// An application state on a fake tool, a recording desktop and preferences of
+/// its own.
+struct StateFixture
+{
+    StateFixture()
+    {
+        desktop.folders->paths = {folder.path()};
+        restart();
+    }
+
+    /// As if the program had been ended and started again.
+    void restart()
+    {
+        state.reset();
+        preferences.reset();
+        preferences
+            = std::make_unique<Preferences>(folder.filePath(QStringLiteral("preferences.json")));
+        state = std::make_unique<AppState>(parts());
+    }
+
+    [[nodiscard]] AppStateParts parts() const
+    {
+        return {.service = service.get(),
+                .preferences = preferences.get(),
+                .platform = desktop.services()};
+    }
+
+    [[nodiscard]] bool hasEnded() const { return !state->isDownloading && !state->isFetching; }
+
+    static VideoInfo video(const QString &id)
+    {
+        VideoInfo info;
+        info.id = id;
+        info.title = QStringLiteral("Title ") + id;
+        info.thumbnailURL = QStringLiteral("http://127.0.0.1/") + id;
+        info.originalURL = QStringLiteral("https://example.org/watch?v=") + id;
+        return info;
+    }
+
+    static VideoInfo playlist(const QStringList &ids)
+    {
+        VideoInfo info;
+        info.isPlaylist = true;
+        info.title = QStringLiteral("Playlist (%1 videos)").arg(ids.size());
+        for (const QString &id : ids)
+            info.playlistEntries.append(video(id));
+        return info;
+    }
+
+    QTemporaryDir folder;
+    FakeTool tool;
+    RecordingDesktop desktop;
+    std::unique_ptr<YTDLPService> service
+        = std::make_unique<YTDLPService>(QStringList{tool.path()});
+    std::unique_ptr<Preferences> preferences;
+    std::unique_ptr<AppState> state;
+};
+
+/// Waits for a condition while events are handled; generous, for slow machines.
+#define WAIT_FOR(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 30'000)

@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Await.h"
+#include "HomeDirectory.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class ServiceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_tool = std::make_unique<FakeTool>();
+        m_service = std::make_unique<YTDLPService>(QStringList{m_tool->path()});
+    }
+
+    void cleanup()
+    {
+        m_service.reset();
+        m_tool.reset();
+    }
+
+    void theStandardPathsComeInTheirOrder()
+    {
+        QCOMPARE(YTDLPService::shared().binarySearchPaths,
+                 QStringList({u"/opt/homebrew/bin/yt-dlp"_s, u"/usr/local/bin/yt-dlp"_s,
+                              u"/usr/bin/yt-dlp"_s}));
+    }
+
+    void theFirstPathThatExistsIsUsed()
+    {
+        const FakeTool second;
+        const YTDLPService service({u"/nowhere/yt-dlp"_s, m_tool->path(), second.path()});
+        QCOMPARE(service.ytdlpPath(), m_tool->path());
+    }
+
+    void withoutAToolTheFirstPathIsUsedAndTheLaunchFailsAtOnce()
+    {
+        YTDLPService service({u"/nowhere/yt-dlp"_s, u"/elsewhere/yt-dlp"_s});
+        QCOMPARE(service.ytdlpPath(), u"/nowhere/yt-dlp"_s);
+        Outcome<QString> outcome;
+        service.runProcess({}, outcome.completion());
+        WAIT_FOR(outcome.isSettled());
+        QVERIFY2(outcome.error().startsWith(u"Failed to fetch info: "_s),
+                 qPrintable(outcome.error()));
+        QVERIFY2(outcome.error().contains(u"No such file or directory"_s),
+                 qPrintable(outcome.error()));
+    }
+
+    void existenceIsEnoughAndAToolThatCannotRunFailsWithTheSystemsWords()
+    {
+        QFile::setPermissions(m_tool->path(), QFile::ReadOwner);
+        QCOMPARE(m_service->ytdlpPath(), m_tool->path());
+        Outcome<QString> outcome;
+        m_service->runProcess({}, outcome.completion());
+        WAIT_FOR(outcome.isSettled());
+        QVERIFY2(outcome.error().contains(u"Permission denied"_s), qPrintable(outcome.error()));
+    }
+
+    void theEnvironmentIsExactlyThreeEntries()
+    {
+        qputenv("QUILLON_SECRET", "x");
+        run();
+        qunsetenv("QUILLON_SECRET");
+        QCOMPARE(m_tool->environment(),
+                 QStringList({u"HOME="_s + homeDirectory(), u"LANG=en_US.UTF-8"_s,
+                              u"PATH=/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s}));
+    }
+
+    void homeHasNoTrailingSlash()
+    {
+        const QByteArray home = qgetenv("HOME");
+        qputenv("HOME", "/tmp//");
+        QCOMPARE(homeDirectory(), u"/tmp"_s);
+        qunsetenv("HOME");
+        QVERIFY(homeDirectory().startsWith(u'/')); // from the user database
+        qputenv("HOME", home);
+    }
+
+    void argumentsAreHandedOnWithoutAShell()
+    {
+        const QStringList arguments{u"a b"_s, u"$HOME"_s, u"'\""_s, u"*"_s, u""_s, u"街"_s};
+        Outcome<QString> outcome;
+        m_service->runProcess(arguments, outcome.completion());
+        WAIT_FOR(outcome.isSettled());
+        QCOMPARE(m_tool->calls(), QList<QStringList>({arguments}));
+    }
+
+    void theResultIsWhatTheToolWrote()
+    {
+        m_tool->setScript("printf 'a\\nb'; echo noise >&2");
+        QCOMPARE(run().value(), u"a\nb"_s);
+    }
+
+    void outputLargerThanAPipeIsCollectedWhole()
+    {
+        m_tool->setScript("head -c 5000000 /dev/zero | tr '\\0' 'x'");
+        QCOMPARE(run().value(), QString(5'000'000, u'x'));
+    }
+
+    void outputThatIsNotUtf8IsEmptyText()
+    {
+        m_tool->setScript("printf 'good \\377 bad'");
+        QCOMPARE(run().value(), QString());
+    }
+
+    void aFailureCarriesStandardErrorUnchanged()
+    {
+        m_tool->setScript("echo 'ERROR: it broke' >&2; exit 1");
+        QCOMPARE(run().error(), u"Failed to fetch info: ERROR: it broke\n"_s);
+    }
+
+    void aLoneLineBreakOnStandardErrorIsNotEmpty()
+    {
+        m_tool->setScript("echo >&2; exit 1");
+        QCOMPARE(run().error(), u"Failed to fetch info: \n"_s);
+    }
+
+    void emptyStandardErrorFallsBackToTheExitCode()
+    {
+        m_tool->setScript("exit 1");
+        QCOMPARE(run().error(), u"Failed to fetch info: Exit code 1"_s);
+        m_tool->setScript("exit 2");
+        QCOMPARE(run().error(), u"Failed to fetch info: Exit code 2"_s);
+    }
+
+    void standardErrorThatIsNotUtf8CountsAsEmpty()
+    {
+        m_tool->setScript("printf '\\377' >&2; exit 3");
+        QCOMPARE(run().error(), u"Failed to fetch info: Exit code 3"_s);
+    }
+
+    void deathByASignalIsAFailure()
+    {
+        m_tool->setScript("echo output; kill -9 $$");
+        QCOMPARE(run().error(), u"Failed to fetch info: Exit code 9"_s);
+    }
+
+    void aToolThatFloodsStandardErrorIsNotBlocked()
+    {
+        m_tool->setScript("head -c 10485760 /dev/zero | tr '\\0' 'e' >&2; echo done; exit 1");
+        QCOMPARE(run().error().size(), u"Failed to fetch info: "_s.size() + 10'485'760);
+    }
+
+    void a64MegabyteLineIsCollectedWhole()
+    {
+        m_tool->setScript("head -c 67108864 /dev/zero | tr '\\0' 'x'");
+        QCOMPARE(run().value().size(), 67'108'864);
+    }
+
+    void runsDoNotTakeTheActiveSlot()
+    {
+        m_tool->setScript(m_tool->gate("go"));
+        Outcome<QString> outcome;
+        m_service->runProcess({}, outcome.completion());
+        WAIT_FOR(m_tool->processIdentifiers().size() == 1);
+        QVERIFY(!m_service->activeProcess());
+        m_tool->open("go");
+        WAIT_FOR(outcome.isSettled());
+    }
+
+    void callsRunSideBySide()
+    {
+        m_tool->setScript("[ $N = 1 ] && " + m_tool->gate("go"));
+        Outcome<QString> first;
+        Outcome<QString> second;
+        m_service->runProcess({}, first.completion());
+        WAIT_FOR(m_tool->processIdentifiers().size() == 1);
+        m_service->runProcess({}, second.completion());
+        WAIT_FOR(second.isSettled());
+        QVERIFY(!first.isSettled());
+        m_tool->open("go");
+        WAIT_FOR(first.isSettled());
+        QCOMPARE(first.count(), 1);
+    }
+
+    void aVideoIsFetched()
+    {
+        m_tool->setScript(R"(echo '{"id":"i","title":"t"}')");
+        const auto outcome = fetch(u"https://x/"_s, false);
+        QCOMPARE(outcome.value().title, u"t"_s);
+        QCOMPARE(outcome.value().originalURL, u"https://x/"_s);
+        QCOMPARE(m_tool->calls().first().last(), u"https://x/"_s);
+        QVERIFY(m_tool->calls().first().contains(u"--no-playlist"_s));
+    }
+
+    void badVideoOutputGivesTheReadersOwnError_data()
+    {
+        QTest::addColumn<QByteArray>("script");
+        QTest::newRow("no JSON") << QByteArray("echo garbage");
+        QTest::newRow("nothing") << QByteArray("exit 0");
+        QTest::newRow("not UTF-8") << QByteArray("printf '{\"title\":\"\\377\"}'");
+        QTest::newRow("several lines") << QByteArray("echo '{}'; echo '{}'");
+    }
+
+    void badVideoOutputGivesTheReadersOwnError()
+    {
+        QFETCH(QByteArray, script);
+        m_tool->setScript(script);
+        const auto outcome = fetch(u"https://x/"_s, false);
+        QVERIFY(std::holds_alternative<JSONReaderError>(outcome.reply()));
+    }
+
+    void jsonThatIsNoObjectIsAParseError()
+    {
+        m_tool->setScript("echo '[1]'");
+        QCOMPARE(fetch(u"https://x/"_s, false).error(),
+                 u"Parse error: Could not parse video JSON"_s);
+    }
+
+    void aPlaylistNeverFailsOnContent()
+    {
+        m_tool->setScript("printf '{\"id\":\"\\377\"}'");
+        QCOMPARE(fetch(u"https://x/"_s, true).value().title, u"Playlist (0 videos)"_s);
+        m_tool->setScript("echo nonsense; echo '{\"id\":\"a\"}'");
+        QCOMPARE(fetch(u"https://x/"_s, true).value().title, u"Playlist (1 videos)"_s);
+    }
+
+    void aFailedPlaylistLosesItsOutput()
+    {
+        m_tool->setScript("echo '{\"id\":\"a\"}'; echo private >&2; exit 1");
+        QCOMPARE(fetch(u"https://x/"_s, true).error(), u"Failed to fetch info: private\n"_s);
+    }
+
+    void anAddressLikeAnOptionNeverReachesTheTool()
+    {
+        for (const bool asPlaylist : {false, true}) {
+            const auto outcome = fetch(u"--exec=rm"_s, asPlaylist);
+            QVERIFY(outcome.error().startsWith(u"Failed to fetch info: The address"_s));
+            QVERIFY(outcome.error().contains(u"--exec=rm"_s));
+        }
+        QVERIFY(m_tool->calls().isEmpty());
+    }
+
+    void theNotFoundTextIsKeptForCallersThatLookThemselves()
+    {
+        QCOMPARE(YTDLPError::notFound().errorDescription(),
+                 u"yt-dlp not found. Please install via: brew install yt-dlp"_s);
+    }
+
+    void endingTheProcessesSettlesEveryCallOnce()
+    {
+        m_tool->setScript(m_tool->gate("never"));
+        QList<Outcome<QString>> outcomes(5);
+        for (auto &outcome : outcomes)
+            m_service->runProcess({}, outcome.completion());
+        WAIT_FOR(m_tool->processIdentifiers().size() == 5);
+        m_service->endProcesses();
+        for (const auto &outcome : std::as_const(outcomes))
+            QCOMPARE(outcome.count(), 1);
+        for (const qint64 process : m_tool->processIdentifiers())
+            QVERIFY(!isAlive(process));
+        // It serves on.
+        m_tool->setScript("echo again");
+        QCOMPARE(run().value(), u"again\n"_s);
+    }
+
+private:
+    Outcome<QString> run()
+    {
+        Outcome<QString> outcome;
+        m_service->runProcess({}, outcome.completion());
+        [&] { WAIT_FOR(outcome.isSettled()); }();
+        return outcome;
+    }
+
+    Outcome<VideoInfo> fetch(const QString &url, bool asPlaylist)
+    {
+        Outcome<VideoInfo> outcome;
+        if (asPlaylist)
+            m_service->fetchPlaylistInfo(url, u"none"_s, outcome.completion());
+        else
+            m_service->fetchInfo(url, u"none"_s, outcome.completion());
+        [&] { WAIT_FOR(outcome.isSettled()); }();
+        return outcome;
+    }
+
+    std::unique_ptr<FakeTool> m_tool;
+    std::unique_ptr<YTDLPService> m_service;
+};
+
+QTEST_GUILESS_MAIN(ServiceTest)
+#include "ServiceTest.moc"
