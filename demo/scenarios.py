@@ -22,8 +22,8 @@ TITLES = {
 
 # How the site serves a video's files; the rest of the ids serve them well.
 SERVING = {
+    "steady": "rate=800000",
     "slow": "rate=60000",
-    "slowaudio": "rate=20000",
     "trickle": "rate=20000",
     "missing": "status=404",
     "drop": "drop=65536",

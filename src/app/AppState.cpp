@@ -20,8 +20,8 @@ AppState::AppState(AppStateParts parts)
     , m_preferences(*parts.preferences)
     , m_platform(std::move(parts.platform))
     , m_mailbox(std::make_shared<Mailbox>())
+    , m_delivery(m_mailbox->open())
 {
-    m_mailbox->open();
     connect(this, &AppState::downloadStatusChanged, this,
             &AppState::displayedDownloadStatusChanged);
     loadSettings();

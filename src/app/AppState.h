@@ -190,6 +190,7 @@ private:
     Preferences &m_preferences;
     const PlatformServices m_platform;
     const std::shared_ptr<Mailbox> m_mailbox; // to the main thread
+    const std::unique_ptr<QSocketNotifier> m_delivery;
     Report m_lastReport = Report::none;
     QList<std::shared_ptr<ProcessHandle>> m_stopped; // by togglePause()
     int m_runningTasks = 0;

@@ -49,8 +49,8 @@ QString numberText(double number)
 /// A name beside the file that is not taken.
 QString asideName(const QString &path)
 {
-    const QString stamp
-        = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    const QString stamp =
+        QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss"));
     QString name = QStringLiteral("%1.damaged-%2").arg(path, stamp);
     for (int number = 2; QFile::exists(name); ++number)
         name = QStringLiteral("%1.damaged-%2-%3").arg(path, stamp).arg(number);
@@ -62,9 +62,9 @@ QString asideName(const QString &path)
 Preferences &Preferences::standard()
 {
     if (!standardPreferences) {
-        standardPreferences = new Preferences(
-            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-            + QStringLiteral("/quillon/preferences.json"));
+        standardPreferences =
+            new Preferences(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                            + QStringLiteral("/quillon/preferences.json"));
         // Not at the end of the process: its thread needs the application.
         qAddPostRoutine([] { delete std::exchange(standardPreferences, nullptr); });
     }
@@ -84,7 +84,7 @@ Preferences::~Preferences()
 
 std::optional<QString> Preferences::string(const QString &key) const
 {
-    const QJsonValue value = m_content.values[key];
+    const QJsonValue value = m_values[key];
     if (value.isString())
         return value.toString();
     if (value.isDouble()) {
@@ -99,7 +99,7 @@ std::optional<QString> Preferences::string(const QString &key) const
 
 qint64 Preferences::integer(const QString &key) const
 {
-    const QJsonValue value = m_content.values[key];
+    const QJsonValue value = m_values[key];
     if (value.isString())
         return value.toString().trimmed().toLongLong();
     if (value.isBool())
@@ -111,17 +111,14 @@ qint64 Preferences::integer(const QString &key) const
 
 std::optional<bool> Preferences::boolean(const QString &key) const
 {
-    const QJsonValue value = m_content.values[key];
+    const QJsonValue value = m_values[key];
     return value.isBool() ? std::optional(value.toBool()) : std::nullopt;
 }
 
 std::optional<QByteArray> Preferences::blob(const QString &key) const
 {
-    if (const auto encode = m_content.blobs.value(key)) {
-        if (const auto bytes = encode())
-            return bytes;
-    }
-    return blobFrom(m_content.values[key]);
+    const auto encode = m_blobs.value(key);
+    return encode ? encode() : std::nullopt;
 }
 
 void Preferences::setString(const QString &key, const QString &value)
@@ -141,7 +138,7 @@ void Preferences::setBoolean(const QString &key, bool value)
 
 void Preferences::setBlob(const QString &key, BlobEncoder encode)
 {
-    m_content.blobs[key] = std::move(encode);
+    m_blobs[key] = std::move(encode);
     scheduleWrite();
 }
 
@@ -157,16 +154,22 @@ void Preferences::load()
     QFile file(m_path);
     if (!file.exists())
         return;
-    const QJsonDocument document = file.open(QIODevice::ReadOnly)
-        ? QJsonDocument::fromJson(file.readAll())
-        : QJsonDocument();
+    const QJsonDocument document =
+        file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()) : QJsonDocument();
     m_isDamaged = !document.isObject();
-    m_content.values = document.object();
+    m_values = document.object();
+    const QStringList keys = m_values.keys();
+    for (const QString &key : keys) {
+        if (const auto bytes = blobFrom(m_values[key])) {
+            m_blobs[key] = [bytes] { return bytes; };
+            m_values.remove(key);
+        }
+    }
 }
 
 void Preferences::set(const QString &key, const QJsonValue &value)
 {
-    m_content.values[key] = value;
+    m_values[key] = value;
     scheduleWrite();
 }
 
@@ -174,7 +177,8 @@ void Preferences::scheduleWrite()
 {
     {
         const std::scoped_lock lock(m_mutex);
-        m_unwritten = m_content;
+        // As bytes: no JSON value is shared by two threads.
+        m_unwritten = {.values = QJsonDocument(m_values).toJson(), .blobs = m_blobs};
     }
     m_writer.post([this] { write(); });
 }
@@ -189,11 +193,12 @@ void Preferences::write()
     if (!content) // the write before took this change along
         return;
 
+    QJsonObject values = QJsonDocument::fromJson(content->values).object();
     for (auto blob = content->blobs.begin(); blob != content->blobs.end(); ++blob) {
         if (const auto bytes = (*blob)())
             m_encodedBlobs[blob.key()] = blobValue(*bytes);
         if (m_encodedBlobs.contains(blob.key()))
-            content->values[blob.key()] = m_encodedBlobs[blob.key()];
+            values[blob.key()] = m_encodedBlobs[blob.key()];
     }
     QDir().mkpath(QFileInfo(m_path).path());
     if (m_isDamaged) {
@@ -204,6 +209,6 @@ void Preferences::write()
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly))
         return;
-    file.write(QJsonDocument(content->values).toJson());
+    file.write(QJsonDocument(values).toJson());
     file.commit();
 }

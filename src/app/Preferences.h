@@ -55,8 +55,8 @@ public:
 private:
     struct Content
     {
-        QJsonObject values;
-        QMap<QString, BlobEncoder> blobs; // newer than what stands in values
+        QByteArray values; // all but the blobs, as JSON
+        QMap<QString, BlobEncoder> blobs;
     };
 
     void load();
@@ -65,7 +65,8 @@ private:
     void write();
 
     const QString m_path;
-    Content m_content;
+    QJsonObject m_values; // all but the blobs
+    QMap<QString, BlobEncoder> m_blobs;
 
     std::mutex m_mutex;
     std::optional<Content> m_unwritten;

@@ -16,4 +16,4 @@ inline constexpr std::array allAppModes{AppMode::single, AppMode::multi, AppMode
 QString rawValue(AppMode mode);
 
 /// The mode with exactly this name, if there is one.
-std::optional<AppMode> appModeFromRawValue(const QString &rawValue);
+std::optional<AppMode> appModeFromRawValue(const QString &text);

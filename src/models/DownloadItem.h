@@ -19,7 +19,7 @@ class DownloadItem : public QObject
 public:
     using Info = std::optional<VideoInfo>;
 
-    explicit DownloadItem(const QString &url);
+    explicit DownloadItem(const QString &address);
 
     const QUuid id;
     const QString url; ///< as the user entered it

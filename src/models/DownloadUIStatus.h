@@ -13,10 +13,7 @@ public:
     static DownloadUIStatus idle() { return DownloadUIStatus(Case::idle); }
     static DownloadUIStatus downloading() { return DownloadUIStatus(Case::downloading); }
     static DownloadUIStatus processing() { return DownloadUIStatus(Case::processing); }
-    static DownloadUIStatus done(const QString &path)
-    {
-        return DownloadUIStatus(Case::done, path);
-    }
+    static DownloadUIStatus done(const QString &path) { return DownloadUIStatus(Case::done, path); }
     static DownloadUIStatus failed(const QString &message)
     {
         return DownloadUIStatus(Case::failed, message);

@@ -21,9 +21,8 @@ QualityOption cappedOption(int height, const QString &label)
 
 QList<QualityOption> shortened(QList<QualityOption> options)
 {
-    options.removeIf([](const QualityOption &option) {
-        return option.id == u"2160p" || option.id == u"1440p";
-    });
+    options.removeIf(
+        [](const QualityOption &option) { return option.id == u"2160p" || option.id == u"1440p"; });
     return options;
 }
 

@@ -22,13 +22,13 @@ void DesktopFileViewer::openFolder(const QString &path)
 void DesktopFileViewer::call(const QString &method, const QString &path,
                              const QString &fallbackFolder)
 {
-    auto message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.FileManager1"),
-        QStringLiteral("/org/freedesktop/FileManager1"),
-        QStringLiteral("org.freedesktop.FileManager1"), method);
+    auto message =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.FileManager1"),
+                                       QStringLiteral("/org/freedesktop/FileManager1"),
+                                       QStringLiteral("org.freedesktop.FileManager1"), method);
     message << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
-    auto *const watcher
-        = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+    auto *const watcher =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, fallbackFolder] {
         watcher->deleteLater();
         if (QDBusPendingReply<>(*watcher).isError())

@@ -47,8 +47,7 @@ void DesktopNotifier::askCapabilities(const std::function<void()> &then)
 
 void DesktopNotifier::send(const UserNotification &notification) const
 {
-    const QString body
-        = *m_readsMarkup ? notification.body.toHtmlEscaped() : notification.body;
+    const QString body = *m_readsMarkup ? notification.body.toHtmlEscaped() : notification.body;
     const QVariantMap hints{
         {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
         {QStringLiteral("desktop-entry"), QStringLiteral("quillon")},

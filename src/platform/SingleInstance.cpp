@@ -9,10 +9,10 @@ namespace {
 
 QString runtimePath(const QString &preferencesFolder)
 {
-    const QByteArray key
-        = QCryptographicHash::hash(preferencesFolder.toUtf8(), QCryptographicHash::Sha1)
-              .toHex()
-              .left(12);
+    const QByteArray key =
+        QCryptographicHash::hash(preferencesFolder.toUtf8(), QCryptographicHash::Sha1)
+            .toHex()
+            .left(12);
     return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)
         + QStringLiteral("/quillon-%1").arg(QString::fromLatin1(key));
 }

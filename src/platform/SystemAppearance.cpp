@@ -37,10 +37,9 @@ QColor colorFrom(const QVariant &value)
     argument >> red >> green >> blue;
     argument.endStructure();
     const auto isPart = [](double part) { return part >= 0 && part <= 1; };
-    return isPart(red) && isPart(green) && isPart(blue)
-        ? QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green),
-                           static_cast<float>(blue))
-        : QColor();
+    return isPart(red) && isPart(green) && isPart(blue) ? QColor::fromRgbF(
+               static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue))
+                                                        : QColor();
 }
 
 bool toolkitIsDark()
@@ -64,9 +63,9 @@ SystemAppearance::SystemAppearance()
             &SystemAppearance::changed);
 #endif
     qGuiApp->installEventFilter(this);
-    QDBusConnection::sessionBus().connect(
-        portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
-        SLOT(takeSetting(QString, QString, QDBusVariant)));
+    QDBusConnection::sessionBus().connect(portalService, portalPath, settingsInterface,
+                                          QStringLiteral("SettingChanged"), this,
+                                          SLOT(takeSetting(QString, QString, QDBusVariant)));
     readSettings();
 }
 
@@ -77,8 +76,9 @@ bool SystemAppearance::isDark() const
 
 bool SystemAppearance::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::ApplicationPaletteChange)
+    if (event->type() == QEvent::ApplicationPaletteChange) {
         Q_EMIT changed();
+    }
     return QObject::eventFilter(watched, event);
 }
 

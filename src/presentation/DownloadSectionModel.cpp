@@ -99,6 +99,13 @@ QString DownloadSectionModel::remaining() const
     return eta.isEmpty() || eta == u"--" ? QString() : QStringLiteral("ETA ") + eta;
 }
 
+QString DownloadSectionModel::description() const
+{
+    QStringList facts{speed(), remaining()};
+    facts.removeAll(QString());
+    return facts.join(QStringLiteral(", "));
+}
+
 void DownloadSectionModel::download()
 {
     if (isDone())

@@ -27,6 +27,7 @@ class DownloadSectionModel : public StatePresenter
     Q_PROPERTY(QString percent READ percent NOTIFY progressChanged)
     Q_PROPERTY(QString speed READ speed NOTIFY progressChanged)
     Q_PROPERTY(QString remaining READ remaining NOTIFY progressChanged)
+    Q_PROPERTY(QString description READ description NOTIFY progressChanged)
 
 public:
     explicit DownloadSectionModel(AppState &state);
@@ -51,6 +52,8 @@ public:
     [[nodiscard]] QString speed() const { return state().downloadSpeed; }
     /// "ETA" and the remaining time; empty while that is unknown.
     [[nodiscard]] QString remaining() const;
+    /// Speed and remaining time as a screen reader says them.
+    [[nodiscard]] QString description() const;
 
     Q_INVOKABLE void download();
     Q_INVOKABLE void togglePause();

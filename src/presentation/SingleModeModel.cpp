@@ -4,8 +4,9 @@
 SingleModeModel::SingleModeModel(AppState &state)
     : StatePresenter(state)
 {
-    for (const auto signal : {&AppState::fetchErrorChanged, &AppState::isFetchingChanged,
-                              &AppState::singleInfoChanged, &AppState::selectedPlaylistItemsChanged})
+    for (const auto signal :
+         {&AppState::fetchErrorChanged, &AppState::isFetchingChanged, &AppState::singleInfoChanged,
+          &AppState::selectedPlaylistItemsChanged})
         connect(&state, signal, this, &SingleModeModel::changed);
     connect(&state, &AppState::singleInfoChanged, this, &SingleModeModel::infoChanged);
 }

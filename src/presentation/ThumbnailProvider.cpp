@@ -25,8 +25,8 @@ QQuickImageResponse *ThumbnailProvider::requestImageResponse(const QString &id,
 
 QImage roundedThumbnail(const QImage &picture, QSize size, double radius)
 {
-    const QImage scaled
-        = picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    const QImage scaled =
+        picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
     QImage rounded(size, QImage::Format_ARGB32_Premultiplied);
     rounded.fill(Qt::transparent);
     QPainter painter(&rounded);

@@ -3,6 +3,9 @@
 
 #include "ProcessGroup.h"
 
+#include <QFile>
+
+#include <cerrno>
 #include <csignal>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -66,6 +69,12 @@ ChildProcess::ChildProcess(Command command, std::shared_ptr<ProcessHandle> handl
 
 void ChildProcess::start()
 {
+    // Told before a process is made only to fail, and in the system's own words.
+    if (access(QFile::encodeName(m_command.program).constData(), X_OK) != 0) {
+        m_ending.launchError = qt_error_string(errno);
+        settle();
+        return;
+    }
     m_process.start();
     // Nobody has waited for the child yet: that happens in this thread's event loop.
     if (m_process.processId() > 0)

@@ -14,7 +14,6 @@ Mailbox::Mailbox()
 
 Mailbox::~Mailbox()
 {
-    m_notifier.reset();
     ::close(m_wakeUp);
 }
 
@@ -29,19 +28,16 @@ void Mailbox::post(Message message)
     wake();
 }
 
-void Mailbox::open()
+std::unique_ptr<QSocketNotifier> Mailbox::open()
 {
-    m_notifier = std::make_unique<QSocketNotifier>(m_wakeUp, QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
+    auto notifier = std::make_unique<QSocketNotifier>(m_wakeUp, QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
                      [this] { deliver(); });
+    return notifier;
 }
 
 void Mailbox::close()
 {
-    if (m_notifier) {
-        m_notifier->setEnabled(false);
-        m_notifier.release()->deleteLater(); // it may be delivering this very call
-    }
     std::deque<Message> dropped; // destroyed after the lock is released
     const std::scoped_lock lock(m_mutex);
     m_isClosed = true;

@@ -25,10 +25,10 @@ public:
     /// Any thread. A message for a closed mailbox is dropped.
     void post(Message message);
 
-    /// On the receiving thread: deliver from its event loop from now on.
-    void open();
+    /// On the receiving thread: its event loop delivers while the result lives.
+    [[nodiscard]] std::unique_ptr<QSocketNotifier> open();
 
-    /// On the receiving thread: deliver nothing any more.
+    /// Drop what is there and all that comes.
     void close();
 
     /// On the receiving thread, at its end: wait for messages and deliver them
@@ -40,7 +40,6 @@ private:
     void wake() const;
 
     int m_wakeUp = -1;
-    std::unique_ptr<QSocketNotifier> m_notifier;
     std::mutex m_mutex;
     std::deque<Message> m_messages;
     bool m_isClosed = false;

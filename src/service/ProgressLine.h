@@ -36,8 +36,8 @@ struct AlreadyDownloaded
     QString path;
 };
 
-using Event
-    = std::variant<Nothing, Progress, Destination, AudioDestination, Processing, AlreadyDownloaded>;
+using Event =
+    std::variant<Nothing, Progress, Destination, AudioDestination, Processing, AlreadyDownloaded>;
 
 /// The meaning of one line without its line break. The first expression that
 /// matches wins. Any thread.

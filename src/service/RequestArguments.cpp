@@ -17,18 +17,16 @@ QStringList cookieArguments(const QString &browser)
 QStringList videoArguments(const QString &url, const QString &cookiesBrowser)
 {
     return leadingArguments() << cookieArguments(cookiesBrowser) << QStringLiteral("--dump-json")
-                              << QStringLiteral("--no-playlist")
-                              << QStringLiteral("--no-warnings") << QStringLiteral("--quiet")
-                              << url;
+                              << QStringLiteral("--no-playlist") << QStringLiteral("--no-warnings")
+                              << QStringLiteral("--quiet") << url;
 }
 
 QStringList playlistArguments(const QString &url, const QString &cookiesBrowser)
 {
     return leadingArguments() << cookieArguments(cookiesBrowser) << QStringLiteral("--dump-json")
                               << QStringLiteral("--flat-playlist")
-                              << QStringLiteral("--yes-playlist")
-                              << QStringLiteral("--no-warnings") << QStringLiteral("--quiet")
-                              << url;
+                              << QStringLiteral("--yes-playlist") << QStringLiteral("--no-warnings")
+                              << QStringLiteral("--quiet") << url;
 }
 
 bool looksLikeOption(const QString &address)

@@ -1,44 +1,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Worker.h"
 
-namespace {
+#include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
 
-class EventLoopThread : public QThread
-{
-public:
-    explicit EventLoopThread(Mailbox &mailbox)
-        : m_mailbox(mailbox)
-    {
-    }
-
-protected:
-    void run() override
-    {
-        m_mailbox.open();
-        exec();
-        m_mailbox.close();
-    }
-
-private:
-    Mailbox &m_mailbox;
-};
-
-} // namespace
+#include <pthread.h>
 
 Worker::Worker()
-    : m_thread(std::make_unique<EventLoopThread>(m_mailbox))
+    : m_thread([this] { run(); })
 {
-    m_thread->setObjectName(QStringLiteral("quillon-worker"));
-    m_thread->start();
+    pthread_setname_np(m_thread.native_handle(), "quillon-worker");
 }
 
 Worker::~Worker()
 {
-    m_mailbox.post([] { QThread::currentThread()->quit(); });
-    m_thread->wait();
+    m_mailbox.post([this] { m_loop->quit(); });
+    m_thread.join();
+    m_mailbox.close(); // passes its lock on, so that checkers see what the thread did last
 }
 
 void Worker::post(Mailbox::Message task)
 {
     m_mailbox.post(std::move(task));
+}
+
+void Worker::run()
+{
+    QEventLoop loop;
+    m_loop = &loop;
+    const auto delivery = m_mailbox.open();
+    loop.exec();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_mailbox.close();
 }

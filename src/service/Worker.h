@@ -3,7 +3,9 @@
 
 #include "Mailbox.h"
 
-#include <QThread>
+#include <thread>
+
+class QEventLoop;
 
 /// A thread with an event loop that runs the tasks posted to it, in order.
 /// Destroying it waits for the tasks posted before.
@@ -19,6 +21,10 @@ public:
     void post(Mailbox::Message task);
 
 private:
+    void run();
+
     Mailbox m_mailbox;
-    std::unique_ptr<QThread> m_thread;
+    QEventLoop *m_loop = nullptr; // the worker thread's
+    // Not a QThread, whose end thread checkers cannot follow.
+    std::thread m_thread;
 };

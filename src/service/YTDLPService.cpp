@@ -18,6 +18,13 @@ namespace {
 
 YTDLPService *sharedService = nullptr;
 
+/// What is said of a run that has failed.
+QString messageOf(const ProcessEnding &ending)
+{
+    return ending.launchError.isEmpty() ? failureMessage(ending.standardError, ending.status)
+                                        : ending.launchError;
+}
+
 } // namespace
 
 YTDLPService &YTDLPService::shared()
@@ -44,6 +51,7 @@ YTDLPService::YTDLPService(QStringList searchPaths)
 YTDLPService::~YTDLPService()
 {
     endProcesses();
+    m_worker.post([children = std::move(m_children)] { Q_UNUSED(children) });
 }
 
 QString YTDLPService::ytdlpPath() const
@@ -55,10 +63,10 @@ QString YTDLPService::ytdlpPath() const
 
 QMap<QString, QString> YTDLPService::processEnv()
 {
-    return {{QStringLiteral("PATH"),
-             QStringLiteral("/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin")},
-            {QStringLiteral("HOME"), homeDirectory()},
-            {QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8")}};
+    return {
+        {QStringLiteral("PATH"), QStringLiteral("/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin")},
+        {QStringLiteral("HOME"), homeDirectory()},
+        {QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8")}};
 }
 
 QStringList YTDLPService::cookieArgs(const QString &browser)
@@ -104,8 +112,8 @@ void YTDLPService::runProcessWithProgress(const QStringList &arguments,
                                           ProcessingHandler processingHandler,
                                           Completion<QString> completion)
 {
-    auto output = std::make_shared<DownloadOutput>(std::move(progressHandler),
-                                                   std::move(processingHandler));
+    auto output =
+        std::make_shared<DownloadOutput>(std::move(progressHandler), std::move(processingHandler));
     m_worker.post([this, arguments, output, completion = std::move(completion)] {
         download(arguments, output, completion);
     });
@@ -121,8 +129,8 @@ void YTDLPService::endProcesses()
 {
     std::binary_semaphore idle(0);
     m_worker.post([this, &idle] {
-        m_idleHandlers.append([&idle] { idle.release(); });
-        for (ChildProcess *const child : std::as_const(m_children))
+        m_children->idleHandlers.append([&idle] { idle.release(); });
+        for (ChildProcess *const child : std::as_const(m_children->running))
             child->end();
         signalIfIdle();
     });
@@ -136,13 +144,11 @@ void YTDLPService::collect(const QStringList &arguments, Completion<QByteArray> 
         arguments, std::make_shared<ProcessHandle>(),
         [output](const QByteArray &bytes) { output->append(bytes); },
         [output, completion = std::move(completion)](const ProcessEnding &ending) {
-            if (!ending.launchError.isEmpty())
-                completion(YTDLPError::fetchFailed(ending.launchError));
-            else if (!ending.isSuccess())
-                completion(YTDLPError::fetchFailed(
-                    failureMessage(ending.standardError, ending.status)));
-            else
-                completion(isDecodable(*output) ? *output : QByteArray());
+            if (!ending.isSuccess()) {
+                completion(YTDLPError::fetchFailed(messageOf(ending)));
+                return;
+            }
+            completion(isDecodable(*output) ? *output : QByteArray());
         });
 }
 
@@ -154,13 +160,14 @@ void YTDLPService::fetch(const QString &url, const QStringList &arguments,
         completion(YTDLPError::fetchFailed(optionAddressMessage(url)));
         return;
     }
-    collect(arguments, [parse = std::move(parse),
-                        completion = std::move(completion)](const Reply<QByteArray> &output) {
-        if (const auto *const bytes = std::get_if<QByteArray>(&output))
-            completion(parse(*bytes));
-        else
-            completion(std::get<YTDLPError>(output));
-    });
+    collect(arguments,
+            [parse = std::move(parse),
+             completion = std::move(completion)](const Reply<QByteArray> &output) {
+                if (const auto *const bytes = std::get_if<QByteArray>(&output))
+                    completion(parse(*bytes));
+                else
+                    completion(std::get<YTDLPError>(output));
+            });
 }
 
 void YTDLPService::download(const QStringList &arguments,
@@ -181,16 +188,11 @@ void YTDLPService::download(const QStringList &arguments,
                 completion(output->savedPath());
                 return;
             }
-            if (!ending.launchError.isEmpty()) {
-                completion(YTDLPError::downloadFailed(ending.launchError));
-                return;
-            }
             // The next run would take such a file for a finished download. An
             // orphan that still writes it makes it whole.
             if (!ending.mayHaveOrphans && !output->halfMadeFile().isEmpty())
                 QFile::remove(output->halfMadeFile());
-            completion(
-                YTDLPError::downloadFailed(failureMessage(ending.standardError, ending.status)));
+            completion(YTDLPError::downloadFailed(messageOf(ending)));
         });
 }
 
@@ -202,20 +204,20 @@ void YTDLPService::launch(const QStringList &arguments, std::shared_ptr<ProcessH
         {.program = ytdlpPath(), .arguments = arguments, .environment = processEnv()},
         std::move(handle), std::move(onOutput),
         [this, self, onEnd = std::move(onEnd)](const ProcessEnding &ending) {
-            m_children.remove(*self);
+            m_children->running.remove(*self);
             onEnd(ending);
             signalIfIdle();
         });
     *self = child;
-    m_children.insert(child);
+    m_children->running.insert(child);
     child->start();
 }
 
 void YTDLPService::signalIfIdle()
 {
-    if (!m_children.isEmpty())
+    if (!m_children->running.isEmpty())
         return;
-    const auto handlers = std::exchange(m_idleHandlers, {});
+    const auto handlers = std::exchange(m_children->idleHandlers, {});
     for (const auto &handler : handlers)
         handler();
 }

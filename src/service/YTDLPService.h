@@ -99,9 +99,13 @@ private:
     mutable std::mutex m_activeProcessMutex;
     std::shared_ptr<ProcessHandle> m_activeProcess;
 
-    // The worker thread's:
-    QSet<ChildProcess *> m_children;
-    QList<std::function<void()>> m_idleHandlers;
+    // What belongs to the worker thread, which also ends it.
+    struct Children
+    {
+        QSet<ChildProcess *> running;
+        QList<std::function<void()>> idleHandlers;
+    };
+    std::shared_ptr<Children> m_children = std::make_shared<Children>();
 
     Worker m_worker; // last: its thread ends before the rest goes
 };

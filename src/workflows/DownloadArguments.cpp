@@ -32,9 +32,8 @@ QStringList formatArguments(const QualityOption &quality)
 QStringList downloadArguments(const DownloadRequest &request)
 {
     return leadingArguments() << cookieArguments(request.cookiesBrowser)
-                              << QStringLiteral("--no-playlist")
-                              << QStringLiteral("--no-warnings") << QStringLiteral("--newline")
-                              << rateArguments(request.speedLimit)
+                              << QStringLiteral("--no-playlist") << QStringLiteral("--no-warnings")
+                              << QStringLiteral("--newline") << rateArguments(request.speedLimit)
                               << formatArguments(request.quality) << QStringLiteral("-o")
                               << request.folder + QStringLiteral("/%(title)s.%(ext)s")
                               << request.address;

@@ -5,7 +5,7 @@
 
 QString downloadFolder(const QString &setting, const QString &home, const QStringList &downloads)
 {
-    const QString folder = trimmedOfBlanks(setting);
+    QString folder = trimmedOfBlanks(setting);
     if (folder.isEmpty())
         return downloads.isEmpty() ? home : downloads.first();
     if (folder.startsWith(u"~/"))

@@ -29,11 +29,14 @@ void FakeTool::setScript(const QByteArray &body)
     const QString next = path() + QStringLiteral(".next");
     writeFile(next,
               "#!/bin/sh\n"
-              "DIR='" + m_folder.path().toUtf8() + "'\n"
-              "echo $$ >> \"$DIR/processes\"\n"
-              "N=$(grep -n \"^$$\\$\" \"$DIR/processes\" | cut -d: -f1)\n"
-              "tr '\\0' '\\n' < /proc/$$/environ > \"$DIR/environment\"\n"
-              "{ printf '%s\\n' \"$@\"; echo --END-OF-CALL--; } >> \"$DIR/calls\"\n" + body + "\n");
+              "DIR='"
+                  + m_folder.path().toUtf8()
+                  + "'\n"
+                    "echo $$ >> \"$DIR/processes\"\n"
+                    "N=$(grep -n \"^$$\\$\" \"$DIR/processes\" | cut -d: -f1)\n"
+                    "tr '\\0' '\\n' < /proc/$$/environ > \"$DIR/environment\"\n"
+                    "{ printf '%s\\n' \"$@\"; echo --END-OF-CALL--; } >> \"$DIR/calls\"\n"
+                  + body + "\n");
     QFile::setPermissions(next, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     rename(QFile::encodeName(next), QFile::encodeName(path()));
 }
@@ -78,8 +81,8 @@ QStringList FakeTool::environment() const
 QList<qint64> FakeTool::processIdentifiers() const
 {
     QList<qint64> identifiers;
-    const QList<QByteArray> lines
-        = contentOf(file(QStringLiteral("processes"))).trimmed().split('\n');
+    const QList<QByteArray> lines =
+        contentOf(file(QStringLiteral("processes"))).trimmed().split('\n');
     for (const QByteArray &line : lines) {
         if (!line.isEmpty())
             identifiers.append(line.toLongLong());

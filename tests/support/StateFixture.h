@@ -23,8 +23,8 @@ struct StateFixture
     {
         state.reset();
         preferences.reset();
-        preferences
-            = std::make_unique<Preferences>(folder.filePath(QStringLiteral("preferences.json")));
+        preferences =
+            std::make_unique<Preferences>(folder.filePath(QStringLiteral("preferences.json")));
         state = std::make_unique<AppState>(parts());
     }
 
@@ -60,8 +60,8 @@ struct StateFixture
     QTemporaryDir folder;
     FakeTool tool;
     RecordingDesktop desktop;
-    std::unique_ptr<YTDLPService> service
-        = std::make_unique<YTDLPService>(QStringList{tool.path()});
+    std::unique_ptr<YTDLPService> service =
+        std::make_unique<YTDLPService>(QStringList{tool.path()});
     std::unique_ptr<Preferences> preferences;
     std::unique_ptr<AppState> state;
 };

@@ -117,7 +117,7 @@ private Q_SLOTS:
         QCOMPARE(downloadArguments(request()),
                  leading
                      + QStringList({u"--no-playlist"_s, u"--no-warnings"_s, u"--newline"_s, u"-f"_s,
-                                   u"bestvideo+bestaudio/best"_s})
+                                    u"bestvideo+bestaudio/best"_s})
                      + videoTail);
     }
 
@@ -126,13 +126,13 @@ private Q_SLOTS:
         DownloadRequest audio = request();
         audio.quality = QualityOption::best(MediaFormat::mp3);
         audio.speedLimit = u"2M"_s;
-        QCOMPARE(downloadArguments(audio),
-                 leading
-                     + QStringList({u"--no-playlist"_s, u"--no-warnings"_s, u"--newline"_s,
-                                   u"--limit-rate"_s, u"2M"_s, u"-f"_s, u"bestaudio/best"_s,
-                                   u"-x"_s, u"--audio-format"_s, u"mp3"_s, u"--audio-quality"_s,
-                                   u"0"_s, u"-o"_s, u"/Users/u/Downloads/%(title)s.%(ext)s"_s,
-                                   u"A"_s}));
+        QCOMPARE(
+            downloadArguments(audio),
+            leading
+                + QStringList({u"--no-playlist"_s, u"--no-warnings"_s, u"--newline"_s,
+                               u"--limit-rate"_s, u"2M"_s, u"-f"_s, u"bestaudio/best"_s, u"-x"_s,
+                               u"--audio-format"_s, u"mp3"_s, u"--audio-quality"_s, u"0"_s, u"-o"_s,
+                               u"/Users/u/Downloads/%(title)s.%(ext)s"_s, u"A"_s}));
     }
 
     void anEmptySpeedLimitAddsNone()
@@ -155,10 +155,9 @@ private Q_SLOTS:
     {
         DownloadRequest withCookies = request();
         withCookies.cookiesBrowser = u"firefox"_s;
-        QCOMPARE(downloadArguments(withCookies).mid(0, 5),
-                 leading
-                     + QStringList({u"--cookies-from-browser"_s, u"firefox"_s,
-                                   u"--no-playlist"_s}));
+        QCOMPARE(
+            downloadArguments(withCookies).mid(0, 5),
+            leading + QStringList({u"--cookies-from-browser"_s, u"firefox"_s, u"--no-playlist"_s}));
     }
 
     void aFolderIsNotTouched()
@@ -172,8 +171,7 @@ private Q_SLOTS:
     {
         QCOMPARE(cookieArguments(u"none"_s), QStringList());
         QCOMPARE(cookieArguments(QString()), QStringList());
-        QCOMPARE(cookieArguments(u"None"_s),
-                 QStringList({u"--cookies-from-browser"_s, u"None"_s}));
+        QCOMPARE(cookieArguments(u"None"_s), QStringList({u"--cookies-from-browser"_s, u"None"_s}));
     }
 
     void metadataIsAskedForLikeThis()
@@ -181,12 +179,12 @@ private Q_SLOTS:
         QCOMPARE(videoArguments(u"A"_s, u"none"_s),
                  leading
                      + QStringList({u"--dump-json"_s, u"--no-playlist"_s, u"--no-warnings"_s,
-                                   u"--quiet"_s, u"A"_s}));
+                                    u"--quiet"_s, u"A"_s}));
         QCOMPARE(playlistArguments(u"A"_s, u"edge"_s),
                  leading
                      + QStringList({u"--cookies-from-browser"_s, u"edge"_s, u"--dump-json"_s,
-                                   u"--flat-playlist"_s, u"--yes-playlist"_s,
-                                   u"--no-warnings"_s, u"--quiet"_s, u"A"_s}));
+                                    u"--flat-playlist"_s, u"--yes-playlist"_s, u"--no-warnings"_s,
+                                    u"--quiet"_s, u"A"_s}));
     }
 
     void aRunTakesTheSelectedEntriesInTheirOrder()
@@ -229,9 +227,8 @@ private Q_SLOTS:
     void anEmptyPathIsNotRecorded()
     {
         QVERIFY(!historyRecord({}, QualityOption::best(MediaFormat::mp3), {}).savedPath);
-        const HistoryItem record
-            = historyRecord({u"A"_s, u"T"_s, u"P"_s}, QualityOption::best(MediaFormat::mp3),
-                            u"/a.webm"_s);
+        const HistoryItem record = historyRecord(
+            {u"A"_s, u"T"_s, u"P"_s}, QualityOption::best(MediaFormat::mp3), u"/a.webm"_s);
         QCOMPARE(record.savedPath, u"/a.webm"_s);
         QCOMPARE(record.format, u"mp3"_s);
         QCOMPARE(record.quality, u"Best"_s);

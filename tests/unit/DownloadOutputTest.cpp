@@ -47,15 +47,14 @@ private Q_SLOTS:
         QTest::newRow("full") << QByteArray(
             "[download]  13.6% of    3.66MiB at  497.10KiB/s ETA 00:06")
                               << QStringList{u"0.136 497.10KiB/s 00:06"_s};
-        QTest::newRow("to the end") << QByteArray(
-            "[download] 100% of 10.00MiB at 2.00MiB/s ETA 00:00")
-                                    << QStringList{u"1 2.00MiB/s 00:00"_s};
+        QTest::newRow("to the end")
+            << QByteArray("[download] 100% of 10.00MiB at 2.00MiB/s ETA 00:00")
+            << QStringList{u"1 2.00MiB/s 00:00"_s};
         QTest::newRow("unknown remaining time is --")
             << QByteArray("[download]   5.0% of    3.66MiB at  1.00KiB/s ETA Unknown")
             << QStringList{u"0.05 1.00KiB/s --"_s};
         QTest::newRow("unknown speed has a blank in it")
-            << QByteArray("[download]   5.0% of    3.66MiB at  Unknown B/s ETA Unknown")
-            << nothing;
+            << QByteArray("[download]   5.0% of    3.66MiB at  Unknown B/s ETA Unknown") << nothing;
         QTest::newRow("estimated size of fragments")
             << QByteArray("[download]  20.0% of ~   2.29MiB at    1.00MiB/s ETA 00:03 (frag 1/5)")
             << nothing;
@@ -70,8 +69,8 @@ private Q_SLOTS:
         QTest::newRow("anywhere in the line")
             << QByteArray("x [download] 50% of 1MiB at 1MiB/s ETA 00:01 y")
             << QStringList{u"0.5 1MiB/s 00:01"_s};
-        QTest::newRow("fixups match nothing") << QByteArray("[FixupM4a] Correcting container of x")
-                                              << nothing;
+        QTest::newRow("fixups match nothing")
+            << QByteArray("[FixupM4a] Correcting container of x") << nothing;
         QTest::newRow("deletions match nothing")
             << QByteArray("Deleting original file x.webm (pass -k to keep)") << nothing;
     }
@@ -123,8 +122,9 @@ private Q_SLOTS:
 
     void anMp3RunYieldsTheSourceFilesPath()
     {
-        QCOMPARE(pathOf("[download] Destination: /d/a.webm\n[ExtractAudio] Destination: /d/a.mp3\n"),
-                 u"/d/a.webm"_s);
+        QCOMPARE(
+            pathOf("[download] Destination: /d/a.webm\n[ExtractAudio] Destination: /d/a.mp3\n"),
+            u"/d/a.webm"_s);
     }
 
     void anAudioDestinationAloneIsTheYieldedPath()

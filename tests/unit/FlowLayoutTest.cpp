@@ -52,8 +52,7 @@ private Q_SLOTS:
     {
         const QList<QSizeF> sizes{{60, 10}, {30, 20}, {60, 5}};
         QCOMPARE(FlowLayout::sizeThatFits(sizes, 6, 100), QSizeF(100, 20 + 6 + 5));
-        QCOMPARE(FlowLayout::placements(sizes, 6, 100),
-                 (QList<QPointF>{{0, 0}, {66, 0}, {0, 26}}));
+        QCOMPARE(FlowLayout::placements(sizes, 6, 100), (QList<QPointF>{{0, 0}, {66, 0}, {0, 26}}));
     }
 
     void noHeightIsNegative() { QCOMPARE(FlowLayout::sizeThatFits({{1, 0}}, 6, 9).height(), 0.0); }

@@ -21,10 +21,10 @@ HistoryItem record()
             .date = {785412345.123456}};
 }
 
-const QByteArray document
-    = R"([{"id":"0FEDCBA9-8765-4321-0FED-CBA987654321","title":"Title","thumbnailURL":"",)"
-      R"("url":"https://example.org/a?b=c","format":"mp4","quality":"Best",)"
-      R"("savedPath":"/home/u/a.mp4","date":785412345.123456}])";
+const QByteArray document =
+    R"([{"id":"0FEDCBA9-8765-4321-0FED-CBA987654321","title":"Title","thumbnailURL":"",)"
+    R"("url":"https://example.org/a?b=c","format":"mp4","quality":"Best",)"
+    R"("savedPath":"/home/u/a.mp4","date":785412345.123456}])";
 
 } // namespace
 
@@ -54,8 +54,8 @@ private Q_SLOTS:
 
     void everyDateComesBackToTheLastDigit()
     {
-        for (const double seconds : {0.0, -1.0, 0.1, 785412345.123456, 785412345.1234567,
-                                     1e21, 1.0 / 3, -63114076800.0}) {
+        for (const double seconds :
+             {0.0, -1.0, 0.1, 785412345.123456, 785412345.1234567, 1e21, 1.0 / 3, -63114076800.0}) {
             HistoryItem item = record();
             item.date.seconds = seconds;
             QCOMPARE(decodeHistory(*encodeHistory({item}))->first().date.seconds, seconds);
@@ -98,7 +98,8 @@ private Q_SLOTS:
 
     void aLowerCaseIdentifierIsRead()
     {
-        QCOMPARE(decodeHistory(document.toLower().replace("thumbnailurl", "thumbnailURL")
+        QCOMPARE(decodeHistory(document.toLower()
+                                   .replace("thumbnailurl", "thumbnailURL")
                                    .replace("savedpath", "savedPath"))
                      ->first()
                      .id,

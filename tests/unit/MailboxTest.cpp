@@ -14,7 +14,7 @@ private Q_SLOTS:
     void messagesArriveInOrderOnTheReceivingThread()
     {
         Mailbox mailbox;
-        mailbox.open();
+        const auto delivery = mailbox.open();
         QList<int> received;
         const auto receiver = std::this_thread::get_id();
         std::thread sender([&] {
@@ -33,7 +33,7 @@ private Q_SLOTS:
     void messagesPostedByAMessageArriveToo()
     {
         Mailbox mailbox;
-        mailbox.open();
+        const auto delivery = mailbox.open();
         int received = 0;
         mailbox.post([&] { mailbox.post([&] { ++received; }); });
         QTRY_COMPARE(received, 1);
@@ -42,7 +42,7 @@ private Q_SLOTS:
     void aClosedMailboxDropsWhatItHolds()
     {
         Mailbox mailbox;
-        mailbox.open();
+        const auto delivery = mailbox.open();
         int received = 0;
         mailbox.post([&] {
             ++received;
@@ -58,7 +58,7 @@ private Q_SLOTS:
     void waitingDeliversUntilTheConditionHolds()
     {
         Mailbox mailbox;
-        mailbox.open();
+        const auto delivery = mailbox.open();
         int received = 0;
         std::thread sender([&] {
             for (int number = 0; number < 100; ++number)

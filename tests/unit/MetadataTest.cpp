@@ -69,8 +69,8 @@ private Q_SLOTS:
 
     void valuesOfOtherKindsCountAsAbsent()
     {
-        const VideoInfo info
-            = video(R"({"title":null,"duration":"61","uploader":[],"thumbnail":5,"formats":{}})");
+        const VideoInfo info =
+            video(R"({"title":null,"duration":"61","uploader":[],"thumbnail":5,"formats":{}})");
         QCOMPARE(info.title, u"Unknown Title"_s);
         QVERIFY(!info.duration);
         QCOMPARE(info.uploader, QString());
@@ -87,9 +87,9 @@ private Q_SLOTS:
 
     void heightsAreCollectedOnce()
     {
-        const QByteArray formats
-            = R"({"formats":[{"height":1080},{"height":720},{"height":720},{},{"height":0},)"
-              R"({"height":-1},{"height":99.5},{"height":"480"},{"height":null}]})";
+        const QByteArray formats =
+            R"({"formats":[{"height":1080},{"height":720},{"height":720},{},{"height":0},)"
+            R"({"height":-1},{"height":99.5},{"height":"480"},{"height":null}]})";
         QCOMPARE(video(formats).availableHeights, (QSet<qint64>{720, 1080}));
     }
 
@@ -199,16 +199,16 @@ private Q_SLOTS:
 
     void aPlaylistObjectWithoutTitleIsCounted()
     {
-        const VideoInfo info = playlistFromOutput(
-            R"({"_type":"playlist","entries":[{},{},{}]})", address);
+        const VideoInfo info =
+            playlistFromOutput(R"({"_type":"playlist","entries":[{},{},{}]})", address);
         QCOMPARE(info.title, u"Playlist (3 videos)"_s);
         QVERIFY(!info.playlistTitle);
     }
 
     void anEntryThatIsNoMapSpoilsTheEntries()
     {
-        const VideoInfo info
-            = playlistFromOutput(R"({"_type":"playlist","title":"Mix","entries":[{},5]})", address);
+        const VideoInfo info =
+            playlistFromOutput(R"({"_type":"playlist","title":"Mix","entries":[{},5]})", address);
         QVERIFY(info.playlistEntries.isEmpty());
         QCOMPARE(info.title, u"Mix"_s);
     }

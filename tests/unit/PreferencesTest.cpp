@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FakeTool.h"
 #include "Preferences.h"
+#include "FakeTool.h"
 
 #include <QDir>
 #include <QTest>
@@ -49,7 +49,8 @@ private Q_SLOTS:
             preferences.setString(u"text"_s, u"false 街"_s);
             preferences.setInteger(u"number"_s, 9007199254740993);
             preferences.setBoolean(u"yes"_s, true);
-            preferences.setBlob(u"text blob"_s, bytes("[\"街\"]"_ba.replace("街", u"街"_s.toUtf8())));
+            preferences.setBlob(u"text blob"_s,
+                                bytes("[\"街\"]"_ba.replace("街", u"街"_s.toUtf8())));
             preferences.setBlob(u"byte blob"_s, bytes("\xff\x00\x01"_ba));
         }
         const Preferences preferences(m_path);
@@ -221,8 +222,8 @@ private:
     [[nodiscard]] QStringList asideFiles() const
     {
         QStringList paths;
-        const QFileInfoList files
-            = QFileInfo(m_path).dir().entryInfoList({u"*.damaged-*"_s}, QDir::Files);
+        const QFileInfoList files =
+            QFileInfo(m_path).dir().entryInfoList({u"*.damaged-*"_s}, QDir::Files);
         for (const QFileInfo &file : files)
             paths.append(file.filePath());
         return paths;

@@ -349,8 +349,7 @@ private Q_SLOTS:
         const QSignalSpy statuses(&app.state(), &AppState::downloadStatusChanged);
         app.startDownload();
         WAIT_FOR(!app.state().isDownloading());
-        QVERIFY(app.state().downloadStatus()
-                == DownloadUIStatus::done(m_fixture->folder.path()));
+        QVERIFY(app.state().downloadStatus() == DownloadUIStatus::done(m_fixture->folder.path()));
         QCOMPARE(statuses.count(), 2); // downloading and done, no idle before
         QCOMPARE(m_fixture->desktop.notifier->posted.size(), 1);
     }

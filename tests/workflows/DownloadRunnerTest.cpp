@@ -101,8 +101,9 @@ private Q_SLOTS:
 
     void oddTitlesComeThroughWhole()
     {
-        const QStringList titles{u"\"quotes\" ''"_s, u"⧸⧹：？"_s, u"🌅🎉"_s, u"שלום مرحبا"_s,
-                                 u"100% %(title)s"_s, u"<b>&amp;"_s, QString(240, u'x')};
+        const QStringList titles{u"\"quotes\" ''"_s, u"⧸⧹：？"_s,         u"🌅🎉"_s,
+                                 u"שלום مرحبا"_s,    u"100% %(title)s"_s, u"<b>&amp;"_s,
+                                 QString(240, u'x')};
         for (const QString &title : titles) {
             const QString path = u"/d/"_s + title + u".mp4"_s;
             writeFile(m_tool->file(u"line"_s), ("[download] Destination: " + path.toUtf8() + "\n"));

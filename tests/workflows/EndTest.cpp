@@ -66,7 +66,8 @@ private Q_SLOTS:
         FakeTool tool;
         tool.setScript("while :; do sleep 0.05; done");
         QProcess program;
-        program.start(QCoreApplication::applicationFilePath(), {u"--be-the-program"_s, tool.path()});
+        program.start(QCoreApplication::applicationFilePath(),
+                      {u"--be-the-program"_s, tool.path()});
         WAIT_FOR(tool.processIdentifiers().size() == 2);
         program.kill();
         QVERIFY(program.waitForFinished());
@@ -89,7 +90,8 @@ static int beTheProgram(const QString &tool)
 {
     YTDLPService service({tool});
     service.runProcess({}, [](const auto &) {});
-    service.runProcessWithProgress({}, [](auto...) {}, [] {}, [](const auto &) {});
+    service.runProcessWithProgress(
+        {}, [](auto...) {}, [] {}, [](const auto &) {});
     return QCoreApplication::exec();
 }
 

@@ -31,8 +31,7 @@ public:
 public Q_SLOTS:
     void note()
     {
-        const QByteArray signal
-            = sender()->metaObject()->method(senderSignalIndex()).name();
+        const QByteArray signal = sender()->metaObject()->method(senderSignalIndex()).name();
         const QString name = QString::fromLatin1(signal.chopped(7)); // "Changed"
         if (name != u"displayedDownloadStatus") // follows others, is never assigned
             m_names.append(name);
@@ -188,11 +187,11 @@ private Q_SLOTS:
                               u"currentDownloadTitle"_s}));
         QCOMPARE(state().currentDownloadIndex(), 0);
         WAIT_FOR(m_fixture->hasEnded());
-        QCOMPARE(recorder.take(),
-                 QStringList({u"currentDownloadIndex"_s, u"currentDownloadTitle"_s,
-                              u"downloadStatus"_s, u"downloadProgress"_s, u"history"_s,
-                              u"downloadStatus"_s, u"isDownloading"_s, u"isPaused"_s,
-                              u"downloadProgress"_s}));
+        QCOMPARE(
+            recorder.take(),
+            QStringList({u"currentDownloadIndex"_s, u"currentDownloadTitle"_s, u"downloadStatus"_s,
+                         u"downloadProgress"_s, u"history"_s, u"downloadStatus"_s,
+                         u"isDownloading"_s, u"isPaused"_s, u"downloadProgress"_s}));
         // Single mode leaves its totals after the end.
         QCOMPARE(state().totalDownloadCount(), 1);
         QCOMPARE(state().currentDownloadIndex(), 1);
@@ -350,8 +349,8 @@ private Q_SLOTS:
         const auto downloading = DownloadUIStatus::downloading();
         const auto processing = DownloadUIStatus::processing();
         tool().setScript("echo '[download] Destination: /d/a'\n" + tool().gate("a")
-                         + "echo '[download] 50% of 1MiB at 1MiB/s ETA 00:01'\n"
-                         + tool().gate("b") + "echo '[Merger] x'\n" + tool().gate("c"));
+                         + "echo '[download] 50% of 1MiB at 1MiB/s ETA 00:01'\n" + tool().gate("b")
+                         + "echo '[Merger] x'\n" + tool().gate("c"));
         state().singleInfo = StateFixture::video(u"a"_s);
         const QSignalSpy displayed(&state(), &AppState::displayedDownloadStatusChanged);
         state().startSingleDownload();
@@ -461,7 +460,8 @@ private Q_SLOTS:
         state().togglePause();
         WAIT_FOR(stateOf(first) == "T");
         // Another download takes the slot, as one of another mode does.
-        service().runProcessWithProgress({u"x"_s}, [](auto...) {}, [] {}, [](const auto &) {});
+        service().runProcessWithProgress(
+            {u"x"_s}, [](auto...) {}, [] {}, [](const auto &) {});
         WAIT_FOR(tool().processIdentifiers().size() == 2);
         WAIT_FOR(service().activeProcess()->processIdentifier() != first);
         QVERIFY(stateOf(first) == "T");

@@ -32,12 +32,11 @@ Menu {
         contentItem: Item {
             readonly property color color: item.highlighted && item.enabled ? Theme.overAccent : Theme.primary
 
-            implicitHeight: label.implicitHeight
+            implicitHeight: 18
             opacity: item.enabled ? 1 : 0.45
 
             PlainText {
-                id: label
-
+                anchors.verticalCenter: parent.verticalCenter
                 color: parent.color
                 text: item.text
 
@@ -46,6 +45,7 @@ Menu {
 
             PlainText {
                 anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
                 color: Theme.at(parent.color, 0.75)
                 text: item.action?.shortcut ?? ""
 

@@ -21,7 +21,7 @@ BaseButton {
     Accessible.role: Accessible.RadioButton
 
     Accessible.onToggleAction: if (enabled)
-        click()
+        root.clicked()
 
     background: Rectangle {
         color: root.active ? Theme.accentFill : root.hovered ? Theme.primaryAt(0.06) : "transparent"

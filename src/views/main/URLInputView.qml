@@ -10,7 +10,7 @@ FocusScope {
 
     required property ModeModel modeModel
 
-    implicitHeight: row.height + 12 + mixed.height + (input.showsMixedBar ? 6 : 12)
+    implicitHeight: row.height + 12 + (input.showsMixedBar ? mixed.height + 8 + 6 : 12)
 
     URLInputModel {
         id: input
@@ -72,25 +72,14 @@ FocusScope {
         }
     }
 
-    Loader {
+    MixedURLBar {
         id: mixed
 
-        active: input.showsMixedBar
         anchors.left: row.left
         anchors.right: row.right
         anchors.top: row.bottom
-        height: active ? implicitHeight : 0
-
-        sourceComponent: Item {
-            implicitHeight: bar.implicitHeight + 8
-
-            MixedURLBar {
-                id: bar
-
-                anchors.bottom: parent.bottom
-                model: input
-                width: parent.width
-            }
-        }
+        anchors.topMargin: 8
+        model: input
+        visible: input.showsMixedBar
     }
 }

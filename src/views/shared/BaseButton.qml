@@ -28,9 +28,9 @@ T.AbstractButton {
     ToolTip.visible: help !== "" && hovered && !pressed
 
     Accessible.onPressAction: if (enabled)
-        click()
-    Keys.onEnterPressed: click()
-    Keys.onReturnPressed: click()
+        root.clicked()
+    Keys.onEnterPressed: root.clicked()
+    Keys.onReturnPressed: root.clicked()
 
     FocusRing {
         innerRadius: root.ringRadius

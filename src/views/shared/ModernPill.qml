@@ -20,7 +20,7 @@ BaseButton {
     Accessible.role: Accessible.RadioButton
 
     Accessible.onToggleAction: if (enabled)
-        click()
+        root.clicked()
 
     background: Rectangle {
         border.color: root.isSelected ? "transparent" : Theme.primaryAt(0.12)

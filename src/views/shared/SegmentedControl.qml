@@ -55,7 +55,7 @@ Rectangle {
                 Accessible.role: Accessible.RadioButton
 
                 Accessible.onToggleAction: if (enabled)
-                    click()
+                    segment.clicked()
                 Keys.onLeftPressed: root.choose(index - 1)
                 Keys.onRightPressed: root.choose(index + 1)
                 onClicked: root.selected(index)

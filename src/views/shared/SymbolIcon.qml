@@ -11,7 +11,8 @@ IconImage {
     color: Theme.primary
     height: size
     source: symbol === "" ? "" : "qrc:/symbols/" + symbol + ".svg"
-    sourceSize: Qt.size(size, size)
+    sourceSize.height: size
+    sourceSize.width: size
     width: size
 
     Accessible.ignored: true

@@ -45,7 +45,8 @@ Item {
         anchors.fill: parent
         asynchronous: true
         source: root.url === "" || root.width <= 0 ? "" : "image://thumbnail/" + root.radius * Screen.devicePixelRatio + "/" + Qt.btoa(root.url)
-        sourceSize: Qt.size(root.width, root.height)
+        sourceSize.height: root.height
+        sourceSize.width: root.width
     }
 
     Rectangle {

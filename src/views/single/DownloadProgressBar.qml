@@ -12,7 +12,7 @@ Card {
     implicitHeight: column.height + 28
     objectName: "progressBar"
 
-    Accessible.description: [model.speed, model.remaining].filter(text => text !== "").join(", ")
+    Accessible.description: model.description
     Accessible.name: "Download " + model.percent
     Accessible.role: Accessible.ProgressBar
 

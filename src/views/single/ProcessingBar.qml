@@ -49,7 +49,6 @@ Rectangle {
                 height: parent.height
                 radius: parent.radius
                 width: Theme.animates ? track.width / 4 : track.width
-                x: 0
 
                 NumberAnimation on x {
                     duration: 1400

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import Quillon
-import Quillon.Shared
 
 // What was fetched, and what can be done with it.
 Column {

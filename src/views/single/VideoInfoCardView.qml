@@ -16,6 +16,7 @@ Card {
 
         duration: root.info.formattedDuration
         height: 118
+        objectName: "videoThumbnail"
         url: root.info.thumbnailURL
         width: 210
         x: 16

@@ -1,0 +1,196 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The main job in the real window, with the real tool and the local video site."""
+
+import json
+import os
+import pathlib
+import signal
+import subprocess
+import unittest
+
+from person import WATCH, Person, wait_until
+
+LEADING = ["--extractor-args", "youtube:player_client=tv_embedded"]
+TITLE = "Test video steady"
+
+
+def probe(path: pathlib.Path) -> dict:
+    """The codec of each kind of stream, and the height of the picture."""
+    output = subprocess.run(["ffprobe", "-v", "error", "-of", "json", "-show_streams", str(path)],
+                            check=True, stdout=subprocess.PIPE).stdout
+    streams = json.loads(output)["streams"]
+    found = {stream["codec_type"]: stream["codec_name"] for stream in streams}
+    return found | {"height": max(stream.get("height", 0) for stream in streams)}
+
+
+def state_of(process: int) -> str:
+    return pathlib.Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()[0]
+
+
+class MainJob(unittest.TestCase):
+    def setUp(self):
+        self.person = Person()
+        self.addCleanup(self.person.close)
+        self.downloads = self.person.desktop.home / "Downloads"
+
+    def tearDown(self):
+        self.assertEqual(self.person.complaints(), "")
+
+    def check_pause(self, press_pause, press_resume):
+        self.person.see("Downloading")
+        wait_until(lambda: any(self.downloads.glob("*.part")), "the first bytes")
+        press_pause()
+        self.person.see("Paused")
+        tool = next(process for process in self.person.tools()
+                    if b"yt-dlp" in pathlib.Path(f"/proc/{process}/cmdline").read_bytes())
+        wait_until(lambda: state_of(tool) == "T", "the tool to stop")
+        press_resume()
+        self.person.see("Downloading")
+        wait_until(lambda: state_of(tool) != "T", "the tool to go on")
+
+    def check_video(self):
+        wait_until(lambda: len(self.person.history()) == 1, "the record")
+        record = self.person.history()[0]
+        path = self.downloads / f"{TITLE}.mp4"
+        self.assertEqual(list(record), ["id", "title", "thumbnailURL", "url", "format", "quality",
+                                        "savedPath", "date"])
+        self.assertEqual(record["id"], record["id"].upper())
+        self.assertEqual((record["title"], record["url"], record["format"], record["quality"],
+                          record["savedPath"]),
+                         (TITLE, WATCH + "steady", "mp4", "720p", str(path)))
+        self.assertEqual(probe(path), {"video": "h264", "audio": "aac", "height": 720})
+        wait_until(lambda: self.person.services("Notify"), "the notification")
+        notification = self.person.services("Notify")[0]
+        self.assertEqual(notification[3], "Download Complete")
+        self.assertEqual(notification[4], f"&quot;{TITLE}&quot; downloaded successfully")
+        wait_until(lambda: self.person.services("ShowItems"), "the file manager")
+        self.assertEqual(self.person.services("ShowItems")[0][0], [f"file://{self.downloads}"])
+        fetch, download = self.person.calls()
+        environment = [f"HOME={self.person.desktop.home}", "LANG=en_US.UTF-8",
+                       "PATH=/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"]
+        self.assertEqual(fetch, [LEADING + ["--dump-json", "--no-playlist", "--no-warnings",
+                                            "--quiet", WATCH + "steady"], environment])
+        self.assertEqual(download, [
+            LEADING + ["--no-playlist", "--no-warnings", "--newline", "-f",
+                       "bestvideo[height<=720]+bestaudio/best[height<=720]",
+                       "--merge-output-format", "mp4", "--postprocessor-args",
+                       "ffmpeg:-c:v copy -c:a aac -movflags +faststart",
+                       "-o", f"{self.downloads}/%(title)s.%(ext)s", WATCH + "steady"],
+            environment])
+
+    def check_audio(self):
+        wait_until(lambda: len(self.person.history()) == 2, "the second record")
+        record = self.person.history()[0]
+        self.assertEqual((record["format"], record["quality"]), ("mp3", "Best"))
+        # The record names the file that the audio came from.
+        self.assertEqual(pathlib.Path(record["savedPath"]).stem, TITLE)
+        self.assertEqual(probe(self.downloads / f"{TITLE}.mp3"), {"audio": "mp3", "height": 0})
+        self.assertIn("-x", self.person.calls()[-1][0])
+
+    def test_by_mouse(self):
+        person = self.person
+        person.click("Paste a YouTube URL...")
+        person.desktop.type(WATCH + "steady")
+        person.click("Fetch Info")
+        person.see(TITLE)
+        person.click("720p")
+        person.click("Download")
+        self.check_pause(lambda: person.click("Pause download"),
+                         lambda: person.click("Resume download"))
+        person.see("Complete", 120)
+        person.click("Show in Finder")
+        self.check_video()
+        person.click("MP3 (Audio only)")
+        person.click("Download")
+        self.check_audio()
+
+    def test_by_keyboard_alone(self):
+        person = self.person
+        keys = person.desktop.keys
+        person.desktop.type(WATCH + "steady")
+        keys("Return")
+        person.see(TITLE)
+        person.tab_to("720p")
+        keys("space")
+        person.tab_to("Download")
+        keys("space")
+        self.check_pause(lambda: (person.tab_to("Pause download"), keys("space")),
+                         lambda: (person.tab_to("Resume download"), keys("space")))
+        person.see("Complete", 120)
+        person.tab_to("Show in Finder")
+        keys("Return")
+        self.check_video()
+        person.tab_to("MP3 (Audio only)", "shift+Tab")
+        keys("space")
+        person.tab_to("Download")
+        keys("space")
+        self.check_audio()
+
+    def test_a_closed_window_leaves_nothing_and_the_next_run_resumes(self):
+        person = self.person
+        person.desktop.type(WATCH + "steady")
+        person.desktop.keys("Return")
+        person.see(TITLE)
+        person.desktop.keys("ctrl+d")
+        person.see("Downloading")
+        wait_until(lambda: any(self.downloads.glob("*.part")), "the first bytes")
+        person.desktop.keys("ctrl+p")
+        person.see("Paused")
+        person.desktop.keys("ctrl+q")
+        self.assertEqual(person.program.wait(timeout=30), 0)
+        self.assertEqual(person.tools(), [])
+        self.assertFalse((self.downloads / f"{TITLE}.mp4").exists())
+        self.assertEqual(person.history(), [])
+        begun = next(self.downloads.glob("*.part")).stat().st_size
+
+        person.start_program()
+        person.desktop.type(WATCH + "steady")
+        person.desktop.keys("Return")
+        person.see(TITLE)
+        person.desktop.keys("ctrl+d")
+        person.see("Downloading")
+        wait_until(lambda: any(part.stat().st_size >= begun for part in self.downloads.glob("*.part")),
+                   "the download to go on where it was")
+        person.see("Complete", 120)
+        self.assertEqual(probe(self.downloads / f"{TITLE}.mp4")["height"], 1080)
+
+    def test_a_killed_program_leaves_no_tool(self):
+        person = self.person
+        person.desktop.type(WATCH + "slow")
+        person.desktop.keys("Return")
+        person.see("Test video slow")
+        person.desktop.keys("ctrl+d")
+        person.see("Downloading")
+        wait_until(person.tools, "the tool")
+        os.kill(person.program.pid, signal.SIGKILL)
+        wait_until(lambda: not person.tools(), "the tool to end", 2)
+
+    def test_a_title_with_markup_reads_as_it_is(self):
+        person = self.person
+        title = "a <script>alert(1)</script> & b"
+        person.desktop.type(WATCH + "angles")
+        person.desktop.keys("Return")
+        person.see(title)
+        person.desktop.keys("ctrl+d")
+        person.see("Complete", 120)
+        wait_until(lambda: person.services("Notify"), "the notification")
+        self.assertEqual(person.services("Notify")[0][4],
+                         "&quot;a &lt;script&gt;alert(1)&lt;/script&gt; &amp; b&quot; downloaded successfully")
+
+    def test_a_private_video_is_an_error_to_read(self):
+        person = self.person
+        person.desktop.type(WATCH + "private")
+        person.desktop.keys("Return")
+        wait_until(lambda: person.look_for(
+            "Failed to fetch info: ERROR: [youtube] private: Private video. "
+            "Sign in if you've been granted access to this video\n"), "the error")
+
+    def test_a_second_start_brings_the_first_forward(self):
+        second = self.person.desktop.start(str(self.person.program.args[0]))
+        self.assertEqual(second.wait(timeout=30), 0)
+        self.assertIsNone(self.person.program.poll())
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,183 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A person in front of the window: sees what a screen reader is told, and uses
+mouse and keyboard."""
+
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "demo"))
+
+import gi  # noqa: E402
+from desktop import Desktop, wait_until  # noqa: E402
+
+gi.require_version("Atspi", "2.0")
+
+PROGRAM = pathlib.Path(os.environ["QUILLON_PROGRAM"])
+MEDIA = pathlib.Path(os.environ["QUILLON_MEDIA"])
+FIRST_LOCATION = pathlib.Path("/opt/homebrew/bin/yt-dlp")
+REAL_TOOL = "/usr/bin/yt-dlp"
+WATCH = "https://www.youtube.com/watch?v="
+
+
+class Person:
+    """With a desktop, a video site, a recording tool and Quillon of their own."""
+
+    def __init__(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillon-test-"))
+        self.desktop = Desktop(self.folder / "home")
+        self.desktop.callback(shutil.rmtree, self.folder, ignore_errors=True)
+        try:
+            self._prepare()
+        except BaseException:
+            self.desktop.close()
+            raise
+
+    def _prepare(self):
+        os.environ.update(self.desktop.environment)
+        self._install_recorder()
+        site = self.desktop.start(sys.executable, str(ROOT / "demo/site.py"), "--home",
+                                  str(self.desktop.home), "--media", str(MEDIA),
+                                  stdout=subprocess.PIPE)
+        site.stdout.readline()
+        self.desktop.start(sys.executable, str(ROOT / "tests/endtoend/services.py"),
+                           str(self.folder / "services"), stderr=None)
+        self.start_program()
+
+    def _install_recorder(self):
+        """A tool at the first search location that notes how it was called."""
+        if FIRST_LOCATION.exists() and "quillon recorder" not in FIRST_LOCATION.read_text():
+            raise RuntimeError(f"{FIRST_LOCATION} is in use")
+        FIRST_LOCATION.parent.mkdir(parents=True, exist_ok=True)
+        FIRST_LOCATION.write_text(
+            "#!/usr/bin/python3\n# quillon recorder\nimport json, os, sys\n"
+            f"with open({str(self.folder / 'calls')!r}, 'a') as calls:\n"
+            "    environment = open('/proc/self/environ').read().split('\\0')[:-1]\n"
+            "    calls.write(json.dumps([sys.argv[1:], sorted(environment)]) + '\\n')\n"
+            f"os.execv({REAL_TOOL!r}, [{REAL_TOOL!r}] + sys.argv[1:])\n")
+        FIRST_LOCATION.chmod(0o755)
+        self.desktop.callback(FIRST_LOCATION.unlink, missing_ok=True)
+
+    def start_program(self):
+        self.program = self.desktop.start(str(PROGRAM), stderr=open(self.folder / "stderr", "ab"))
+        self.window = wait_until(lambda: self.desktop.window("Quillon"), "the window")
+        self.desktop.run("xdotool", "windowsize", "--sync", self.window, "960", "720")
+        self.desktop.run("xdotool", "windowfocus", "--sync", self.window)
+        self.see("Paste a YouTube URL...")
+
+    def close(self):
+        self.desktop.close()
+
+    # What was recorded
+
+    def calls(self) -> list:
+        file = self.folder / "calls"
+        return [json.loads(line) for line in file.read_text().splitlines()] if file.exists() else []
+
+    def services(self, method: str) -> list:
+        file = self.folder / "services"
+        lines = file.read_text().splitlines() if file.exists() else []
+        return [call["arguments"] for call in map(json.loads, lines) if call["method"] == method]
+
+    def history(self) -> list:
+        file = self.desktop.home / ".config/quillon/preferences.json"
+        if not file.exists():
+            return []
+        blob = json.loads(file.read_text()).get("quillon.history.v2")
+        return json.loads(blob["utf8"]) if blob else []
+
+    def complaints(self) -> str:
+        """What the program said on standard error; machines without a sound card
+        make the sound library talk."""
+        lines = (self.folder / "stderr").read_text(errors="replace").splitlines()
+        return "\n".join(line for line in lines if not line.startswith("ALSA lib"))
+
+    def tools(self) -> list[int]:
+        """The process numbers of the tool and its ffmpeg that run for this home."""
+        found = []
+        for process in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                environment = (process / "environ").read_bytes()
+                command = (process / "cmdline").read_bytes()
+                state = (process / "stat").read_text().rpartition(")")[2].split()[0]
+            except OSError:
+                continue
+            if f"HOME={self.desktop.home}".encode() in environment and state != "Z" \
+                    and (b"yt-dlp" in command or b"ffmpeg" in command):
+                found.append(int(process.name))
+        return found
+
+    # Seeing
+
+    def _application(self):
+        from gi.repository import Atspi
+        desktop = Atspi.get_desktop(0)
+        for index in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(index)
+            if child and child.get_name() in ("quillon", "Quillon"):
+                return child
+        return None
+
+    def _find(self, node, matches):
+        from gi.repository import Atspi, GLib
+        try:
+            states = node.get_state_set()
+            if matches(node, states):
+                return node
+            for index in range(node.get_child_count()):
+                child = node.get_child_at_index(index)
+                if child and (found := self._find(child, matches)):
+                    return found
+        except GLib.Error:
+            pass  # it has just gone
+        return None
+
+    def look_for(self, name: str, enabled: bool = True):
+        """The control with this name that is shown now, or nothing."""
+        from gi.repository import Atspi
+
+        def matches(node, states):
+            return node.get_name() == name and "menu" not in node.get_role_name() and states.contains(Atspi.StateType.SHOWING) \
+                and (not enabled or states.contains(Atspi.StateType.ENABLED))
+
+        application = self._application()
+        return self._find(application, matches) if application else None
+
+    def see(self, name: str, seconds: float = 60, enabled: bool = True):
+        return wait_until(lambda: self.look_for(name, enabled), f"“{name}”", seconds)
+
+    def focused(self) -> str:
+        from gi.repository import Atspi
+        node = self._find(self._application(),
+                          lambda _node, states: states.contains(Atspi.StateType.FOCUSED)
+                          and states.contains(Atspi.StateType.FOCUSABLE)
+                          and _node.get_role_name() not in ("frame", "application", "window"))
+        return node.get_name() if node else ""
+
+    # Acting
+
+    def click(self, name: str):
+        from gi.repository import Atspi
+        control = self.see(name)
+        # It may still be moving to its place.
+        place = None
+        while place != (place := self._place(control, Atspi)):
+            self.desktop.run("sleep", "0.1")
+        self.desktop.run("xdotool", "mousemove", "--sync", str(place[0]), str(place[1]), "click", "1")
+
+    @staticmethod
+    def _place(control, atspi):
+        box = control.get_extents(atspi.CoordType.SCREEN)
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    def tab_to(self, name: str, key: str = "Tab"):
+        for _step in range(40):
+            if self.focused() == name:
+                return
+            self.desktop.keys(key)
+        raise AssertionError(f"Tab does not reach “{name}”; it is at “{self.focused()}”")

@@ -1,0 +1,52 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Stand-ins for the desktop's services on the test's own bus.
+
+They write each call as a line of JSON to the file that is their argument.
+"""
+
+import json
+import sys
+
+from gi.repository import Gio, GLib
+
+INTERFACES = """
+<node>
+  <interface name="org.freedesktop.Notifications">
+    <method name="GetCapabilities"><arg type="as" direction="out"/></method>
+    <method name="Notify">
+      <arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/>
+      <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="as" direction="in"/>
+      <arg type="a{sv}" direction="in"/><arg type="i" direction="in"/>
+      <arg type="u" direction="out"/>
+    </method>
+  </interface>
+  <interface name="org.freedesktop.FileManager1">
+    <method name="ShowItems"><arg type="as" direction="in"/><arg type="s" direction="in"/></method>
+    <method name="ShowFolders"><arg type="as" direction="in"/><arg type="s" direction="in"/></method>
+  </interface>
+</node>
+"""
+
+ANSWERS = {"GetCapabilities": GLib.Variant("(as)", (["body", "body-markup"],)),
+           "Notify": GLib.Variant("(u)", (1,))}
+PATHS = {"org.freedesktop.Notifications": "/org/freedesktop/Notifications",
+         "org.freedesktop.FileManager1": "/org/freedesktop/FileManager1"}
+
+
+def main() -> None:
+    record = open(sys.argv[1], "a", buffering=1, encoding="utf-8")
+    node = Gio.DBusNodeInfo.new_for_xml(INTERFACES)
+
+    def answer(_connection, _sender, _path, _interface, method, arguments, invocation):
+        record.write(json.dumps({"method": method, "arguments": arguments.unpack()}) + "\n")
+        invocation.return_value(ANSWERS.get(method))
+
+    def provide(connection, name):
+        connection.register_object(PATHS[name], node.lookup_interface(name), answer)
+
+    for name in PATHS:
+        Gio.bus_own_name(Gio.BusType.SESSION, name, Gio.BusNameOwnerFlags.NONE, provide, None, None)
+    GLib.MainLoop().run()
+
+
+main()
