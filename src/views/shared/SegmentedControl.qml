@@ -43,7 +43,7 @@ Rectangle {
                 required property string modelData
                 readonly property bool isCurrent: index === root.currentIndex
 
-                activeFocusOnTab: isCurrent
+                activeFocusOnTab: isCurrent || activeFocus
                 height: parent.height
                 objectName: "mode" + modelData
                 ringRadius: 6

@@ -21,11 +21,11 @@ QtObject {
     readonly property color hairline: primaryAt(0.08)
 
     // The accent as text and symbols, and as a fill under white text.
-    readonly property color accent: hasAccent ? desktopAccentText : dark ? "#5aa0ff" : "#0a66e0"
+    readonly property color accent: hasAccent ? desktopAccentText : dark ? "#5aa0ff" : "#0a5cc8"
     readonly property color accentFill: hasAccent ? desktopAccentFill : dark ? "#1f6fe5" : "#0a66e0"
     readonly property color overAccent: "#ffffff"
 
-    readonly property color red: dark ? "#ff7b72" : "#bf2626"
+    readonly property color red: dark ? "#ff7b72" : "#ad1f1f"
     readonly property color redFill: dark ? "#c93434" : "#bf2626"
     readonly property color green: dark ? "#4cc36e" : "#166b32"
     readonly property color orange: dark ? "#ffa24c" : "#984600"
