@@ -38,8 +38,7 @@ class MainJob(unittest.TestCase):
         self.assertEqual(self.person.complaints(), "")
 
     def check_pause(self, press_pause, press_resume):
-        self.person.see("Downloading")
-        wait_until(lambda: any(self.downloads.glob("*.part")), "the first bytes")
+        self.person.see_progress()
         press_pause()
         self.person.see("Paused")
         tool = next(process for process in self.person.tools()
@@ -133,8 +132,7 @@ class MainJob(unittest.TestCase):
         person.desktop.keys("Return")
         person.see(TITLE)
         person.desktop.keys("ctrl+d")
-        person.see("Downloading")
-        wait_until(lambda: any(self.downloads.glob("*.part")), "the first bytes")
+        person.see_progress()
         person.desktop.keys("ctrl+p")
         person.see("Paused")
         person.desktop.keys("ctrl+q")

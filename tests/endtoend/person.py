@@ -148,6 +148,14 @@ class Person:
         application = self._application()
         return self._find(application, matches) if application else None
 
+    def see_progress(self):
+        """A download that has reported how far it is."""
+        def matches(node, _states):
+            return node.get_name().endswith("%") and node.get_role_name() == "progress bar" \
+                and node.get_name() != "Download 0%"
+
+        wait_until(lambda: self._find(self._application(), matches), "progress")
+
     def see(self, name: str, seconds: float = 60, enabled: bool = True):
         return wait_until(lambda: self.look_for(name, enabled), f"“{name}”", seconds)
 

@@ -1,0 +1,186 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Takes the figures of docs/performance.md, each beside what it is compared with.
+
+Works on a virtual display, with the benchmark build, and prints one line a figure.
+"""
+
+import os
+import pathlib
+import re
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(ROOT / "demo"))
+
+from demo import start_site  # noqa: E402
+from desktop import Desktop, wait_until  # noqa: E402
+from scenarios import WATCH  # noqa: E402
+
+BUILD = ROOT / "build/benchmark"
+QUILLON = BUILD / "src/quillon"
+EMPTY = BUILD / "benchmarks/EmptyWindow"
+ROUNDS = 15
+FRAMES = {"QT_LOGGING_RULES": "qt.scenegraph.time.renderloop=true"}
+
+
+def watch(desktop: Desktop, program: pathlib.Path, pattern: str, **environment: str):
+    """The program with a line on standard error for each frame."""
+    log = tempfile.NamedTemporaryFile(mode="r+", prefix="quillon-frames-")
+    desktop.environment |= FRAMES | {"QT_MESSAGE_PATTERN": f"{pattern} %{{message}}"} | environment
+    process = desktop.start(str(program), stderr=log.fileno())
+    return process, pathlib.Path(log.name), log
+
+
+def frames(log: pathlib.Path) -> list[float]:
+    return [float(found[1]) for line in log.read_text(errors="replace").splitlines()
+            if (found := re.match(r"([\d.]+) .*rendered", line))]
+
+
+def start_of(desktop: Desktop, program: pathlib.Path) -> tuple[float, float]:
+    """Seconds to the first frame, and the memory (PSS, MB) a second later."""
+    process, path, log = watch(desktop, program, "%{time process}")
+    with log:
+        first = wait_until(lambda: frames(path), "a frame")[0]
+        time.sleep(1)
+        rollup = pathlib.Path(f"/proc/{process.pid}/smaps_rollup").read_text()
+        process.terminate()
+        process.wait()
+    return first, int(re.search(r"^Pss:\s+(\d+)", rollup, re.M)[1]) / 1024
+
+
+def compare_starts(desktop: Desktop, renderer: str) -> None:
+    pairs = [(start_of(desktop, QUILLON), start_of(desktop, EMPTY)) for _ in range(ROUNDS)]
+    for index, what, unit in ((0, "start to first frame", "s"), (1, "memory at first frame", "MB")):
+        ours = statistics.median(pair[0][index] for pair in pairs)
+        empty = statistics.median(pair[1][index] for pair in pairs)
+        print(f"{renderer}: {what}: {ours:.3f} {unit}, empty window {empty:.3f} {unit}, "
+              f"ratio {ours / empty:.2f}", flush=True)
+
+
+def processor_time(pid: int) -> float:
+    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+
+def start_slow_download(desktop: Desktop):
+    process, _path, log = watch(desktop, QUILLON, "%{time process}")
+    window = wait_until(lambda: desktop.window("Quillon"), "the window")
+    time.sleep(1)
+    desktop.type(WATCH + "slow")
+    desktop.keys("Return")
+    time.sleep(4)
+    desktop.keys("ctrl+d")
+    wait_until(lambda: any((desktop.home / "Downloads").glob("*.part")), "the download")
+    return process, window, log
+
+
+def measure_download(desktop: Desktop, renderer: str, hidden: bool) -> None:
+    process, window, log = start_slow_download(desktop)
+    with log:
+        if hidden:
+            desktop.run("xdotool", "windowminimize", window)
+            time.sleep(1)
+        before, began = processor_time(process.pid), time.monotonic()
+        time.sleep(60)
+        share = (processor_time(process.pid) - before) / (time.monotonic() - began)
+        process.terminate()
+        process.wait()
+    for part in (desktop.home / "Downloads").glob("*"):
+        part.unlink()
+    shown = "minimized, so without rendering" if hidden else "shown"
+    print(f"{renderer}: processor time during a 60 s download, {shown}: {share:.2%} of one core",
+          flush=True)
+
+
+def measure_card(desktop: Desktop) -> None:
+    """From the end of the tool to the next frames."""
+    process, path, log = watch(desktop, QUILLON, "%{time hhmmss.zzz}")
+    with log:
+        wait_until(lambda: desktop.window("Quillon"), "the window")
+        time.sleep(1)
+        delays = []
+        for round_ in range(ROUNDS):
+            desktop.keys("ctrl+a")
+            desktop.type(f"{WATCH}bulk{round_:04}")
+            desktop.keys("Return")
+            ended = end_of_tool(desktop.home)
+            time.sleep(1)
+            after = [frame - ended for frame in map(of_day, frames(path)) if frame >= ended]
+            delays.append(after[:2])
+        process.terminate()
+        process.wait()
+    for index, which in enumerate(("first", "second")):
+        print(f"from the tool's end to the {which} frame: "
+              f"{statistics.median(delay[index] for delay in delays) * 1000:.0f} ms", flush=True)
+
+
+def of_day(stamp: float) -> float:
+    whole = int(stamp)
+    return whole // 10000 * 3600 + whole // 100 % 100 * 60 + whole % 100 + stamp % 1
+
+
+def end_of_tool(home: pathlib.Path) -> float:
+    """When the tool that runs for this home ends, in seconds of the day."""
+    def tool():
+        for process in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                if b"--dump-json" in (process / "cmdline").read_bytes() \
+                        and f"HOME={home}".encode() in (process / "environ").read_bytes():
+                    return int(process.name)
+            except OSError:
+                pass
+        return None
+
+    descriptor = os.pidfd_open(wait_until(tool, "the tool"))
+    import select
+    select.select([descriptor], [], [])
+    now = time.time()
+    os.close(descriptor)
+    local = time.localtime(now)
+    return local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec + now % 1
+
+
+def measure_parser(desktop: Desktop) -> None:
+    recorded = desktop.home / "recorded"
+    with recorded.open("wb") as output:
+        for video in ("boat", "steady", "progressive", "fragmented", "nolength"):
+            subprocess.run(["yt-dlp", "--newline", "--no-playlist", "-f",
+                            "bestvideo[height<=720]+bestaudio/best[height<=720]",
+                            "--merge-output-format", "mp4",
+                            "-o", f"{desktop.home}/recorded-files/%(title)s.%(ext)s", WATCH + video],
+                           env=desktop.environment, stdout=output, check=True)
+    report = desktop.run(str(BUILD / "benchmarks/ParserBenchmark"), str(recorded))
+    lines = recorded.read_bytes().count(b"\n")
+    print(f"parser, {lines} recorded lines:")
+    for line in report.splitlines():
+        if "RecordedOutput" in line:
+            print("  " + re.sub(r"\s+", " ", line))
+
+
+def main() -> None:
+    chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser"}
+    with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-"))) as desktop:
+        start_site(desktop, ROOT / "build/site-media")
+        for renderer in ("llvmpipe", "software"):
+            if renderer == "software":
+                desktop.environment["QT_QUICK_BACKEND"] = "software"
+            if "start" in chosen:
+                compare_starts(desktop, renderer)
+            if "download" in chosen:
+                measure_download(desktop, renderer, hidden=False)
+                if renderer == "software":
+                    measure_download(desktop, renderer, hidden=True)
+        if "card" in chosen:
+            desktop.environment.pop("QT_QUICK_BACKEND")
+            measure_card(desktop)
+        if "parser" in chosen:
+            measure_parser(desktop)
+
+
+if __name__ == "__main__":
+    main()
