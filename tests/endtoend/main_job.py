@@ -29,6 +29,8 @@ def state_of(process: int) -> str:
 
 
 class MainJob(unittest.TestCase):
+    maxDiff = None
+
     def setUp(self):
         self.person = Person()
         self.addCleanup(self.person.close)
