@@ -38,7 +38,7 @@ def watch(desktop: Desktop, program: pathlib.Path, pattern: str, **environment: 
 
 def frames(log: pathlib.Path) -> list[float]:
     return [float(found[1]) for line in log.read_text(errors="replace").splitlines()
-            if (found := re.match(r"([\d.]+) .*rendered", line))]
+            if (found := re.match(r"\s*([\d.]+) .*frame rendered", line))]
 
 
 def start_of(desktop: Desktop, program: pathlib.Path) -> tuple[float, float]:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ReferenceDate.h"
 
+#include <QTimeZone>
+
 #include <algorithm>
 #include <cmath>
 
@@ -27,5 +29,5 @@ QDateTime ReferenceDate::toDateTime() const
     constexpr double farthest = 6e15;
     const double milliseconds = std::clamp(std::round(seconds * 1000.0), -farthest, farthest);
     return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(milliseconds) + epochOffset * 1000,
-                                          Qt::UTC);
+                                          QTimeZone::utc());
 }
