@@ -8,6 +8,7 @@ Works on a virtual display, with the benchmark build, and prints one line a figu
 import os
 import pathlib
 import re
+import select
 import statistics
 import subprocess
 import sys
@@ -25,27 +26,29 @@ BUILD = ROOT / "build/benchmark"
 QUILLON = BUILD / "src/quillon"
 EMPTY = BUILD / "benchmarks/EmptyWindow"
 ROUNDS = 15
-FRAMES = {"QT_LOGGING_RULES": "qt.scenegraph.time.renderloop=true"}
+FRAMES = {"QT_LOGGING_RULES": "qt.scenegraph.time.renderloop=true",
+          "QT_MESSAGE_PATTERN": "%{time hhmmss.zzz} %{message}"}
 
 
-def watch(desktop: Desktop, program: pathlib.Path, pattern: str, **environment: str):
+def watch(desktop: Desktop, program: pathlib.Path):
     """The program with a line on standard error for each frame."""
     log = tempfile.NamedTemporaryFile(mode="r+", prefix="quillon-frames-")
-    desktop.environment |= FRAMES | {"QT_MESSAGE_PATTERN": f"{pattern} %{{message}}"} | environment
+    desktop.environment |= FRAMES
     process = desktop.start(str(program), stderr=log.fileno())
     return process, pathlib.Path(log.name), log
 
 
 def frames(log: pathlib.Path) -> list[float]:
     return [float(found[1]) for line in log.read_text(errors="replace").splitlines()
-            if (found := re.match(r"\s*([\d.]+) .*frame rendered", line))]
+            if (found := re.match(r"\s*([\d.]+) .*frame rendered", line, re.I))]
 
 
 def start_of(desktop: Desktop, program: pathlib.Path) -> tuple[float, float]:
     """Seconds to the first frame, and the memory (PSS, MB) a second later."""
-    process, path, log = watch(desktop, program, "%{time process}")
+    began = now_of_day()
+    process, path, log = watch(desktop, program)
     with log:
-        first = wait_until(lambda: frames(path), "a frame")[0]
+        first = of_day(wait_until(lambda: frames(path), "a frame")[0]) - began
         time.sleep(1)
         rollup = pathlib.Path(f"/proc/{process.pid}/smaps_rollup").read_text()
         process.terminate()
@@ -68,7 +71,7 @@ def processor_time(pid: int) -> float:
 
 
 def start_slow_download(desktop: Desktop):
-    process, _path, log = watch(desktop, QUILLON, "%{time process}")
+    process, _path, log = watch(desktop, QUILLON)
     window = wait_until(lambda: desktop.window("Quillon"), "the window")
     time.sleep(1)
     desktop.type(WATCH + "slow")
@@ -99,7 +102,7 @@ def measure_download(desktop: Desktop, renderer: str, hidden: bool) -> None:
 
 def measure_card(desktop: Desktop) -> None:
     """From the end of the tool to the next frames."""
-    process, path, log = watch(desktop, QUILLON, "%{time hhmmss.zzz}")
+    process, path, log = watch(desktop, QUILLON)
     with log:
         wait_until(lambda: desktop.window("Quillon"), "the window")
         time.sleep(1)
@@ -117,6 +120,12 @@ def measure_card(desktop: Desktop) -> None:
     for index, which in enumerate(("first", "second")):
         print(f"from the tool's end to the {which} frame: "
               f"{statistics.median(delay[index] for delay in delays) * 1000:.0f} ms", flush=True)
+
+
+def now_of_day() -> float:
+    now = time.time()
+    local = time.localtime(now)
+    return local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec + now % 1
 
 
 def of_day(stamp: float) -> float:
@@ -137,12 +146,10 @@ def end_of_tool(home: pathlib.Path) -> float:
         return None
 
     descriptor = os.pidfd_open(wait_until(tool, "the tool"))
-    import select
     select.select([descriptor], [], [])
-    now = time.time()
+    now = now_of_day()
     os.close(descriptor)
-    local = time.localtime(now)
-    return local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec + now % 1
+    return now
 
 
 def measure_parser(desktop: Desktop) -> None:

@@ -7,6 +7,7 @@ WATCH = "https://www.youtube.com/watch?v="
 
 TITLES = {
     "boat": "Building a wooden boat from scratch, part 4: planking the hull",
+    "caulking": "Building a wooden boat from scratch, part 5: caulking the seams",
     "nocturne": "Nocturne in E-flat major, live recording",
     "bridges": "How bridges carry load",
     "quotes": "She said \"yes\" and 'no'",
@@ -23,6 +24,7 @@ TITLES = {
 # How the site serves a video's files; the rest of the ids serve them well.
 SERVING = {
     "steady": "rate=800000",
+    "caulking": "rate=800000",
     "slow": "rate=60000",
     "trickle": "rate=20000",
     "missing": "status=404",

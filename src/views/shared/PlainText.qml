@@ -8,6 +8,7 @@ Text {
 
     color: Theme.primary
     elide: Text.ElideRight
+    horizontalAlignment: Text.AlignLeft // also where the text runs from right to left
     font.pixelSize: size
     textFormat: Text.PlainText
     verticalAlignment: Text.AlignVCenter
