@@ -245,9 +245,10 @@ private Q_SLOTS:
             const QColor surface = color(surfaceName);
             for (const char *name : {"primary", "secondary", "accent", "red", "green", "orange"}) {
                 const double contrast = contrastRatio(over(color(name), surface), surface);
-                QVERIFY2(contrast >= 4.5, qPrintable(u"%1 on %2: %3"_s.arg(
-                                              QLatin1String(name), QLatin1String(surfaceName))
-                                                         .arg(contrast)));
+                QVERIFY2(contrast >= 4.5,
+                         qPrintable(
+                             u"%1 on %2: %3"_s.arg(QLatin1String(name), QLatin1String(surfaceName))
+                                 .arg(contrast)));
             }
             QVERIFY(contrastRatio(white, over(color("redFill"), surface, 0.88F)) >= 4.5);
             for (const char *name : {"accent", "red", "green", "orange"}) {
@@ -293,10 +294,10 @@ private Q_SLOTS:
                 break;
             reached.append(name);
         }
-        const QStringList expected{u"clearField"_s,  u"submit"_s,      u"format0"_s,
-                                   u"format1"_s,     u"qualityBest"_s, u"quality4K"_s,
+        const QStringList expected{u"clearField"_s,   u"submit"_s,       u"format0"_s,
+                                   u"format1"_s,      u"qualityBest"_s,  u"quality4K"_s,
                                    u"quality1440p"_s, u"quality1080p"_s, u"quality720p"_s,
-                                   u"quality480p"_s, u"quality360p"_s, u"download"_s};
+                                   u"quality480p"_s,  u"quality360p"_s,  u"download"_s};
         QCOMPARE(reached.mid(0, expected.size()), expected);
     }
 

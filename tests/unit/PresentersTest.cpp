@@ -337,12 +337,11 @@ private Q_SLOTS:
         DownloadSectionModel section(state());
         state().singleInfo = StateFixture::video(u"a"_s);
         for (const bool wasDone : {true, false}) {
-            state().downloadStatus = wasDone ? DownloadUIStatus::done(u"/d"_s)
-                                             : DownloadUIStatus::failed(u"no"_s);
+            state().downloadStatus =
+                wasDone ? DownloadUIStatus::done(u"/d"_s) : DownloadUIStatus::failed(u"no"_s);
             QList<DownloadUIStatus::Case> kinds;
-            const auto watch = connect(&state(), &AppState::downloadStatusChanged, &state(), [&] {
-                kinds.append(state().downloadStatus().kind());
-            });
+            const auto watch = connect(&state(), &AppState::downloadStatusChanged, &state(),
+                                       [&] { kinds.append(state().downloadStatus().kind()); });
             section.download();
             disconnect(watch);
             QCOMPARE(kinds.contains(DownloadUIStatus::Case::idle), wasDone);
