@@ -10,6 +10,7 @@ import subprocess
 import unittest
 
 from person import WATCH, Person, wait_until
+from scenarios import TITLES
 
 LEADING = ["--extractor-args", "youtube:player_client=tv_embedded"]
 TITLE = "Test video steady"
@@ -30,9 +31,10 @@ def state_of(process: int) -> str:
 
 class MainJob(unittest.TestCase):
     maxDiff = None
+    preferences: dict | None = None
 
     def setUp(self):
-        self.person = Person()
+        self.person = Person(self.preferences)
         self.addCleanup(self.person.close)
         self.downloads = self.person.desktop.home / "Downloads"
 
@@ -186,10 +188,58 @@ class MainJob(unittest.TestCase):
             "Failed to fetch info: ERROR: [youtube] private: Private video. "
             "Sign in if you've been granted access to this video\n"), "the error")
 
+    def download(self, video: str, title: str, end: str):
+        person = self.person
+        person.desktop.keys("ctrl+a")
+        person.desktop.type(WATCH + video)
+        person.desktop.keys("Return")
+        person.see(title)
+        person.desktop.keys("ctrl+d")
+        person.see(end, 120)
+
+    def test_odd_titles_are_saved_and_recorded(self):
+        odd = ("quotes", "slashes", "emoji", "rtl", "cjk", "percent", "angles")
+        for count, video in enumerate(odd, 1):
+            self.download(video, TITLES[video], "Complete")
+            wait_until(lambda: len(self.person.history()) == count, "the record")
+            record = self.person.history()[0]
+            self.assertEqual(record["title"], TITLES[video])
+            self.assertEqual(probe(pathlib.Path(record["savedPath"]))["height"], 1080)
+
+    def test_a_title_like_the_tools_own_output_saves_without_a_path(self):
+        # Each line that names the file reads as progress, so no path is known.
+        self.download("likeoutput", TITLES["likeoutput"], "Complete")
+        wait_until(self.person.history, "the record")
+        self.assertNotIn("savedPath", self.person.history()[0])
+        self.assertEqual(len(list(self.downloads.glob("*.mp4"))), 1)
+
+    def test_a_title_too_long_for_a_file_fails_and_leaves_nothing(self):
+        self.download("long", TITLES["long"].strip(), "Failed")
+        self.assertEqual(self.person.history(), [])
+        self.assertEqual(list(self.downloads.glob("*.mp4")), [])
+
     def test_a_second_start_brings_the_first_forward(self):
         second = self.person.desktop.start(str(self.person.program.args[0]))
         self.assertEqual(second.wait(timeout=30), 0)
         self.assertIsNone(self.person.program.poll())
+
+
+class FolderThatIsNotThereYet(MainJob):
+    preferences = {"quillon.downloadDir": " ~/Films/new "}
+
+    def test_is_made_below_home(self):
+        self.download("progressive", "Test video progressive", "Complete")
+        path = self.person.desktop.home / "Films/new/Test video progressive.mp4"
+        self.assertEqual(probe(path), {"video": "h264", "audio": "aac", "height": 360})
+
+
+class FolderThatCannotBeWritten(MainJob):
+    preferences = {"quillon.downloadDir": "/dev/null/films"}
+
+    def test_fails_the_run(self):
+        self.download("progressive", "Test video progressive", "Failed")
+        self.assertEqual(self.person.history(), [])
+        self.assertEqual(self.person.services("Notify"), [])
 
 
 if __name__ == "__main__":

@@ -28,11 +28,15 @@ WATCH = "https://www.youtube.com/watch?v="
 class Person:
     """With a desktop, a video site, a recording tool and Quillon of their own."""
 
-    def __init__(self):
+    def __init__(self, preferences: dict | None = None):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillon-test-"))
         self.desktop = Desktop(self.folder / "home")
         self.desktop.callback(shutil.rmtree, self.folder, ignore_errors=True)
         try:
+            if preferences:
+                folder = self.desktop.home / ".config/quillon"
+                folder.mkdir(parents=True)
+                (folder / "preferences.json").write_text(json.dumps(preferences))
             self._prepare()
         except BaseException:
             self.desktop.close()
