@@ -6,8 +6,8 @@ from media import HEIGHTS, SECONDS
 WATCH = "https://www.youtube.com/watch?v="
 
 TITLES = {
-    "boat": "Building a wooden boat from scratch, part 4: planking the hull",
-    "caulking": "Building a wooden boat from scratch, part 5: caulking the seams",
+    "boat": "Building a wooden boat, day 4: planking the hull",
+    "caulking": "Building a wooden boat, day 5: caulking the seams",
     "nocturne": "Nocturne in E-flat major, live recording",
     "bridges": "How bridges carry load",
     "quotes": "She said \"yes\" and 'no'",
