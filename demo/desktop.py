@@ -32,10 +32,10 @@ class Desktop(contextlib.ExitStack):
         home.mkdir(parents=True, exist_ok=True)
         runtime = tempfile.mkdtemp(prefix="quillon-run-")
         self.callback(shutil.rmtree, runtime, ignore_errors=True)
-        inherited = ("PATH", "LANG", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS",
+        inherited = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS",
                      "UBSAN_OPTIONS", "QT_QUICK_BACKEND", "XAUTHORITY", "WAYLAND_DISPLAY")
         self.environment = {name: os.environ[name] for name in inherited if name in os.environ}
-        self.environment |= {"HOME": str(home), "XDG_RUNTIME_DIR": runtime,
+        self.environment |= {"LANG": "C.UTF-8", "HOME": str(home), "XDG_RUNTIME_DIR": runtime,
                              "NO_AT_BRIDGE": "0", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         try:
             self.environment["DISPLAY"] = display or self._start_display(size)

@@ -5,11 +5,17 @@ say() {
     printf '\033[1m==>\033[0m %s\n' "$*"
 }
 
+# Whether this release has the package.
+is_offered() {
+    apt-cache show "$1" >/dev/null 2>&1
+}
+
 # install_packages GROUP...: installs what is missing of these groups.
 install_packages() {
     local groups=" $* " group package missing=()
     while read -r group package; do
-        [[ -n $package && $groups == *" $group "* ]] || continue
+        [[ -n $package && $groups == *" ${group%\?} "* ]] || continue
+        [[ $group != *\? ]] || is_offered "$package" || continue
         dpkg-query -W -f '${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^.i' || missing+=("$package")
     done < <(grep -v '^#' packages.txt)
     if ((${#missing[@]} == 0)); then

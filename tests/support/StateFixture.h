@@ -67,4 +67,4 @@ struct StateFixture
 };
 
 /// Waits for a condition while events are handled; generous, for slow machines.
-#define WAIT_FOR(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 30'000)
+#define WAIT_FOR(condition) QVERIFY(QTest::qWaitFor([&] { return bool(condition); }, 30000))

@@ -72,7 +72,7 @@ private Q_SLOTS:
         program.kill();
         QVERIFY(program.waitForFinished());
         for (const qint64 process : tool.processIdentifiers())
-            QTRY_VERIFY_WITH_TIMEOUT(!isAlive(process), 2000);
+            QVERIFY(QTest::qWaitFor([&] { return !isAlive(process); }, 2000));
     }
 
 private:
