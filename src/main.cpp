@@ -51,7 +51,7 @@ int main(int argc, char *argv[])
     chooseFont();
 
     Preferences &preferences = Preferences::standard();
-    const SingleInstance instance(QFileInfo(preferences.path()).path());
+    SingleInstance instance(QFileInfo(preferences.path()).path());
     if (!instance.isFirst())
         return 0;
 
@@ -73,5 +73,7 @@ int main(int argc, char *argv[])
     }
     QObject::connect(&instance, &SingleInstance::activationRequested, &engine,
                      [&engine] { bringForward(engine); });
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    instance.stopListening();
+    return status;
 }

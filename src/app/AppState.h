@@ -181,6 +181,7 @@ private:
     void takeProcessing();
     void setLastReport(Report report);
     void endRun(const DownloadUIStatus &status);
+    void continueStopped();
 
     /// Starts a coroutine from the event loop's next turn and looks after it;
     /// `start` is not called when the state has begun to close.

@@ -203,7 +203,8 @@ void Preferences::write()
     QDir().mkpath(QFileInfo(m_path).path());
     if (m_isDamaged) {
         // Whatever can still be saved of it is the user's.
-        QFile::rename(m_path, asideName(m_path));
+        if (!QFile::rename(m_path, asideName(m_path)) && QFile::exists(m_path))
+            return;
         m_isDamaged = false;
     }
     QSaveFile file(m_path);

@@ -6,6 +6,7 @@
 #include "DownloadFolder.h"
 #include "HomeDirectory.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 bool AppState::isMixedURL() const
@@ -23,7 +24,7 @@ void AppState::revealInFinder(const QString &path)
     if (QFileInfo::exists(path))
         m_platform.fileViewer->select(path);
     else
-        m_platform.fileViewer->openFolder(QFileInfo(path).path());
+        m_platform.fileViewer->openFolder(QFileInfo(QDir::cleanPath(path)).path());
 }
 
 void AppState::sendCompleteNotification(const QString &title, qint64 count)

@@ -7,6 +7,9 @@
 
 namespace {
 
+constexpr int answerTimeout = 1000; // ms
+constexpr int endTimeout = 5000;    // ms; longer than an orderly end takes
+
 QString runtimePath(const QString &preferencesFolder)
 {
     const QByteArray key =
@@ -28,8 +31,11 @@ SingleInstance::SingleInstance(const QString &preferencesFolder)
     if (!m_isFirst) {
         QLocalSocket running;
         running.connectToServer(m_socketName);
-        running.waitForConnected(1000);
-        return;
+        if (running.waitForConnected(answerTimeout))
+            return;
+        m_isFirst = m_lock.tryLock(endTimeout);
+        if (!m_isFirst)
+            return;
     }
     QLocalServer::removeServer(m_socketName); // what a crash left
     m_server.setSocketOptions(QLocalServer::UserAccessOption);

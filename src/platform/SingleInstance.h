@@ -18,6 +18,9 @@ public:
     /// forward.
     [[nodiscard]] bool isFirst() const { return m_isFirst; }
 
+    /// This one is about to end: a start from now on waits for that and is first.
+    void stopListening() { m_server.close(); }
+
 Q_SIGNALS:
     /// A second start was made.
     void activationRequested();

@@ -94,7 +94,7 @@ void SystemAppearance::takeSetting(const QString &group, const QString &key,
     } else if (group == appearanceGroup && key == u"reduced-motion") {
         m_reducesMotion = setting.toUInt() == 1;
     } else if (group == interfaceGroup && key == u"enable-animations") {
-        m_reducesMotion = !setting.toBool();
+        m_animates = setting.toBool();
     } else {
         return;
     }

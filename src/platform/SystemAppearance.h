@@ -25,7 +25,7 @@ public:
     [[nodiscard]] QColor accent() const { return m_accent; }
 
     /// Whether the user wants no animations.
-    [[nodiscard]] bool reducesMotion() const { return m_reducesMotion; }
+    [[nodiscard]] bool reducesMotion() const { return m_reducesMotion || !m_animates; }
 
 Q_SIGNALS:
     void changed();
@@ -41,5 +41,6 @@ private:
 
     std::optional<bool> m_portalIsDark; // unset: the portal has no opinion
     QColor m_accent;
-    bool m_reducesMotion = false;
+    bool m_reducesMotion = false; // as the portal says
+    bool m_animates = true;       // as the desktop's own setting says
 };

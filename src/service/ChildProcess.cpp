@@ -95,9 +95,11 @@ void ChildProcess::handleFinished(int status, QProcess::ExitStatus exitStatus)
 {
     m_ending.status = status;
     m_ending.wasSignalled = exitStatus == QProcess::CrashExit;
-    m_ending.mayHaveOrphans = m_ending.wasSignalled && !m_isEnding;
     m_onOutput(m_process.readAllStandardOutput());
     m_ending.standardError += m_process.readAllStandardError();
+    // A tool that was killed, by whomever, leaves children that nobody else ends.
+    if (m_ending.wasSignalled && isProcessGroupAlive(m_handle->processIdentifier()))
+        end();
     if (m_isEnding)
         m_groupWatch.start();
     else

@@ -20,8 +20,6 @@ struct ProcessEnding
     int status = 0;
     bool wasSignalled = false;
     QByteArray standardError; ///< whole
-    /// Somebody else killed the process; what it had started may go on.
-    bool mayHaveOrphans = false;
 
     [[nodiscard]] bool isSuccess() const
     {

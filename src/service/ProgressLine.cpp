@@ -5,6 +5,8 @@
 
 #include <QRegularExpression>
 
+#include <cmath>
+
 namespace ProgressLine {
 
 namespace {
@@ -24,7 +26,8 @@ struct Expressions
 Progress progressFrom(const QRegularExpressionMatch &match)
 {
     const QString eta = match.captured(3);
-    return {.fraction = match.captured(1).toDouble() / 100,
+    const double percent = match.captured(1).toDouble();
+    return {.fraction = std::isfinite(percent) ? percent / 100 : 0,
             .speed = match.captured(2),
             .eta = eta == u"Unknown" ? QStringLiteral("--") : eta};
 }

@@ -188,9 +188,8 @@ void YTDLPService::download(const QStringList &arguments,
                 completion(output->savedPath());
                 return;
             }
-            // The next run would take such a file for a finished download. An
-            // orphan that still writes it makes it whole.
-            if (!ending.mayHaveOrphans && !output->halfMadeFile().isEmpty())
+            // The next run would take such a file for a finished download.
+            if (!output->halfMadeFile().isEmpty())
                 QFile::remove(output->halfMadeFile());
             completion(YTDLPError::downloadFailed(messageOf(ending)));
         });

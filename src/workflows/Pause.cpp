@@ -16,9 +16,14 @@ void AppState::togglePause()
     }
     if (active)
         active->send(SIGCONT);
+    continueStopped();
+    isPaused = false;
+}
+
+void AppState::continueStopped()
+{
     // A run that another one has pushed out of the slot would stay stopped.
     for (const auto &process : std::as_const(m_stopped))
         process->send(SIGCONT);
     m_stopped.clear();
-    isPaused = false;
 }

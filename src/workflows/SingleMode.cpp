@@ -102,6 +102,7 @@ QCoro::Task<> AppState::downloadTask(SingleRun singleRun, qsizetype position)
 
 void AppState::resetDownload()
 {
+    continueStopped(); // without the flag there would be no way to do so
     downloadStatus = DownloadUIStatus::idle();
     downloadProgress = 0;
     downloadSpeed = QString();

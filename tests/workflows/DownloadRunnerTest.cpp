@@ -265,13 +265,16 @@ private Q_SLOTS:
         QCOMPARE(download.outcome().error(), u"Download failed: No space left on device\n"_s);
     }
 
-    void aFileThatAnOrphanStillWritesIsLeftToIt()
+    void aToolThatIsKilledTakesItsChildAndTheHalfMadeFileAlong()
     {
         m_tool->setScript("echo half > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\nkill -9 $$");
+                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
+                          "sh -c 'while :; do sleep 0.05; done' &\n"
+                          "echo $! > \"$DIR/child\"\nkill -9 $$");
         const Download download(*m_service);
         WAIT_FOR(download.outcome().isSettled());
-        QVERIFY(QFile::exists(m_tool->file(u"a.mp3"_s)));
+        QVERIFY(!isAlive(contentOf(m_tool->file(u"child"_s)).trimmed().toLongLong()));
+        QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
 private:

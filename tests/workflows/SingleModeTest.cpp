@@ -472,6 +472,17 @@ private Q_SLOTS:
         WAIT_FOR(m_fixture->hasEnded());
     }
 
+    void aResetWhilePausedLetsTheRunGoOn()
+    {
+        startStoppable();
+        state().togglePause();
+        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        state().resetDownload();
+        WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
+        tool().open("go");
+        WAIT_FOR(!state().history().isEmpty());
+    }
+
     // The end of the program
 
     void destroyedInMidDownloadNothingGoesOn()

@@ -24,18 +24,20 @@ MenuBar {
         leftPadding: 12
         rightPadding: 12
 
+        Accessible.name: text.replace("&", "")
+
         background: Rectangle {
             color: item.highlighted || item.hovered ? Theme.primaryAt(0.08) : "transparent"
         }
         contentItem: PlainText {
-            text: item.text
+            text: item.text.replace("&", "")
 
             Accessible.ignored: true
         }
     }
 
     AppMenu {
-        title: "Quillon"
+        title: "&Quillon"
 
         Action {
             enabled: false // its window is not there yet
@@ -53,7 +55,7 @@ MenuBar {
     }
 
     AppMenu {
-        title: "Download"
+        title: "&Download"
 
         Action {
             shortcut: "Ctrl+F"

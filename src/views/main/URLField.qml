@@ -38,10 +38,17 @@ FocusScope {
 
         background: Rectangle {
             border.color: root.urlFocused ? Theme.at(Theme.accent, 0.7) : Theme.hairline
+            border.pixelAligned: false
             border.width: root.urlFocused ? 1.5 : 1
             color: Theme.card
             radius: Theme.radius
 
+            Behavior on border.width {
+                NumberAnimation {
+                    duration: Theme.brief
+                    easing.type: Easing.InOutQuad
+                }
+            }
             Behavior on border.color {
                 ColorAnimation {
                     duration: Theme.brief

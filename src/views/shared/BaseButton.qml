@@ -29,8 +29,14 @@ T.AbstractButton {
 
     Accessible.onPressAction: if (enabled)
         root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: event => {
+        if (!event.isAutoRepeat)
+            root.clicked();
+    }
+    Keys.onReturnPressed: event => {
+        if (!event.isAutoRepeat)
+            root.clicked();
+    }
 
     FocusRing {
         innerRadius: root.ringRadius

@@ -12,7 +12,7 @@ Rectangle {
     implicitHeight: label.implicitHeight + 22
     radius: Theme.radius
 
-    Accessible.name: message
+    Accessible.name: message.slice(0, 4000)
     Accessible.role: Accessible.AlertMessage
 
     SymbolIcon {
@@ -35,7 +35,7 @@ Rectangle {
         anchors.rightMargin: 14
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.overAccent
-        maximumLineCount: 6
+        maximumLineCount: 60
         // The tool ends its messages with a line break, which is no line to show.
         text: root.message.trim()
         wrapMode: Text.Wrap

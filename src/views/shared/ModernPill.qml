@@ -25,13 +25,27 @@ BaseButton {
     background: Rectangle {
         border.color: root.isSelected ? "transparent" : Theme.primaryAt(0.12)
         border.width: 1
-        color: root.isSelected ? Theme.accentFill : Theme.primaryAt(root.isHovered ? 0.08 : 0.05)
+        color: Theme.primaryAt(root.isHovered ? 0.08 : 0.05)
         radius: Theme.radius
 
         Behavior on color {
             ColorAnimation {
-                duration: root.isHovered ? Theme.quick : Theme.pill
+                duration: Theme.quick
                 easing.type: Easing.InOutQuad
+            }
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            color: Theme.accentFill
+            opacity: root.isSelected ? 1 : 0
+            radius: parent.radius
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: Theme.pill
+                    easing.type: Easing.InOutQuad
+                }
             }
         }
     }

@@ -7,10 +7,26 @@ import Quillon.Shared
 Column {
     id: root
 
+    property bool keyboardIsHere: false
+
     spacing: 14
 
     DownloadSectionModel {
         id: section
+    }
+
+    // The keyboard stays where the work goes on: a button that goes or is disabled
+    // would take it along.
+    Connections {
+        function onChanged() {
+            if (root.keyboardIsHere && section.isDownloading && !pause.activeFocus)
+                pause.forceActiveFocus(Qt.TabFocusReason);
+            else if (pause.activeFocus && !section.isDownloading)
+                (section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason);
+            root.keyboardIsHere = false;
+        }
+
+        target: section
     }
 
     Divider {
@@ -29,6 +45,8 @@ Column {
             spacing: 10
 
             PushButton {
+                id: download
+
                 busy: section.isDownloading
                 enabled: !section.isDisabled
                 height: parent.height
@@ -37,13 +55,18 @@ Column {
                 symbol: "arrow.down.circle.fill"
                 text: section.buttonLabel
 
-                onClicked: section.download()
+                onClicked: {
+                    root.keyboardIsHere = visualFocus;
+                    section.download();
+                }
             }
 
             Reveal {
                 shown: section.isDownloading
 
                 PushButton {
+                    id: pause
+
                     height: actions.height
                     help: section.pauseHelp
                     iconSize: 14
@@ -55,14 +78,19 @@ Column {
                 }
             }
 
-            PushButton {
-                height: parent.height
-                objectName: "showInFinder"
-                symbol: "folder.fill"
-                text: "Show in Finder"
-                visible: section.isDone
+            Reveal {
+                shown: section.isDone
 
-                onClicked: section.showInFinder()
+                PushButton {
+                    id: show
+
+                    height: actions.height
+                    objectName: "showInFinder"
+                    symbol: "folder.fill"
+                    text: "Show in Finder"
+
+                    onClicked: section.showInFinder()
+                }
             }
         }
 
