@@ -49,8 +49,8 @@ class MainJob(unittest.TestCase):
                     if b"yt-dlp" in pathlib.Path(f"/proc/{process}/cmdline").read_bytes())
         wait_until(lambda: state_of(tool) == "T", "the tool to stop")
         press_resume()
-        self.person.see("Downloading")
-        wait_until(lambda: state_of(tool) != "T", "the tool to go on")
+        wait_until(lambda: not self.person.look_for("Paused"), "the chip to go on")
+        wait_until(lambda: tool not in self.person.tools() or state_of(tool) != "T", "the tool to go on")
 
     def check_video(self):
         wait_until(lambda: len(self.person.history()) == 1, "the record")
