@@ -161,7 +161,7 @@ void Preferences::load()
     const QStringList keys = m_values.keys();
     for (const QString &key : keys) {
         if (const auto bytes = blobFrom(m_values[key])) {
-            m_blobs[key] = [bytes] { return bytes; };
+            m_blobs[key] = [content = *bytes] { return std::optional(content); };
             m_values.remove(key);
         }
     }
