@@ -25,7 +25,7 @@ from scenarios import WATCH  # noqa: E402
 BUILD = ROOT / "build/benchmark"
 QUILLON = BUILD / "src/quillon"
 EMPTY = BUILD / "benchmarks/EmptyWindow"
-ROUNDS = 15
+ROUNDS = 9
 FRAMES = {"QT_LOGGING_RULES": "qt.scenegraph.time.renderloop=true",
           "QT_MESSAGE_PATTERN": "%{time hhmmss.zzz} %{message}"}
 
