@@ -98,7 +98,7 @@ void SystemAppearance::takeSetting(const QString &group, const QString &key,
     } else {
         return;
     }
-    Q_EMIT changed();
+    Q_EMIT changed(); // NOLINT(readability-misleading-indentation): it is not
 }
 
 void SystemAppearance::readSettings()
