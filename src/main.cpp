@@ -10,10 +10,12 @@
 
 #include <QFileInfo>
 #include <QFont>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
+#include <QThreadPool>
 
 namespace {
 
@@ -25,6 +27,15 @@ void chooseFont()
         font.setFamilies({QStringLiteral("Inter"), font.family()});
         QGuiApplication::setFont(font);
     }
+}
+
+// Reading the system's fonts is a good part of the start; it goes on beside the
+// loading of the views.
+void readFontsAhead()
+{
+    QThreadPool::globalInstance()->start([font = QGuiApplication::font()] {
+        QFontMetricsF(font).horizontalAdvance(QGuiApplication::applicationDisplayName());
+    });
 }
 
 void bringForward(const QQmlApplicationEngine &engine)
@@ -49,6 +60,7 @@ int main(int argc, char *argv[])
     const QGuiApplication application(argc, argv);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
     chooseFont();
+    readFontsAhead();
 
     Preferences &preferences = Preferences::standard();
     SingleInstance instance(QFileInfo(preferences.path()).path());

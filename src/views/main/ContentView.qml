@@ -29,7 +29,7 @@ FocusScope {
             active: AppState.showSettings
             width: parent.width
 
-            sourceComponent: SettingsPanelView {}
+            source: "SettingsPanelView.qml"
         }
 
         URLInputView {
@@ -81,7 +81,7 @@ FocusScope {
             width: page.width
             y: 4
 
-            sourceComponent: mode.isSingle ? single : mode.isMulti ? multi : browse
+            source: mode.isSingle ? "SingleModeView.qml" : mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
         }
 
         Connections {
@@ -93,23 +93,5 @@ FocusScope {
 
             target: root.Window.window
         }
-    }
-
-    Component {
-        id: single
-
-        SingleModeView {}
-    }
-
-    Component {
-        id: multi
-
-        MultiModeView {}
-    }
-
-    Component {
-        id: browse
-
-        BrowseModeView {}
     }
 }

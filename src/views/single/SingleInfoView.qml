@@ -10,20 +10,29 @@ Column {
     spacing: 12
     topPadding: 4
 
+    // What leaves keeps its look until it has left.
+    property videoInfo info
+
     SingleModeModel {
         id: model
     }
 
+    Binding on info {
+        restoreMode: Binding.RestoreNone
+        value: model.info
+        when: model.hasInfo
+    }
+
     VideoInfoCardView {
-        info: model.info
-        visible: !model.info.isPlaylist
+        info: root.info
+        visible: !root.info.isPlaylist
         width: root.width
     }
 
     PlaylistInfoView {
-        info: model.info
+        info: root.info
         selectionCount: model.selectionCount
-        visible: model.info.isPlaylist
+        visible: root.info.isPlaylist
         width: root.width
     }
 

@@ -49,18 +49,17 @@ Column {
         }
     }
 
-    Loader {
-        active: model.hasInfo
-        opacity: active ? 1 : 0
+    Reveal {
+        id: infoSection
+
+        shown: model.hasInfo
         width: root.innerWidth
 
-        Behavior on opacity {
-            NumberAnimation {
-                duration: Theme.calm
-                easing.type: Easing.InOutQuad
-            }
-        }
+        Loader {
+            active: infoSection.presence > 0
+            width: root.innerWidth
 
-        sourceComponent: SingleInfoView {}
+            sourceComponent: SingleInfoView {}
+        }
     }
 }
