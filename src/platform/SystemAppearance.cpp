@@ -63,6 +63,7 @@ SystemAppearance::SystemAppearance()
             &SystemAppearance::changed);
 #endif
     qGuiApp->installEventFilter(this);
+    qRegisterMetaType<QDBusVariant>(); // else the connection is refused, without a word
     QDBusConnection::sessionBus().connect(portalService, portalPath, settingsInterface,
                                           QStringLiteral("SettingChanged"), this,
                                           SLOT(takeSetting(QString, QString, QDBusVariant)));

@@ -224,6 +224,13 @@ class MainJob(unittest.TestCase):
         self.assertIsNone(self.person.program.poll())
 
 
+    def test_the_colours_follow_the_desktop_while_the_window_is_open(self):
+        person = self.person
+        wait_until(lambda: person.background() == "#ECECEE", "light colours")
+        person.desktop_services.send_signal(signal.SIGUSR1)
+        wait_until(lambda: person.background() == "#1E1E20", "dark colours")
+
+
 class FolderThatIsNotThereYet(MainJob):
     preferences = {"quillon.downloadDir": " ~/Films/new "}
 

@@ -5,6 +5,7 @@ mouse and keyboard."""
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -49,8 +50,10 @@ class Person:
                                   str(self.desktop.home), "--media", str(MEDIA),
                                   stdout=subprocess.PIPE)
         site.stdout.readline()
-        self.desktop.start(sys.executable, str(ROOT / "tests/endtoend/services.py"),
-                           str(self.folder / "services"), stderr=None)
+        self.desktop_services = self.desktop.start(
+            sys.executable, str(ROOT / "tests/endtoend/services.py"),
+            str(self.folder / "services"), stderr=None)
+        wait_until(self._has_portal, "the desktop's services")
         self.start_program()
 
     def _install_recorder(self):
@@ -73,6 +76,11 @@ class Person:
         self.desktop.run("xdotool", "windowsize", "--sync", self.window, "960", "720")
         self.desktop.run("xdotool", "windowfocus", "--sync", self.window)
         self.see("Paste a YouTube URL...")
+
+    def _has_portal(self) -> bool:
+        return "org.freedesktop.portal.Desktop" in self.desktop.run(
+            "dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+            "org.freedesktop.DBus.ListNames")
 
     def close(self):
         self.desktop.close()
@@ -151,6 +159,12 @@ class Person:
 
         application = self._application()
         return self._find(application, matches) if application else None
+
+    def background(self) -> str:
+        """The colour of the window where there is nothing on it."""
+        pixel = self.desktop.run("import", "-window", self.window, "-crop", "1x1+4+640",
+                                 "-depth", "8", "txt:-")
+        return re.search(r"#[0-9A-F]{6}", pixel)[0]
 
     def see_progress(self):
         """A download that has reported how far it is."""

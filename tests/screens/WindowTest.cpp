@@ -1,75 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "AccentColors.h"
-#include "Appearance.h"
-#include "QmlTypes.h"
-#include "StateFixture.h"
-#include "SystemAppearance.h"
-#include "ThumbnailProvider.h"
+#include "WindowFixture.h"
 
-#include <QQmlApplicationEngine>
-#include <QQmlComponent>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Without a picture: one that cannot be had makes Qt warn.
-VideoInfo video()
-{
-    VideoInfo info = StateFixture::video(u"a"_s);
-    info.thumbnailURL = QString();
-    return info;
-}
-
-} // namespace
-
-/// The real window on a fake tool, driven by clicks and keys. One engine for all
-/// tests, as in the program.
-class WindowTest : public QObject
+/// The main job and what surrounds it.
+class WindowTest : public WindowFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_fixture.state.reset();
-        m_app = std::make_unique<QuillonApp>(m_fixture.parts());
-        m_appearance = std::make_unique<Appearance>(*m_fixture.preferences, m_system);
-        AppStateForQml::instance = &m_app->state();
-        m_engine = std::make_unique<QQmlApplicationEngine>();
-        m_engine->addImportPath(u"qrc:/qt/qml"_s);
-        m_engine->addImageProvider(u"thumbnail"_s, new ThumbnailProvider);
-        m_engine->setInitialProperties(
-            {{u"app"_s, QVariant::fromValue(m_app.get())},
-             {u"appearance"_s, QVariant::fromValue(m_appearance.get())}});
-        m_engine->load(u"qrc:/qt/qml/Quillon/Main.qml"_s);
-        m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
-    }
-
-    void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
-
-    void cleanup()
-    {
-        WAIT_FOR(!state().isDownloading() && !state().isFetching());
-        state().singleURL = QString();
-        state().singleInfo = AppState::Info();
-        state().fetchError = AppState::Text();
-        state().resetDownload();
-        state().mode = AppMode::single;
-        state().showSettings = false;
-        m_fixture.tool.setScript("exit 0");
-    }
-
-    void cleanupTestCase()
-    {
-        m_engine.reset();
-        m_app.reset();
-    }
-
     void theContentHasItsMinimumBelowTheMenuBar()
     {
         QCOMPARE(m_window->minimumWidth(), 880);
@@ -213,52 +150,6 @@ private Q_SLOTS:
         QCOMPARE(m_appearance->colorSchemeRaw(), u"system"_s);
     }
 
-    void everyTextOfTheThemeCanBeRead_data()
-    {
-        QTest::addColumn<bool>("dark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
-    }
-
-    void everyTextOfTheThemeCanBeRead()
-    {
-        QFETCH(bool, dark);
-        QQmlComponent component(m_engine.get());
-        component.setData("import QtQml; import Quillon.Shared\n"
-                          "QtObject { property QtObject theme: Theme }",
-                          {});
-        const std::unique_ptr<QObject> holder(component.create());
-        QVERIFY2(holder, qPrintable(component.errorString()));
-        auto *const theme = holder->property("theme").value<QObject *>();
-        theme->setProperty("dark", dark);
-        const auto color = [&](const char *name) { return theme->property(name).value<QColor>(); };
-        const auto over = [](const QColor &top, const QColor &bottom, float opacity = 1) {
-            const float alpha = top.alphaF() * opacity;
-            const auto mix = [alpha](float a, float b) { return a * alpha + b * (1 - alpha); };
-            return QColor::fromRgbF(mix(top.redF(), bottom.redF()),
-                                    mix(top.greenF(), bottom.greenF()),
-                                    mix(top.blueF(), bottom.blueF()));
-        };
-        const QColor white = color("overAccent");
-        QVERIFY(contrastRatio(white, color("accentFill")) >= 4.5);
-        for (const char *surfaceName : {"window", "card"}) {
-            const QColor surface = color(surfaceName);
-            for (const char *name : {"primary", "secondary", "accent", "red", "green", "orange"}) {
-                const double contrast = contrastRatio(over(color(name), surface), surface);
-                QVERIFY2(contrast >= 4.5,
-                         qPrintable(
-                             u"%1 on %2: %3"_s.arg(QLatin1String(name), QLatin1String(surfaceName))
-                                 .arg(contrast)));
-            }
-            QVERIFY(contrastRatio(white, over(color("redFill"), surface, 0.88F)) >= 4.5);
-            for (const char *name : {"accent", "red", "green", "orange"}) {
-                const QColor chip = over(color(name), surface, 0.1F);
-                QVERIFY2(contrastRatio(color(name), chip) >= 4.5, name);
-            }
-        }
-        theme->setProperty("dark", m_appearance->isDark());
-    }
-
     void anAddressThatIsNoneShowsThePhotoPlaceholder_data()
     {
         QTest::addColumn<QString>("url");
@@ -278,82 +169,6 @@ private Q_SLOTS:
         WAIT_FOR(shown("videoThumbnail"));
         WAIT_FOR(item("videoThumbnail")->property("showsPlaceholder").toBool());
     }
-
-    void tabReachesEveryControlInOrder()
-    {
-        state().singleInfo = video();
-        WAIT_FOR(shown("download"));
-        focusField();
-        typeText("x");
-        WAIT_FOR(shown("clearField"));
-        QStringList reached;
-        for (int step = 0; step < 20; ++step) {
-            QTest::keyClick(m_window, Qt::Key_Tab);
-            const QString name = m_window->activeFocusItem()->objectName();
-            if (name == u"urlField")
-                break;
-            reached.append(name);
-        }
-        const QStringList expected{u"clearField"_s,   u"submit"_s,       u"format0"_s,
-                                   u"format1"_s,      u"qualityBest"_s,  u"quality4K"_s,
-                                   u"quality1440p"_s, u"quality1080p"_s, u"quality720p"_s,
-                                   u"quality480p"_s,  u"quality360p"_s,  u"download"_s};
-        QCOMPARE(reached.mid(0, expected.size()), expected);
-    }
-
-private:
-    AppState &state() { return m_app->state(); }
-
-    QQuickItem *item(const char *name)
-    {
-        return find(m_window->contentItem(), QLatin1String(name));
-    }
-
-    static QQuickItem *find(QQuickItem *parent, const QString &name)
-    {
-        const QList<QQuickItem *> children = parent->childItems();
-        for (QQuickItem *const child : children) {
-            if (child->objectName() == name)
-                return child;
-            if (QQuickItem *const found = find(child, name))
-                return found;
-        }
-        return nullptr;
-    }
-
-    bool shown(const char *name)
-    {
-        const QQuickItem *const found = item(name);
-        return found && found->isVisible();
-    }
-
-    void click(const char *name)
-    {
-        QQuickItem *const target = item(name);
-        QVERIFY2(target, name);
-        m_window->grabWindow(); // so that everything is in its place
-        const QPointF centre = target->mapToScene({target->width() / 2, target->height() / 2});
-        QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
-    }
-
-    void focusField()
-    {
-        item("urlField")->forceActiveFocus();
-        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
-    }
-
-    void typeText(const char *text)
-    {
-        for (const char *letter = text; *letter; ++letter)
-            QTest::keyClick(m_window, *letter);
-    }
-
-    StateFixture m_fixture;
-    SystemAppearance m_system;
-    std::unique_ptr<QuillonApp> m_app;
-    std::unique_ptr<Appearance> m_appearance;
-    std::unique_ptr<QQmlApplicationEngine> m_engine;
-    QQuickWindow *m_window = nullptr;
 };
 
 QTEST_MAIN(WindowTest)

@@ -17,12 +17,14 @@ Column {
 
     // The keyboard stays where the work goes on: a button that goes or is disabled
     // would take it along.
+    function leavePause() {
+        (section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason);
+    }
+
     Connections {
         function onChanged() {
-            if (root.keyboardIsHere && section.isDownloading && !pause.activeFocus)
+            if (root.keyboardIsHere && section.isDownloading)
                 pause.forceActiveFocus(Qt.TabFocusReason);
-            else if (pause.activeFocus && !section.isDownloading)
-                (section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason);
             root.keyboardIsHere = false;
         }
 
@@ -74,6 +76,8 @@ Column {
                     symbol: section.pauseIcon
                     tint: section.isPaused ? Theme.green : Theme.orange
 
+                    onActiveFocusChanged: if (!activeFocus && !section.isDownloading)
+                        Qt.callLater(root.leavePause)
                     onClicked: section.togglePause()
                 }
             }

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "AccentColors.h"
+#include "WindowFixture.h"
+
+#include <QQmlComponent>
+
+/// That what is shown can be read.
+class ThemeTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyTextOfTheThemeCanBeRead_data()
+    {
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+
+    void everyTextOfTheThemeCanBeRead()
+    {
+        QFETCH(bool, dark);
+        QQmlComponent component(m_engine.get());
+        component.setData("import QtQml; import Quillon.Shared\n"
+                          "QtObject { property QtObject theme: Theme }",
+                          {});
+        const std::unique_ptr<QObject> holder(component.create());
+        QVERIFY2(holder, qPrintable(component.errorString()));
+        auto *const theme = holder->property("theme").value<QObject *>();
+        theme->setProperty("dark", dark);
+        const auto color = [&](const char *name) { return theme->property(name).value<QColor>(); };
+        const auto over = [](const QColor &top, const QColor &bottom, float opacity = 1) {
+            const float alpha = top.alphaF() * opacity;
+            const auto mix = [alpha](float a, float b) { return a * alpha + b * (1 - alpha); };
+            return QColor::fromRgbF(mix(top.redF(), bottom.redF()),
+                                    mix(top.greenF(), bottom.greenF()),
+                                    mix(top.blueF(), bottom.blueF()));
+        };
+        const QColor white = color("overAccent");
+        QVERIFY(contrastRatio(white, color("accentFill")) >= 4.5);
+        for (const char *surfaceName : {"window", "card"}) {
+            const QColor surface = color(surfaceName);
+            for (const char *name : {"primary", "secondary", "accent", "red", "green", "orange"}) {
+                const double contrast = contrastRatio(over(color(name), surface), surface);
+                QVERIFY2(contrast >= 4.5,
+                         qPrintable(
+                             u"%1 on %2: %3"_s.arg(QLatin1String(name), QLatin1String(surfaceName))
+                                 .arg(contrast)));
+            }
+            QVERIFY(contrastRatio(white, over(color("redFill"), surface, 0.88F)) >= 4.5);
+            for (const char *name : {"accent", "red", "green", "orange"}) {
+                const QColor chip = over(color(name), surface, 0.1F);
+                QVERIFY2(contrastRatio(color(name), chip) >= 4.5, name);
+            }
+        }
+        theme->setProperty("dark", m_appearance->isDark());
+    }
+};
+
+QTEST_MAIN(ThemeTest)
+#include "ThemeTest.moc"
