@@ -3,21 +3,33 @@
 # The symbols of the screens: the system's name for each, and the drawing that
 # shows it here. Only these are embedded.
 set(quillon_symbols
+    arrow.clockwise arrow-clockwise
     arrow.down.circle.fill arrow-down-circle-fill
+    bell.fill bell-fill
     bolt.fill lightning-charge-fill
+    checkmark check-lg
     checkmark.circle.fill check-circle-fill
+    chevron.down chevron-down
+    chevron.up chevron-up
+    chevron.up.chevron.down chevron-expand
+    circle circle
     circle.lefthalf.filled circle-half
+    clock.arrow.circlepath clock-history
     clock.fill clock-fill
     exclamationmark.triangle.fill exclamation-triangle-fill
+    folder folder
+    folder.badge.plus folder-plus
     folder.fill folder-fill
     gearshape gear
     gearshape.fill gear-fill
+    globe globe
     link link-45deg
     list.bullet list-ul
     list.bullet.rectangle.fill collection-play-fill
     list.bullet.rectangle.portrait card-list
     magnifyingglass search
     moon.fill moon-fill
+    music.note music-note-beamed
     music.note.list music-note-list
     pause.circle.fill pause-circle-fill
     pause.fill pause-fill
@@ -26,6 +38,8 @@ set(quillon_symbols
     play.fill play-fill
     play.rectangle.fill play-btn-fill
     plus plus-lg
+    speedometer speedometer
+    square.and.arrow.down box-arrow-in-down
     sun.max.fill sun-fill
     xmark.circle.fill x-circle-fill)
 

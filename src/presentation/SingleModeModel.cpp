@@ -5,15 +5,7 @@ SingleModeModel::SingleModeModel(AppState &state)
     : StatePresenter(state)
 {
     for (const auto signal :
-         {&AppState::fetchErrorChanged, &AppState::isFetchingChanged, &AppState::singleInfoChanged,
-          &AppState::selectedPlaylistItemsChanged})
+         {&AppState::fetchErrorChanged, &AppState::isFetchingChanged, &AppState::singleInfoChanged})
         connect(&state, signal, this, &SingleModeModel::changed);
     connect(&state, &AppState::singleInfoChanged, this, &SingleModeModel::infoChanged);
-}
-
-QString SingleModeModel::selectionCount() const
-{
-    return QStringLiteral("%1 of %2 selected")
-        .arg(state().selectedPlaylistItems().size())
-        .arg(info().playlistEntries.size());
 }

@@ -13,7 +13,6 @@ class SingleModeModel : public StatePresenter
     Q_PROPERTY(bool isFetching READ isFetching NOTIFY changed)
     Q_PROPERTY(bool hasInfo READ hasInfo NOTIFY changed)
     Q_PROPERTY(VideoInfo info READ info NOTIFY infoChanged)
-    Q_PROPERTY(QString selectionCount READ selectionCount NOTIFY changed)
 
 public:
     explicit SingleModeModel(AppState &state);
@@ -23,8 +22,6 @@ public:
     [[nodiscard]] bool isFetching() const { return state().isFetching; }
     [[nodiscard]] bool hasInfo() const { return state().singleInfo().has_value(); }
     [[nodiscard]] VideoInfo info() const { return state().singleInfo().value_or(VideoInfo()); }
-    /// How many of a playlist's entries are selected.
-    [[nodiscard]] QString selectionCount() const;
 
 Q_SIGNALS:
     void infoChanged();

@@ -6,7 +6,16 @@
 #include <QPainter>
 #include <QPainterPath>
 
-ThumbnailProvider::ThumbnailProvider()
+namespace {
+
+// Some hundred cards of a playlist at twice the scale, more at the usual one.
+constexpr qsizetype cacheBytes = 32LL * 1024 * 1024;
+
+} // namespace
+
+ThumbnailProvider::ThumbnailProvider(std::chrono::milliseconds patience)
+    : m_patience(patience)
+    , m_cache(std::make_shared<ThumbnailCache>(cacheBytes))
 {
     m_network.setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
 }
@@ -16,10 +25,12 @@ QQuickImageResponse *ThumbnailProvider::requestImageResponse(const QString &id,
 {
     const qsizetype slash = id.indexOf(u'/');
     const QUrl url(QString::fromUtf8(QByteArray::fromBase64(id.mid(slash + 1).toUtf8())));
-    auto *const response = new ThumbnailResponse(requestedSize, id.left(slash).toDouble());
+    auto *const response = new ThumbnailResponse(requestedSize, id.left(slash).toDouble(), m_cache);
     // Images are asked for on a loading thread; the network lives on the main one.
     response->moveToThread(m_network.thread());
-    QMetaObject::invokeMethod(response, [this, response, url] { response->load(m_network, url); });
+    QMetaObject::invokeMethod(
+        response, [this, response, url] { response->load(m_network, url, m_patience); },
+        Qt::QueuedConnection);
     return response;
 }
 

@@ -1,23 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ThumbnailCache.h"
+
 #include <QNetworkAccessManager>
 #include <QQuickAsyncImageProvider>
 
+#include <chrono>
+#include <memory>
+
 /// Pictures from the network for image://thumbnail/<radius>/<address>, the radius
 /// in device pixels and the address in base 64; cropped to the size asked for,
-/// with rounded corners painted in. Only http and https,
-/// and only what a thumbnail may reasonably weigh; everything else fails.
+/// with rounded corners painted in. Only http and https, only the formats of
+/// video sites, and only what a thumbnail may reasonably weigh and take;
+/// everything else fails.
 class ThumbnailProvider : public QQuickAsyncImageProvider
 {
 public:
-    ThumbnailProvider();
+    /// The time is for one picture, from being asked for to being there.
+    explicit ThumbnailProvider(std::chrono::milliseconds patience = std::chrono::seconds(30));
 
     QQuickImageResponse *requestImageResponse(const QString &id,
                                               const QSize &requestedSize) override;
 
 private:
     QNetworkAccessManager m_network; // main thread
+    std::chrono::milliseconds m_patience;
+    std::shared_ptr<ThumbnailCache> m_cache;
 };
 
 /// The picture, scaled and cropped to fill the size, with rounded corners.

@@ -1,23 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ThumbnailCache.h"
+
 #include <QImage>
 #include <QNetworkReply>
 #include <QPointer>
 #include <QQuickImageResponse>
 
+#include <chrono>
+#include <memory>
+
 class QNetworkAccessManager;
 
-/// One thumbnail on its way. Loads on the main thread, decodes on a pool thread.
+/// One thumbnail on its way: from the cache, or loaded on the main thread and
+/// decoded on a pool thread.
 class ThumbnailResponse : public QQuickImageResponse
 {
     Q_OBJECT
 
 public:
-    ThumbnailResponse(QSize size, double radius);
+    ThumbnailResponse(QSize size, double radius, std::shared_ptr<ThumbnailCache> cache);
     ~ThumbnailResponse() override;
 
-    void load(QNetworkAccessManager &network, const QUrl &url);
+    void load(QNetworkAccessManager &network, const QUrl &url, std::chrono::milliseconds patience);
 
     [[nodiscard]] QQuickTextureFactory *textureFactory() const override;
     [[nodiscard]] QString errorString() const override { return m_error; }
@@ -25,10 +31,13 @@ public:
 
 private:
     void handleFinished();
+    void decode(const QByteArray &bytes);
     void fail(const QString &error);
 
     const QSize m_size;
     const double m_radius;
+    const std::shared_ptr<ThumbnailCache> m_cache;
+    QString m_key;
     QPointer<QNetworkReply> m_reply;
     QImage m_image;
     QString m_error;

@@ -120,6 +120,17 @@ void URLInputModel::edit(const QString &text)
     state().fetchAsPlaylist = false;
 }
 
+void URLInputModel::take(const QString &dropped)
+{
+    const QStringList lines = dropped.split(u'\n');
+    for (const QString &line : lines) {
+        if (const QString text = line.trimmed(); !text.isEmpty()) {
+            edit(text);
+            return;
+        }
+    }
+}
+
 void URLInputModel::handleSubmit()
 {
     // The queue and the search are not there yet.

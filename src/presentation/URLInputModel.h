@@ -35,6 +35,9 @@ public:
 
     /// The user has changed the text.
     Q_INVOKABLE void edit(const QString &text);
+    /// Something was dropped: its first line that is not blank replaces the text,
+    /// as if it had been typed.
+    Q_INVOKABLE void take(const QString &dropped);
     Q_INVOKABLE void handleSubmit();
     Q_INVOKABLE void clearURL();
     /// Chooses what a mixed address fetches; what was fetched before goes.

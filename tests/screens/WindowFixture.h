@@ -7,9 +7,11 @@
 #include "SystemAppearance.h"
 #include "ThumbnailProvider.h"
 
+#include <QAccessible>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -49,9 +51,11 @@ private Q_SLOTS:
         state().resetDownload();
         state().mode = AppMode::single;
         state().showSettings = false;
+        state().history = AppState::History();
+        state().downloadDir = QString();
         m_fixture.tool.setScript("exit 0");
         // What leaves has left.
-        WAIT_FOR(!item("download"));
+        WAIT_FOR(!item("download") && !item("history0"));
     }
 
     void cleanupTestCase()
@@ -66,6 +70,19 @@ protected:
     {
         VideoInfo info = StateFixture::video(u"a"_s);
         info.thumbnailURL = QString();
+        return info;
+    }
+
+    /// Entries "0", "1" ..., without pictures.
+    static VideoInfo playlist(int count)
+    {
+        VideoInfo info;
+        info.isPlaylist = true;
+        info.title = u"Playlist (%1 videos)"_s.arg(count);
+        for (int number = 0; number < count; ++number) {
+            info.playlistEntries.append(StateFixture::video(QString::number(number)));
+            info.playlistEntries.last().thumbnailURL = QString();
+        }
         return info;
     }
 
@@ -94,13 +111,66 @@ protected:
         return found && found->isVisible();
     }
 
+    /// What a screen reader knows of it.
+    QAccessibleInterface *accessible(const char *name)
+    {
+        return QAccessible::queryAccessibleInterface(item(name));
+    }
+
+    QString textOf(const char *name) { return item(name)->property("text").toString(); }
+
+    /// How many items there are whose names begin so and go on with a number.
+    int numbered(const char *place, const QString &name)
+    {
+        return countIn(item(place), QRegularExpression(u'^' + name + u"\\d+$"_s));
+    }
+
+    static int countIn(const QQuickItem *parent, const QRegularExpression &pattern)
+    {
+        int count = 0;
+        const QList<QQuickItem *> children = parent->childItems();
+        for (const QQuickItem *const child : children)
+            count +=
+                countIn(child, pattern) + (pattern.match(child->objectName()).hasMatch() ? 1 : 0);
+        return count;
+    }
+
+    /// Turns the wheel over the middle of the page, by notches towards its end.
+    void turnWheel(int notches)
+    {
+        const QPointF place(m_window->width() / 2.0, m_window->height() - 60.0);
+        QWheelEvent event(place, m_window->mapToGlobal(place), {}, {0, -120 * notches},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        event.setTimestamp(static_cast<quint64>(QDateTime::currentMSecsSinceEpoch()));
+        QCoreApplication::sendEvent(m_window, &event);
+    }
+
     void click(const char *name)
     {
         QQuickItem *const target = item(name);
         QVERIFY2(target, name);
         m_window->grabWindow(); // so that everything is in its place
+        if (target->mapToScene({0, target->height()}).y() > m_window->height()) {
+            target->forceActiveFocus(Qt::OtherFocusReason); // the page follows
+            m_window->grabWindow();
+        }
         const QPointF centre = target->mapToScene({target->width() / 2, target->height() / 2});
         QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    /// As Tab does, so that a ring is shown.
+    void focusByTab(const char *name)
+    {
+        item(name)->forceActiveFocus(Qt::TabFocusReason);
+        WAIT_FOR(m_window->activeFocusItem() && focusIsIn(item(name)));
+    }
+
+    bool focusIsIn(const QQuickItem *place) const
+    {
+        const QQuickItem *each = m_window->activeFocusItem();
+        while (each && each != place)
+            each = each->parentItem();
+        return each;
     }
 
     void focusField()

@@ -10,6 +10,8 @@ MenuBar {
 
     required property QuillonApp app
 
+    signal aboutRequested
+
     background: Rectangle {
         color: Theme.window
 
@@ -40,8 +42,9 @@ MenuBar {
         title: "&Quillon"
 
         Action {
-            enabled: false // its window is not there yet
             text: "About Quillon"
+
+            onTriggered: root.aboutRequested()
         }
 
         AppMenuSeparator {}

@@ -27,12 +27,15 @@ FocusScope {
 
         Loader {
             active: AppState.showSettings
+            visible: active // else its place stays
             width: parent.width
 
             source: "SettingsPanelView.qml"
         }
 
         URLInputView {
+            id: input
+
             focus: true
             modeModel: mode
             width: parent.width
@@ -46,7 +49,7 @@ FocusScope {
     Flickable {
         id: page
 
-        // Brings what the keyboard has reached into view.
+        // Brings what the keyboard has reached into view; lists see to their own.
         function reveal(item: Item) {
             const top = item.mapToItem(contentItem, 0, 0).y;
             const margin = Theme.margin;
@@ -54,6 +57,12 @@ FocusScope {
                 contentY = Math.max(0, top - margin);
             else if (top + item.height + margin > contentY + height)
                 contentY = Math.min(contentHeight - height, top + item.height + margin - height);
+        }
+
+        // Scrolls by so many heights of what is seen.
+        function turn(heights: real) {
+            const last = Math.max(0, contentHeight - height);
+            contentY = Math.max(0, Math.min(contentY + heights * height, last));
         }
 
         function holds(item: Item): bool {
@@ -70,28 +79,57 @@ FocusScope {
         anchors.top: bars.bottom
         boundsBehavior: Flickable.StopAtBounds
         clip: true
-        contentHeight: screen.height + 28
+        contentHeight: content.height
         contentWidth: width
 
         ScrollBar.vertical: ScrollBar {}
 
-        Loader {
-            id: screen
+        Column {
+            id: content
 
+            bottomPadding: 24
+            topPadding: 4
             width: page.width
-            y: 4
 
-            source: mode.isSingle ? "SingleModeView.qml" : mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
+            Loader {
+                width: content.width
+
+                source: mode.isSingle ? "SingleModeView.qml" : mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
+            }
+
+            Loader {
+                active: !mode.isBrowse
+                visible: active
+                width: content.width
+
+                sourceComponent: HistoryView {}
+            }
         }
 
         Connections {
             function onActiveFocusItemChanged() {
                 const item = root.Window.activeFocusItem as Item;
-                if (item && page.holds(item))
+                if (item && page.holds(item) && !(item.parent?.parent instanceof GridView))
                     page.reveal(item);
             }
 
             target: root.Window.window
         }
+    }
+
+    DropArea {
+        anchors.fill: parent
+
+        onDropped: drop => {
+            input.takeText(drop.hasUrls ? drop.urls[0].toString() : drop.text);
+            drop.accept(Qt.CopyAction);
+        }
+    }
+
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_PageDown && event.key !== Qt.Key_PageUp)
+            return;
+        page.turn(event.key === Qt.Key_PageDown ? 0.9 : -0.9);
+        event.accepted = true;
     }
 }

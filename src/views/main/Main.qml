@@ -20,20 +20,32 @@ ApplicationWindow {
     width: 960
 
     color: Theme.window
+    // For the folder chooser that stands in where the desktop has none of its own.
     palette {
+        base: Theme.card
         button: Theme.window
         buttonText: Theme.primary
+        dark: Theme.secondary
         highlight: Theme.accentFill
-        highlightedText: Theme.overAccent
+        highlightedText: Theme.primary
+        light: Theme.card
+        mid: Theme.window
+        midlight: Theme.window
         text: Theme.primary
-        toolTipBase: Theme.card
-        toolTipText: Theme.primary
         window: Theme.window
         windowText: Theme.primary
     }
 
     menuBar: AppMenuBar {
         app: root.app
+
+        onAboutRequested: about.show()
+    }
+
+    onClosing: about.close()
+
+    AboutWindowController {
+        id: about
     }
 
     ContentView {

@@ -44,7 +44,7 @@ Rectangle {
         spacing: 4
 
         ModeChip {
-            active: !root.model.fetchesPlaylist
+            isSelected: !root.model.fetchesPlaylist
             label: "Single Video"
             objectName: "singleVideo"
             symbol: "play.rectangle.fill"
@@ -53,7 +53,7 @@ Rectangle {
         }
 
         ModeChip {
-            active: root.model.fetchesPlaylist
+            isSelected: root.model.fetchesPlaylist
             label: "Full Playlist"
             objectName: "fullPlaylist"
             symbol: "list.bullet"

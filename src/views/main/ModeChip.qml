@@ -3,10 +3,9 @@ import QtQuick
 import Quillon.Shared
 
 // A small choice, used in pairs.
-BaseButton {
+BaseChoice {
     id: root
 
-    property bool active: false
     property alias label: root.text
     property string symbol
 
@@ -16,15 +15,8 @@ BaseButton {
     topPadding: 5
     ringRadius: Theme.smallRadius + 2
 
-    Accessible.checkable: true
-    Accessible.checked: active
-    Accessible.role: Accessible.RadioButton
-
-    Accessible.onToggleAction: if (enabled)
-        root.clicked()
-
     background: Rectangle {
-        color: root.active ? Theme.accentFill : root.hovered ? Theme.primaryAt(0.06) : "transparent"
+        color: root.isSelected ? Theme.accentFill : root.hovered ? Theme.primaryAt(0.06) : "transparent"
         radius: Theme.smallRadius + 2
 
         Behavior on color {
@@ -35,9 +27,9 @@ BaseButton {
         }
     }
     contentItem: IconLabel {
-        color: root.active ? Theme.overAccent : Theme.secondary
+        color: root.isSelected ? Theme.overAccent : Theme.secondary
         iconSize: 10
-        semibold: root.active
+        semibold: root.isSelected
         size: 11
         spacing: 5
         symbol: root.symbol

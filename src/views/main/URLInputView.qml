@@ -12,6 +12,10 @@ FocusScope {
 
     implicitHeight: row.height + 12 + (input.showsMixedBar ? mixed.height + 8 + 6 : 12)
 
+    function takeText(text: string) {
+        input.take(text);
+    }
+
     URLInputModel {
         id: input
     }

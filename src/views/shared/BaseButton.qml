@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Quillon.Shared
 
@@ -13,33 +12,25 @@ T.AbstractButton {
     // The tooltip; it names a button that shows no text.
     property string help
     property int ringRadius: Theme.radius
+    property bool showsRing: visualFocus
 
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
-    Accessible.checkable: checkable
-    Accessible.checked: checked
     Accessible.name: text !== "" ? text : help
-    Accessible.role: Accessible.Button
-    ToolTip.delay: 600
-    ToolTip.text: help
-    ToolTip.visible: help !== "" && hovered && !pressed
 
     Accessible.onPressAction: if (enabled)
         root.clicked()
-    Keys.onEnterPressed: event => {
-        if (!event.isAutoRepeat)
-            root.clicked();
-    }
-    Keys.onReturnPressed: event => {
-        if (!event.isAutoRepeat)
-            root.clicked();
-    }
+    Keys.forwardTo: [behavior]
 
-    FocusRing {
-        innerRadius: root.ringRadius
-        shown: root.visualFocus
+    ButtonBehavior {
+        id: behavior
+
+        button: root
+        help: root.help
+        ringRadius: root.ringRadius
+        showsRing: root.showsRing
     }
 }

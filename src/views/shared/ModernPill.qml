@@ -3,24 +3,16 @@ import QtQuick
 import Quillon.Shared
 
 // One of several choices; the selected one is filled.
-BaseButton {
+BaseChoice {
     id: root
 
     property bool isHovered: hovered
-    property bool isSelected: false
     property alias label: root.text
 
     bottomPadding: 5
     leftPadding: 12
     rightPadding: 12
     topPadding: 5
-
-    Accessible.checkable: true
-    Accessible.checked: isSelected
-    Accessible.role: Accessible.RadioButton
-
-    Accessible.onToggleAction: if (enabled)
-        root.clicked()
 
     background: Rectangle {
         border.color: root.isSelected ? "transparent" : Theme.primaryAt(0.12)

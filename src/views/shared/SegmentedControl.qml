@@ -36,39 +36,33 @@ Rectangle {
 
             model: root.labels
 
-            BaseButton {
+            BaseChoice {
                 id: segment
 
                 required property int index
                 required property string modelData
-                readonly property bool isCurrent: index === root.currentIndex
 
-                activeFocusOnTab: isCurrent || activeFocus
+                activeFocusOnTab: isSelected || activeFocus
                 height: parent.height
+                isSelected: index === root.currentIndex
                 objectName: "mode" + modelData
                 ringRadius: 6
                 text: modelData
                 width: parent.width / root.labels.length
 
-                Accessible.checkable: true
-                Accessible.checked: isCurrent
-                Accessible.role: Accessible.RadioButton
-
-                Accessible.onToggleAction: if (enabled)
-                    segment.clicked()
                 Keys.onLeftPressed: root.choose(index - 1)
                 Keys.onRightPressed: root.choose(index + 1)
                 onClicked: root.selected(index)
 
                 background: Rectangle {
                     border.color: Theme.primaryAt(0.06)
-                    border.width: segment.isCurrent ? 1 : 0
-                    color: segment.isCurrent ? (Theme.dark ? Theme.primaryAt(0.2) : Theme.card) : "transparent"
+                    border.width: segment.isSelected ? 1 : 0
+                    color: segment.isSelected ? (Theme.dark ? Theme.primaryAt(0.2) : Theme.card) : "transparent"
                     radius: 6
                 }
                 contentItem: IconLabel {
-                    color: segment.isCurrent || segment.hovered ? Theme.primary : Theme.secondary
-                    semibold: segment.isCurrent
+                    color: segment.isSelected || segment.hovered ? Theme.primary : Theme.secondary
+                    semibold: segment.isSelected
                     text: segment.text
                 }
             }

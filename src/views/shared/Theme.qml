@@ -47,6 +47,7 @@ QtObject {
     readonly property int pill: animates ? 120 : 0
     readonly property int brief: animates ? 150 : 0
     readonly property int calm: animates ? 200 : 0
+    readonly property int slow: animates ? 500 : 0
 
     // Black or white, whichever the scheme writes in.
     function primaryAt(opacity: real): color {

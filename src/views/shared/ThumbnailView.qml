@@ -8,12 +8,16 @@ Item {
     id: root
 
     property string duration
+    // The symbol where there is no picture, and whether it also stands for the
+    // spinner.
+    property string placeholder: "photo"
+    property bool placeholderWhileLoading: false
     property int radius: Theme.thumbnailRadius
     property string url
 
     readonly property bool isLoaded: image.status === Image.Ready
     readonly property bool isLoading: image.status === Image.Loading
-    readonly property bool showsPlaceholder: !isLoaded && !isLoading
+    readonly property bool showsPlaceholder: !isLoaded && (!isLoading || placeholderWhileLoading)
 
     Accessible.ignored: true
 
@@ -27,14 +31,14 @@ Item {
             anchors.centerIn: parent
             color: Theme.secondary
             size: 16
-            visible: root.isLoading
+            visible: root.isLoading && !root.showsPlaceholder
         }
 
         SymbolIcon {
             anchors.centerIn: parent
             color: Theme.at(Theme.secondary, 0.4)
             size: 20
-            symbol: "photo"
+            symbol: root.placeholder
             visible: root.showsPlaceholder
         }
     }

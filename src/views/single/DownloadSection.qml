@@ -16,9 +16,13 @@ Column {
     }
 
     // The keyboard stays where the work goes on: a button that goes or is disabled
-    // would take it along.
-    function leavePause() {
-        (section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason);
+    // would take it along. Where it goes is known when all have changed.
+    Timer {
+        id: leavePause
+
+        interval: 0
+
+        onTriggered: (section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason)
     }
 
     Connections {
@@ -77,7 +81,7 @@ Column {
                     tint: section.isPaused ? Theme.green : Theme.orange
 
                     onActiveFocusChanged: if (!activeFocus && !section.isDownloading)
-                        Qt.callLater(root.leavePause)
+                        leavePause.start()
                     onClicked: section.togglePause()
                 }
             }

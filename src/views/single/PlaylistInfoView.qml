@@ -3,58 +3,119 @@ import QtQuick
 import Quillon
 import Quillon.Shared
 
-// A playlist: its title and how much of it is selected. Its entries cannot be
-// chosen one by one yet.
+// A playlist: its title, how much of it is selected, and its entries to choose
+// from.
 Card {
     id: root
 
-    required property videoInfo info
-    required property string selectionCount
+    property alias info: playlist.info
+    property bool isCollapsed: false
 
-    implicitHeight: facts.height + 28
+    implicitHeight: content.height + 28
 
-    Rectangle {
-        id: mark
+    onInfoChanged: isCollapsed = false
 
-        anchors.verticalCenter: parent.verticalCenter
-        color: Theme.at(Theme.accent, 0.12)
-        height: 36
-        radius: 18
-        width: 36
-        x: 14
-
-        SymbolIcon {
-            anchors.centerIn: parent
-            color: Theme.accent
-            size: 18
-            symbol: "list.bullet.rectangle.fill"
-        }
+    PlaylistModel {
+        id: playlist
     }
 
     Column {
-        id: facts
+        id: content
 
-        anchors.left: mark.right
-        anchors.leftMargin: 12
-        anchors.right: parent.right
-        anchors.rightMargin: 14
-        anchors.verticalCenter: parent.verticalCenter
-        spacing: 3
+        width: root.width - 28
+        x: 14
+        y: 14
 
-        PlainText {
-            font.weight: Font.DemiBold
-            objectName: "playlistTitle"
-            size: 14
-            text: root.info.title
+        Item {
+            height: 40
             width: parent.width
 
-            Accessible.role: Accessible.Heading
+            Rectangle {
+                id: mark
+
+                anchors.verticalCenter: parent.verticalCenter
+                color: Theme.at(Theme.accent, 0.12)
+                height: 36
+                radius: 18
+                width: 36
+
+                SymbolIcon {
+                    anchors.centerIn: parent
+                    color: Theme.accent
+                    size: 18
+                    symbol: "list.bullet.rectangle.fill"
+                }
+            }
+
+            Column {
+                anchors.left: mark.right
+                anchors.leftMargin: 12
+                anchors.right: buttons.left
+                anchors.rightMargin: 12
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: 3
+
+                PlainText {
+                    font.weight: Font.DemiBold
+                    objectName: "playlistTitle"
+                    size: 14
+                    text: playlist.heading
+                    width: parent.width
+
+                    Accessible.role: Accessible.Heading
+                }
+
+                PlainText {
+                    color: Theme.secondary
+                    objectName: "playlistCount"
+                    size: 12
+                    text: playlist.countLine
+                }
+            }
+
+            Row {
+                id: buttons
+
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: 6
+
+                PlaylistSelectionButton {
+                    label: "All"
+                    objectName: "selectAll"
+                    symbol: "checkmark.circle.fill"
+
+                    onClicked: playlist.selectAll()
+                }
+
+                PlaylistSelectionButton {
+                    label: "None"
+                    objectName: "selectNone"
+                    symbol: "circle"
+
+                    onClicked: playlist.selectNone()
+                }
+
+                PlaylistSelectionButton {
+                    help: root.isCollapsed ? "Show video list" : "Hide video list"
+                    label: root.isCollapsed ? "Show" : "Hide"
+                    objectName: "collapse"
+                    symbol: root.isCollapsed ? "chevron.down" : "chevron.up"
+
+                    onClicked: root.isCollapsed = !root.isCollapsed
+                }
+            }
         }
 
-        PlainText {
-            color: Theme.secondary
-            size: 12
-            text: root.selectionCount
+        Reveal {
+            shown: !root.isCollapsed
+            slides: true
+            width: parent.width
+
+            PlaylistGrid {
+                model: playlist
+                width: parent.width
+            }
         }
     }
 }

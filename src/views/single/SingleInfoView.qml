@@ -31,7 +31,6 @@ Column {
 
     PlaylistInfoView {
         info: root.info
-        selectionCount: model.selectionCount
         visible: root.info.isPlaylist
         width: root.width
     }

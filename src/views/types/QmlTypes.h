@@ -5,8 +5,11 @@
 #include "Appearance.h"
 #include "DownloadSectionModel.h"
 #include "FormatQualityModel.h"
+#include "HistoryModel.h"
 #include "ModeModel.h"
+#include "PlaylistModel.h"
 #include "QuillonApp.h"
+#include "SettingsModel.h"
 #include "SingleModeModel.h"
 #include "StatePresenter.h"
 #include "URLInputModel.h"
@@ -124,6 +127,42 @@ class DownloadSectionModelForQml : public DownloadSectionModel
 public:
     DownloadSectionModelForQml()
         : DownloadSectionModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class PlaylistModelForQml : public PlaylistModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(PlaylistModel)
+
+public:
+    PlaylistModelForQml()
+        : PlaylistModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class HistoryModelForQml : public HistoryModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(HistoryModel)
+
+public:
+    HistoryModelForQml()
+        : HistoryModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class SettingsModelForQml : public SettingsModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(SettingsModel)
+
+public:
+    SettingsModelForQml()
+        : SettingsModel(*AppStateForQml::instance)
     {
     }
 };

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AppState.h"
+
+#include <QAbstractListModel>
+#include <QTimer>
+
+/// The finished downloads as rows. Follows the state row by row: a new record is
+/// one insertion, whatever the length.
+class HistoryModel : public QAbstractListModel
+{
+    Q_OBJECT
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged)
+
+public:
+    enum Role {
+        TitleRole = Qt::UserRole,
+        ThumbnailRole,
+        PlaceholderRole, ///< the symbol shown without a picture
+        DateRole,        ///< relative to now; kept true by a timer
+        DetailsRole,     ///< format and quality
+        CanRevealRole,   ///< whether it is known where the file is
+    };
+
+    /// The state outlives the model.
+    explicit HistoryModel(AppState &state);
+
+    [[nodiscard]] bool isEmpty() const { return m_records.isEmpty(); }
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// Shows the saved file of a row.
+    Q_INVOKABLE void reveal(int row);
+    /// Fetches a row's address anew, in single mode.
+    Q_INVOKABLE void refetch(int row);
+    /// Forgets all records, also on disk.
+    Q_INVOKABLE void clearAll();
+
+Q_SIGNALS:
+    void isEmptyChanged();
+
+private:
+    void follow();
+    bool insertNewest(const AppState::History &records);
+    void tellDates();
+    void scheduleDates();
+
+    AppState &m_state;
+    AppState::History m_records;
+    QTimer m_clock;
+};

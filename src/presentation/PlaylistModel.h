@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AppState.h"
+
+#include <QAbstractListModel>
+
+/// The entries of one playlist as cards, and which of them are selected. The
+/// selection itself is the state's; entries of one id share theirs.
+class PlaylistModel : public QAbstractListModel
+{
+    Q_OBJECT
+    Q_PROPERTY(VideoInfo info READ info WRITE setInfo NOTIFY infoChanged)
+    Q_PROPERTY(QString heading READ heading NOTIFY infoChanged)
+    Q_PROPERTY(QString countLine READ countLine NOTIFY countLineChanged)
+
+public:
+    enum Role {
+        TitleRole = Qt::UserRole,
+        ThumbnailRole,
+        DurationRole,
+        SelectedRole,
+    };
+
+    /// The state outlives the model.
+    explicit PlaylistModel(AppState &state);
+
+    [[nodiscard]] VideoInfo info() const { return m_info; }
+    void setInfo(const VideoInfo &info);
+    [[nodiscard]] QString heading() const { return m_info.playlistTitle.value_or(m_info.title); }
+    /// How many of the entries are selected, in words.
+    [[nodiscard]] QString countLine() const;
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    Q_INVOKABLE void toggle(int row);
+    Q_INVOKABLE void selectAll();
+    Q_INVOKABLE void selectNone();
+
+Q_SIGNALS:
+    void infoChanged();
+    void countLineChanged();
+
+private:
+    void followSelection();
+
+    AppState &m_state;
+    VideoInfo m_info;
+};

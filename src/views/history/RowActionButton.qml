@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// What can be done with a row: a symbol that brightens under the pointer.
+BaseButton {
+    id: root
+
+    property string symbol
+    property bool isTabStop: true
+
+    // Late, since what has the keyboard cannot cease to be a stop.
+    Binding on activeFocusOnTab {
+        delayed: true
+        value: root.isTabStop
+    }
+
+    implicitHeight: 28
+    implicitWidth: 28
+    ringRadius: 6
+
+    background: Rectangle {
+        color: root.down ? Theme.primaryAt(0.14) : root.hovered ? Theme.primaryAt(0.08) : "transparent"
+        radius: 6
+    }
+    contentItem: Item {
+        SymbolIcon {
+            anchors.centerIn: parent
+            color: root.hovered ? Theme.primary : Theme.secondary
+            size: 14
+            symbol: root.symbol
+        }
+    }
+}

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Controls.Basic
+import Quillon
+import Quillon.Shared
+
+// The folder that downloads go to, and Save for all settings.
+Item {
+    id: root
+
+    required property SettingsModel settings
+
+    implicitHeight: caption.height + 4 + 32
+
+    // The chooser is heavy, so it comes when it is wanted, anew each time.
+    function browseForFolder() {
+        chooser.setSource("FolderChooser.qml", {
+            "settings": root.settings
+        });
+    }
+
+    SymbolIcon {
+        id: symbol
+
+        color: Theme.secondary
+        size: 14
+        symbol: "folder.fill"
+        y: field.y + 9
+    }
+
+    PlainText {
+        id: caption
+
+        anchors.left: field.left
+        color: Theme.secondary
+        size: 11
+        text: "Save Folder"
+
+        Accessible.ignored: true
+    }
+
+    TextField {
+        id: field
+
+        anchors.bottom: parent.bottom
+        anchors.left: symbol.right
+        anchors.leftMargin: 12
+        anchors.right: browse.left
+        anchors.rightMargin: 12
+        color: Theme.primary
+        font.pixelSize: 13
+        height: 32
+        leftPadding: 10
+        objectName: "downloadDir"
+        placeholderText: "~/Downloads  (leave empty for default)"
+        placeholderTextColor: Theme.secondary
+        rightPadding: 10
+        selectByMouse: true
+        selectedTextColor: Theme.overAccent
+        selectionColor: Theme.accentFill
+        text: AppState.downloadDir
+        verticalAlignment: TextInput.AlignVCenter
+
+        Accessible.name: caption.text
+
+        background: Rectangle {
+            border.color: field.activeFocus ? Theme.at(Theme.accent, 0.7) : Theme.hairline
+            border.pixelAligned: false
+            border.width: field.activeFocus ? 1.5 : 1
+            color: Theme.card
+            radius: Theme.buttonRadius
+        }
+
+        onTextEdited: AppState.downloadDir = text
+    }
+
+    PushButton {
+        id: browse
+
+        anchors.bottom: parent.bottom
+        anchors.right: save.left
+        anchors.rightMargin: 12
+        height: 32
+        objectName: "browseFolder"
+        symbol: "folder.badge.plus"
+        text: "Browse"
+
+        onClicked: root.browseForFolder()
+    }
+
+    PushButton {
+        id: save
+
+        anchors.bottom: parent.bottom
+        anchors.right: parent.right
+        height: 32
+        objectName: "saveSettings"
+        prominent: true
+        symbol: root.settings.savedConfirmation ? "checkmark" : "square.and.arrow.down"
+        text: root.settings.savedConfirmation ? "Saved!" : "Save"
+
+        onClicked: root.settings.save()
+
+        // Settles without swinging, as a spring does that is damped just enough.
+        Behavior on implicitWidth {
+            NumberAnimation {
+                duration: Theme.slow
+                easing.type: Easing.OutQuint
+            }
+        }
+    }
+
+    Loader {
+        id: chooser
+    }
+}

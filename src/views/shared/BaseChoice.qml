@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import Quillon.Shared
+
+// A button that stands for one of several choices, of which one holds. Pressing
+// it only tells so: whoever uses it says which one holds.
+T.RadioButton {
+    id: root
+
+    property bool isSelected: false
+    property int ringRadius: Theme.radius
+
+    checkable: false
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+
+    Accessible.checkable: true
+    Accessible.checked: isSelected
+    Accessible.name: text
+
+    Accessible.onPressAction: if (enabled)
+        root.clicked()
+    Accessible.onToggleAction: if (enabled)
+        root.clicked()
+    Keys.forwardTo: [behavior]
+
+    ButtonBehavior {
+        id: behavior
+
+        button: root
+        ringRadius: root.ringRadius
+        showsRing: root.visualFocus
+    }
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// What the control around it is for, once the pointer has rested there. Nothing
+// is made of it before.
+Loader {
+    id: root
+
+    property string text
+    property bool wanted: false
+
+    active: wanted && text !== ""
+    anchors.fill: parent
+
+    source: "HelpTipBubble.qml"
+
+    Binding {
+        property: "text"
+        target: root.item
+        value: root.text
+    }
+}

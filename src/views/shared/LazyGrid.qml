@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// A long list inside a page that scrolls as a whole: as high as all of its cells,
+// but with live cells only where the page shows it, and one row around. One stop
+// of the Tab key; the arrow keys move inside.
+Item {
+    id: root
+
+    property alias delegate: view.delegate
+    property alias model: view.model
+    property alias currentIndex: view.currentIndex
+    readonly property alias count: view.count
+    readonly property alias view: view
+
+    // Without bounds for the width there is one column.
+    property real minimumCellWidth: width
+    property real maximumCellWidth: Infinity
+    property real cellHeight: 0
+    property real spacing: 0
+
+    readonly property int columns: Math.max(1, Math.floor((width + spacing) / (minimumCellWidth + spacing)))
+    readonly property real cellWidth: Math.min(maximumCellWidth, (width - (columns - 1) * spacing) / columns)
+    readonly property int rows: Math.ceil(count / columns)
+
+    readonly property Flickable page: {
+        let item = root.parent;
+        while (item && !(item instanceof Flickable))
+            item = item.parent;
+        return item as Flickable;
+    }
+    // Where this begins on the page; follows whatever moves above it.
+    readonly property real offset: {
+        let sum = 0;
+        for (let item = root; item && page && item !== page.contentItem; item = item.parent)
+            sum += item.y;
+        return sum;
+    }
+    readonly property real shownTop: page ? clamped(page.contentY - offset) : 0
+    readonly property real shownBottom: page ? clamped(page.contentY + page.height - offset) : 0
+
+    function clamped(y: real): real {
+        return Math.max(0, Math.min(y, height));
+    }
+
+    // The page follows the keyboard. Asked by number, since a cell that has just
+    // come to life is not in its place yet.
+    function revealCurrent() {
+        if (!page)
+            return;
+        const step = cellHeight + spacing;
+        const top = offset + Math.floor(currentIndex / columns) * step;
+        if (top - spacing < page.contentY)
+            page.contentY = Math.max(0, top - Math.max(spacing, 8));
+        else if (top + step > page.contentY + page.height)
+            page.contentY = Math.min(page.contentHeight, top + step + 8) - page.height;
+    }
+
+    // Where the keyboard comes in, and after each of its moves.
+    function focusCurrent() {
+        if (!view.activeFocus)
+            return;
+        if (view.currentItem && !view.currentItem.activeFocus)
+            view.currentItem.forceActiveFocus(Qt.TabFocusReason);
+        revealCurrent();
+    }
+
+    implicitHeight: Math.max(0, rows * (cellHeight + spacing) - spacing)
+
+    GridView {
+        id: view
+
+        activeFocusOnTab: true
+        cacheBuffer: cellHeight
+        cellHeight: Math.max(1, root.cellHeight + root.spacing)
+        cellWidth: Math.max(1, root.cellWidth + root.spacing)
+        contentY: originY + root.shownTop
+        enabled: count > 0
+        height: root.shownBottom - root.shownTop
+        highlightFollowsCurrentItem: false
+        interactive: false
+        keyNavigationEnabled: true
+        // A column counts as fitting only if its spacing does.
+        width: root.columns * cellWidth + 1
+        y: root.shownTop
+
+        onActiveFocusChanged: root.focusCurrent()
+        onCountChanged: if (!activeFocus)
+            currentIndex = 0
+        onCurrentItemChanged: root.focusCurrent()
+
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Home)
+                currentIndex = 0;
+            else if (event.key === Qt.Key_End)
+                currentIndex = count - 1;
+            else
+                return;
+            event.accepted = true;
+        }
+    }
+}

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Quillon.Shared
+
+// A choice out of a menu; -1 shows none.
+ComboBox {
+    id: root
+
+    property string label
+    property string help
+
+    signal chosen(index: int)
+
+    implicitHeight: 28
+    leftPadding: 10
+    rightPadding: 26
+
+    Accessible.name: label
+
+    onActivated: index => chosen(index)
+
+    HelpTip {
+        text: root.help
+        wanted: root.hovered && !root.popup.visible
+    }
+
+    background: Rectangle {
+        border.color: Theme.primaryAt(0.12)
+        color: root.hovered ? Theme.primaryAt(0.06) : Theme.card
+        radius: 6
+
+        FocusRing {
+            innerRadius: 6
+            shown: root.visualFocus
+        }
+    }
+    contentItem: PlainText {
+        text: root.displayText
+
+        Accessible.ignored: true
+    }
+    delegate: ItemDelegate {
+        id: entry
+
+        required property int index
+        required property string modelData
+        readonly property bool isHighlighted: root.highlightedIndex === index
+
+        bottomPadding: 5
+        highlighted: isHighlighted
+        leftPadding: 8
+        objectName: "menuEntry" + index
+        rightPadding: 8
+        text: modelData
+        topPadding: 5
+        width: ListView.view?.width ?? 0
+
+        Accessible.name: text
+        Accessible.role: Accessible.MenuItem
+        Accessible.selected: root.currentIndex === index
+
+        background: Rectangle {
+            color: entry.isHighlighted ? Theme.accentFill : "transparent"
+            radius: Theme.smallRadius
+        }
+        contentItem: PlainText {
+            color: entry.isHighlighted ? Theme.overAccent : Theme.primary
+            text: entry.text
+
+            Accessible.ignored: true
+        }
+    }
+    indicator: SymbolIcon {
+        color: Theme.secondary
+        size: 12
+        symbol: "chevron.up.chevron.down"
+        x: root.width - width - 8
+        y: (root.height - height) / 2
+    }
+    popup: Popup {
+        implicitHeight: contentItem.implicitHeight + 10
+        padding: 5
+        width: Math.max(root.width, 130)
+        y: root.height + 4
+
+        background: Rectangle {
+            border.color: Theme.primaryAt(0.15)
+            color: Theme.card
+            radius: Theme.buttonRadius
+        }
+        contentItem: ListView {
+            currentIndex: root.highlightedIndex
+            implicitHeight: contentHeight
+            model: root.delegateModel
+        }
+    }
+}

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import Quillon.Shared
+
+// On or off.
+T.Switch {
+    id: root
+
+    property string label
+
+    hoverEnabled: true
+    implicitHeight: 20
+    implicitWidth: 36
+
+    Accessible.name: label
+
+    Accessible.onPressAction: if (enabled)
+        toggleByAssistant()
+    Accessible.onToggleAction: if (enabled)
+        toggleByAssistant()
+    Keys.onEnterPressed: toggleByAssistant()
+    Keys.onReturnPressed: toggleByAssistant()
+
+    function toggleByAssistant() {
+        toggle();
+        toggled();
+    }
+
+    background: FocusRing {
+        innerRadius: 10
+        shown: root.visualFocus
+    }
+    indicator: Rectangle {
+        color: root.checked ? Theme.accentFill : Theme.primaryAt(root.hovered ? 0.3 : 0.24)
+        height: 20
+        radius: 10
+        width: 36
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Theme.brief
+            }
+        }
+
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.overAccent
+            height: 16
+            radius: 8
+            width: 16
+            x: 2 + root.visualPosition * 16
+
+            Behavior on x {
+                NumberAnimation {
+                    duration: Theme.brief
+                    easing.type: Easing.InOutQuad
+                }
+            }
+        }
+    }
+}

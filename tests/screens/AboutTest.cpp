@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowFixture.h"
+
+#include <QMimeData>
+
+/// The About window, and what is dropped onto the main one.
+class AboutTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aboutTwiceBringsTheSameWindowForward()
+    {
+        ask();
+        QCOMPARE(windows().size(), 1);
+        const QPointer<QWindow> first = windows().first();
+        QVERIFY(QTest::qWaitForWindowExposed(first));
+        QCOMPARE(first->title(), u"About Quillon"_s);
+        QCOMPARE(first->width(), 300);
+        ask();
+        QCOMPARE(windows(), QList<QWindow *>{first});
+        first->close();
+        WAIT_FOR(windows().isEmpty());
+    }
+
+    void afterItWasClosedAboutOpensAFreshWindowInTheMiddle()
+    {
+        ask();
+        const QPointer<QWindow> first = windows().first();
+        first->setPosition(5, 5);
+        first->close();
+        WAIT_FOR(first.isNull());
+        ask();
+        QCOMPARE(windows().size(), 1);
+        const QWindow *const second = windows().first();
+        const QPoint middle = second->screen()->geometry().center();
+        QVERIFY((second->geometry().center() - middle).manhattanLength() <= 2);
+        windows().first()->close();
+        WAIT_FOR(windows().isEmpty());
+    }
+
+    void itCannotBeResizedAndEscapeClosesIt()
+    {
+        ask();
+        QWindow *const window = windows().first();
+        QCOMPARE(window->minimumSize(), window->maximumSize());
+        QVERIFY(!(window->flags() & Qt::WindowMinimizeButtonHint));
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QTest::keyClick(window, Qt::Key_Escape);
+        WAIT_FOR(windows().isEmpty());
+    }
+
+    void droppedTextLandsInTheFieldOfTheModeAndNothingIsFetched()
+    {
+        QMimeData text;
+        text.setText(u"  \n https://x/watch?v=a \nmore"_s);
+        drop(text);
+        QCOMPARE(state().singleURL(), u"https://x/watch?v=a"_s);
+        QVERIFY(!state().isFetching());
+        state().mode = AppMode::browse;
+        QMimeData words;
+        words.setText(u"wooden boats"_s);
+        drop(words);
+        QCOMPARE(state().browseSearchQuery(), u"wooden boats"_s);
+        QCOMPARE(state().singleURL(), u"https://x/watch?v=a"_s);
+    }
+
+    void aDroppedLinkLandsInTheField()
+    {
+        QMimeData link;
+        link.setUrls({QUrl(u"https://x/watch?v=b"_s), QUrl(u"https://x/watch?v=c"_s)});
+        state().mode = AppMode::multi;
+        drop(link);
+        QCOMPARE(state().multiURL(), u"https://x/watch?v=b"_s);
+        QCOMPARE(textOf("urlField"), u"https://x/watch?v=b"_s);
+        state().multiURL = QString();
+    }
+
+    void nothingToDropChangesNothing()
+    {
+        state().singleURL = u"before"_s;
+        QMimeData blank;
+        blank.setText(u" \n "_s);
+        drop(blank);
+        QCOMPARE(state().singleURL(), u"before"_s);
+    }
+
+private:
+    void ask()
+    {
+        // Where there is no window manager.
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+        QVERIFY(QMetaObject::invokeMethod(m_window->property("menuBar").value<QObject *>(),
+                                          "aboutRequested"));
+    }
+
+    static QList<QWindow *> windows()
+    {
+        QList<QWindow *> found;
+        const QList<QWindow *> all = QGuiApplication::topLevelWindows();
+        for (QWindow *const each : all) {
+            if (each->objectName() == u"aboutWindow" && each->isVisible())
+                found.append(each);
+        }
+        return found;
+    }
+
+    void drop(QMimeData &data)
+    {
+        const QPoint place(400, 400);
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_window, &enter);
+        QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_window, &move);
+        QDropEvent fall(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_window, &fall);
+    }
+};
+
+QTEST_MAIN(AboutTest)
+#include "AboutTest.moc"

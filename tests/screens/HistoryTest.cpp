@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowFixture.h"
+
+/// The finished downloads below the screens of single and multi mode.
+class HistoryTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEmptyHistoryShowsItsHeaderAndThatThereIsNothing()
+    {
+        QVERIFY(shown("historyTitle") && shown("clearHistory") && shown("noHistory"));
+        QCOMPARE(textOf("historyTitle"), u"Download History"_s);
+        QCOMPARE(textOf("noHistory"), u"No downloads yet"_s);
+        QVERIFY(!shown("historyList"));
+        click("clearHistory");
+        QVERIFY(state().history().isEmpty());
+        QCOMPARE(m_fixture.preferences->blob(u"quillon.history.v2"_s).value_or(QByteArray()),
+                 QByteArray("[]"));
+    }
+
+    void clearAllByMouseEmptiesTheList()
+    {
+        fill(3);
+        QVERIFY(!shown("noHistory"));
+        click("clearHistory");
+        QVERIFY(state().history().isEmpty());
+        WAIT_FOR(shown("noHistory") && !shown("historyList"));
+    }
+
+    void itStandsInSingleAndMultiModeOnly()
+    {
+        fill(1);
+        state().mode = AppMode::multi;
+        WAIT_FOR(shown("history0"));
+        state().mode = AppMode::browse;
+        WAIT_FOR(!shown("history0") && !shown("historyTitle"));
+        state().mode = AppMode::single;
+        WAIT_FOR(shown("history0"));
+    }
+
+    void aFinishedDownloadAppearsInFront()
+    {
+        fill(2);
+        state().singleInfo = video();
+        state().startSingleDownload();
+        WAIT_FOR(state().history().size() == 3 && shown("history2"));
+        QCOMPARE(item("history0")->property("title").toString(), u"Title a"_s);
+    }
+
+    void revealIsHiddenWithoutASavedPath()
+    {
+        fill(2);
+        QVERIFY(shown("reveal0"));
+        QVERIFY(!shown("reveal1"));
+        QVERIFY(shown("refetch1"));
+        QCOMPARE(item("reveal0")->property("help").toString(), u"Show in Finder"_s);
+        QCOMPARE(item("refetch0")->property("help").toString(), u"Re-fetch"_s);
+    }
+
+    void revealByMouseShowsTheFile()
+    {
+        fill(1);
+        writeFile(m_fixture.folder.filePath(u"0.mp4"_s), "x");
+        click("reveal0");
+        QCOMPARE(m_fixture.desktop.fileViewer->selected.last(),
+                 m_fixture.folder.filePath(u"0.mp4"_s));
+    }
+
+    void refetchByMouseGoesToSingleModeAndFetches()
+    {
+        fill(2);
+        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"Again"}')");
+        state().mode = AppMode::multi;
+        WAIT_FOR(shown("refetch1"));
+        click("refetch1");
+        WAIT_FOR(shown("videoTitle"));
+        QVERIFY(state().mode() == AppMode::single);
+        QCOMPARE(textOf("urlField"), u"https://x/watch?v=1"_s);
+        QCOMPARE(textOf("videoTitle"), u"Again"_s);
+        QCOMPARE(m_fixture.tool.calls().last().last(), u"https://x/watch?v=1"_s);
+    }
+
+    void rowsAreReachedAndUsedByKeyboard()
+    {
+        fill(3);
+        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"Again"}')");
+        focusByTab("historyRows");
+        QVERIFY(focusIsIn(item("history0")));
+        press(Qt::Key_Down);
+        QVERIFY(focusIsIn(item("history1")));
+        press(Qt::Key_Down);
+        QVERIFY(focusIsIn(item("history2")));
+        press(Qt::Key_Tab);
+        QCOMPARE(m_window->activeFocusItem(), item("reveal2"));
+        press(Qt::Key_Tab);
+        QCOMPARE(m_window->activeFocusItem(), item("refetch2"));
+        press(Qt::Key_Return);
+        WAIT_FOR(shown("videoTitle"));
+        QCOMPARE(state().singleURL(), u"https://x/watch?v=2"_s);
+    }
+
+    void tabPassesOneRowAndNotAllOfThem()
+    {
+        fill(3);
+        focusByTab("clearHistory");
+        QStringList reached;
+        for (int step = 0; step < 3; ++step) {
+            press(Qt::Key_Tab);
+            reached.append(focusIsIn(item("reveal0"))        ? u"reveal0"_s
+                               : focusIsIn(item("refetch0")) ? u"refetch0"_s
+                               : focusIsIn(item("history0")) ? u"history0"_s
+                                                             : u"elsewhere"_s);
+        }
+        QCOMPARE(reached, QStringList({u"history0"_s, u"reveal0"_s, u"refetch0"_s}));
+        press(Qt::Key_Tab);
+        QVERIFY(!focusIsIn(item("historyRows")));
+    }
+
+    void ofTenThousandOnlyThoseInSightAreAlive()
+    {
+        fill(10'000);
+        m_window->grabWindow();
+        QVERIFY(numbered("historyRows", u"history"_s) <= 40);
+        focusByTab("historyRows");
+        press(Qt::Key_End);
+        QVERIFY(focusIsIn(item("history9999")));
+        m_window->grabWindow();
+        QVERIFY(numbered("historyRows", u"history"_s) <= 40);
+        QVERIFY(item("history9999")->mapToScene({0, 52}).y() <= m_window->height());
+    }
+
+    void aRowIsNamedAndItsActionsByTheirTooltips()
+    {
+        fill(1);
+        QCOMPARE(accessible("history0")->text(QAccessible::Name),
+                 u"Video 0, 1 hr. ago, MP4 · 1080p"_s);
+        QVERIFY(accessible("history0")->role() == QAccessible::ListItem);
+        QCOMPARE(accessible("reveal0")->text(QAccessible::Name), u"Show in Finder"_s);
+        QCOMPARE(accessible("refetch0")->text(QAccessible::Name), u"Re-fetch"_s);
+        QVERIFY(accessible("refetch0")->role() == QAccessible::Button);
+        accessible("refetch0")
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(state().singleURL(), u"https://x/watch?v=0"_s);
+    }
+
+private:
+    /// "Video 0", "Video 1" ...; every second one with a saved path.
+    void fill(int count)
+    {
+        AppState::History records;
+        for (int number = 0; number < count; ++number) {
+            HistoryItem record{.id = QUuid::createUuid(),
+                               .title = u"Video %1"_s.arg(number),
+                               .thumbnailURL = {},
+                               .url = u"https://x/watch?v=%1"_s.arg(number),
+                               .format = u"mp4"_s,
+                               .quality = u"1080p"_s,
+                               .savedPath = {},
+                               .date = {.seconds = ReferenceDate::now().seconds - 3700}};
+            if (number % 2 == 0)
+                record.savedPath = m_fixture.folder.filePath(u"%1.mp4"_s.arg(number));
+            records.append(record);
+        }
+        state().history = records;
+        WAIT_FOR(shown("history0") && (count < 2 || shown("history1")));
+    }
+
+    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
+};
+
+QTEST_MAIN(HistoryTest)
+#include "HistoryTest.moc"

@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowFixture.h"
+
+/// The panel in which the entries of a playlist are chosen.
+class PlaylistTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEmptyPlaylistShows0Of0AndAllLeavesTheSelectionEmpty()
+    {
+        show(playlist(0));
+        QCOMPARE(textOf("playlistCount"), u"0 of 0 selected"_s);
+        click("selectAll");
+        QVERIFY(state().selectedPlaylistItems().isEmpty());
+        QCOMPARE(textOf("playlistCount"), u"0 of 0 selected"_s);
+        QVERIFY(!item("download")->isEnabled());
+    }
+
+    void noneAllAndOneCardByMouse()
+    {
+        show(playlist(3));
+        QCOMPARE(textOf("playlistCount"), u"3 of 3 selected"_s);
+        click("selectNone");
+        QCOMPARE(textOf("playlistCount"), u"0 of 3 selected"_s);
+        QVERIFY(!item("card1")->property("isSelected").toBool());
+        click("selectAll");
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"0"_s, u"1"_s, u"2"_s}));
+        click("card1");
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"0"_s, u"2"_s}));
+        QVERIFY(!item("card1")->property("isSelected").toBool());
+        QVERIFY(item("card0")->property("isSelected").toBool());
+    }
+
+    void withARepeatedIdentifierFiveDownloadWhileFourAreCounted()
+    {
+        VideoInfo info = playlist(5);
+        info.playlistEntries[2].id = u"0"_s;
+        show(info);
+        QCOMPARE(textOf("playlistCount"), u"4 of 5 selected"_s);
+        QCOMPARE(textOf("download"), u"Download 4 Videos"_s);
+        click("download");
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::done(m_fixture.folder.path()));
+        QCOMPARE(m_fixture.tool.calls().size(), 5);
+        QCOMPARE(state().totalDownloadCount(), 5);
+        QCOMPARE(state().currentDownloadIndex(), 5);
+    }
+
+    void hideTakesTheGridAwayAndShowBringsItBack()
+    {
+        show(playlist(3));
+        QCOMPARE(item("collapse")->property("help").toString(), u"Hide video list"_s);
+        click("collapse");
+        WAIT_FOR(!shown("playlistCards"));
+        QCOMPARE(item("collapse")->property("label").toString(), u"Show"_s);
+        QCOMPARE(item("collapse")->property("help").toString(), u"Show video list"_s);
+        QCOMPARE(state().selectedPlaylistItems().size(), 3);
+        click("collapse");
+        WAIT_FOR(shown("card0"));
+        QCOMPARE(item("collapse")->property("label").toString(), u"Hide"_s);
+    }
+
+    void aPlaylistThatIsFetchedAnewShowsItsGrid()
+    {
+        show(playlist(3));
+        click("collapse");
+        WAIT_FOR(!shown("playlistCards"));
+        show(playlist(4));
+        WAIT_FOR(shown("card3"));
+    }
+
+    void theColumnsKeepToTheirBounds_data()
+    {
+        QTest::addColumn<int>("width");
+        for (const int width : {880, 960, 1100, 1440, 2000})
+            QTest::addRow("%d", width) << width;
+    }
+
+    void theColumnsKeepToTheirBounds()
+    {
+        QFETCH(int, width);
+        const QSize before = m_window->size();
+        show(playlist(12));
+        m_window->resize(width, before.height());
+        WAIT_FOR(m_window->contentItem()->width() == width);
+        m_window->grabWindow();
+        const QQuickItem *const first = item("card0");
+        const QQuickItem *const second = item("card1");
+        QVERIFY2(first->width() >= 190 && first->width() <= 240,
+                 qPrintable(QString::number(first->width())));
+        QCOMPARE(second->x() - first->x() - first->width(), 10.0);
+        m_window->resize(before);
+    }
+
+    void theArrowsMoveFromCardToCardAndSpaceToggles()
+    {
+        show(playlist(12));
+        focusByTab("playlistCards");
+        QCOMPARE(focused(), u"card0"_s);
+        press(Qt::Key_Right);
+        QCOMPARE(focused(), u"card1"_s);
+        press(Qt::Key_Down);
+        QCOMPARE(focused(), u"card5"_s);
+        press(Qt::Key_Left);
+        press(Qt::Key_Space);
+        QCOMPARE(state().selectedPlaylistItems().size(), 11);
+        QVERIFY(!state().selectedPlaylistItems().contains(u"4"_s));
+        press(Qt::Key_Space);
+        QCOMPARE(state().selectedPlaylistItems().size(), 12);
+    }
+
+    void ctrlASelectsAllWhileTheGridHasTheKeyboard()
+    {
+        show(playlist(12));
+        state().selectedPlaylistItems = AppState::EntrySelection();
+        focusByTab("playlistCards");
+        press(Qt::Key_Right);
+        QTest::keyClick(m_window, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(state().selectedPlaylistItems().size(), 12);
+    }
+
+    void theGridIsOneStopBetweenHideAndTheFormats()
+    {
+        show(playlist(12));
+        focusByTab("selectAll");
+        QStringList reached;
+        for (int step = 0; step < 4; ++step) {
+            press(Qt::Key_Tab);
+            reached.append(focused());
+        }
+        QCOMPARE(reached, QStringList({u"selectNone"_s, u"collapse"_s, u"card0"_s, u"format0"_s}));
+        QTest::keyClick(m_window, Qt::Key_Backtab);
+        QCOMPARE(focused(), u"card0"_s);
+    }
+
+    void ofThousandsOnlyThoseInSightAreAlive()
+    {
+        show(playlist(5000));
+        m_window->grabWindow();
+        const int atStart = numbered("playlistCards", u"card"_s);
+        QVERIFY2(atStart >= 12 && atStart <= 40, qPrintable(QString::number(atStart)));
+        focusByTab("playlistCards");
+        press(Qt::Key_End);
+        QCOMPARE(focused(), u"card4999"_s);
+        m_window->grabWindow();
+        QVERIFY(isInSight("card4999"));
+        const int atEnd = numbered("playlistCards", u"card"_s);
+        QVERIFY2(atEnd <= 40, qPrintable(QString::number(atEnd)));
+        press(Qt::Key_Up);
+        QCOMPARE(focused(), u"card4995"_s);
+        press(Qt::Key_Home);
+        QCOMPARE(focused(), u"card0"_s);
+        QVERIFY(isInSight("card0"));
+    }
+
+    void theWheelAndThePageKeysScrollPanelAndButtonsAsOne()
+    {
+        show(playlist(5000));
+        m_window->grabWindow();
+        const double before = sceneY("card0");
+        const double title = sceneY("playlistTitle");
+        turnWheel(1);
+        WAIT_FOR(sceneY("playlistTitle") < title);
+        QCOMPARE(sceneY("card0") - before, sceneY("playlistTitle") - title);
+        WAIT_FOR((turnWheel(5), sceneY("playlistTitle") < -2000));
+        QVERIFY(numbered("playlistCards", u"card"_s) <= 40);
+        focusByTab("selectAll");
+        WAIT_FOR(isInSight("selectAll"));
+        press(Qt::Key_PageDown);
+        WAIT_FOR(!isInSight("selectAll"));
+        press(Qt::Key_PageUp);
+        WAIT_FOR(isInSight("selectAll"));
+    }
+
+    void aCardIsACheckBoxNamedByItsTitle()
+    {
+        show(playlist(2));
+        QAccessibleInterface *const card = accessible("card1");
+        QCOMPARE(card->role(), QAccessible::CheckBox);
+        QCOMPARE(card->text(QAccessible::Name), u"Title 1"_s);
+        QVERIFY(card->state().checkable);
+        QVERIFY(card->state().checked);
+        QVERIFY(card->state().focusable);
+        card->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QVERIFY(!card->state().checked);
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"0"_s}));
+        QCOMPARE(accessible("playlistCount")->text(QAccessible::Name), u"1 of 2 selected"_s);
+    }
+
+    void entriesThatLackEverythingAreCardsAllTheSame()
+    {
+        m_fixture.tool.setScript(R"(cat <<'END'
+{"_type":"url","id":"a","title":null,"url":"https://x/watch?v=a","duration":null}
+{"_type":"url","url":"https://x/watch?v=b","thumbnails":[null,{"url":null},3]}
+{"_type":"url","id":"c","title":"Title c"}
+{"_type":"url","id":"c","title":"Title c again","thumbnails":"none"}
+null
+END
+)");
+        state().singleURL = u"https://x/playlist?list=p"_s;
+        state().fetchSingleInfo();
+        WAIT_FOR(!state().isFetching());
+        QCOMPARE(state().fetchError().value_or(QString()), QString());
+        WAIT_FOR(shown("card3"));
+        QCOMPARE(textOf("playlistTitle"), u"Playlist (4 videos)"_s);
+        QCOMPARE(textOf("playlistCount"), u"3 of 4 selected"_s);
+    }
+
+private:
+    void show(const VideoInfo &info)
+    {
+        AppState::EntrySelection all;
+        for (const VideoInfo &entry : info.playlistEntries)
+            all.insert(entry.id);
+        state().selectedPlaylistItems = all;
+        state().singleInfo = info;
+        WAIT_FOR(shown("playlistCount") && (info.playlistEntries.isEmpty() || shown("card0")));
+        WAIT_FOR(shown("download"));
+    }
+
+    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
+
+    QString focused() const
+    {
+        return m_window->activeFocusItem() ? m_window->activeFocusItem()->objectName() : QString();
+    }
+
+    double sceneY(const char *name) { return item(name)->mapToScene({0, 0}).y(); }
+
+    bool isInSight(const char *name)
+    {
+        const QQuickItem *const found = item(name);
+        const double top = item("submit")->mapToScene({0, item("submit")->height()}).y();
+        return found && sceneY(name) >= top && sceneY(name) + found->height() <= m_window->height();
+    }
+};
+
+QTEST_MAIN(PlaylistTest)
+#include "PlaylistTest.moc"

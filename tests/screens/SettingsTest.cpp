@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowFixture.h"
+
+/// The panel under the header.
+class SettingsTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whatIsTypedCountsAtOnceAndIsNotStored()
+    {
+        open();
+        item("downloadDir")->forceActiveFocus();
+        typeText("~/Music");
+        QCOMPARE(state().downloadDir(), u"~/Music"_s);
+        QVERIFY(state().resolvedDownloadDir().endsWith(u"/Music"));
+        QVERIFY(!m_fixture.preferences->string(u"quillon.downloadDir"_s));
+    }
+
+    void aMenuIsChosenFromByKeyboard()
+    {
+        open();
+        focusByTab("speedLimit");
+        press(Qt::Key_Space);
+        press(Qt::Key_Down);
+        press(Qt::Key_Down);
+        press(Qt::Key_Return);
+        QCOMPARE(state().speedLimit(), u"5M"_s);
+        QCOMPARE(item("speedLimit")->property("displayText").toString(), u"5 MB/s"_s);
+        press(Qt::Key_Up);
+        QCOMPARE(state().speedLimit(), u"10M"_s);
+        state().speedLimit = u"0"_s;
+    }
+
+    void aMenuIsChosenFromByMouse()
+    {
+        open();
+        click("historyLimit");
+        auto *const popup = item("historyLimit")->property("popup").value<QObject *>();
+        WAIT_FOR(popup->property("opened").toBool());
+        auto *const entry = find(m_window->contentItem(), u"menuEntry4"_s);
+        QVERIFY(entry);
+        QTest::mouseClick(m_window, Qt::LeftButton, {},
+                          entry->mapToScene({20, entry->height() / 2}).toPoint());
+        QCOMPARE(state().historyLimit(), 0);
+        QCOMPARE(item("historyLimit")->property("displayText").toString(), u"Unlimited"_s);
+        state().historyLimit = 50;
+        QCOMPARE(item("historyLimit")->property("displayText").toString(), u"50"_s);
+    }
+
+    void aValueInNoTableShowsNoSelection()
+    {
+        state().speedLimit = u"3M"_s;
+        open();
+        QCOMPARE(item("speedLimit")->property("displayText").toString(), QString());
+        QCOMPARE(state().speedLimit(), u"3M"_s);
+        state().speedLimit = u"0"_s;
+        QCOMPARE(item("speedLimit")->property("displayText").toString(), u"Full Speed"_s);
+    }
+
+    void theSwitchWorksByMouseKeyboardAndScreenReader()
+    {
+        open();
+        click("notifications");
+        QVERIFY(!state().notificationsEnabled());
+        focusByTab("notifications");
+        press(Qt::Key_Space);
+        QVERIFY(state().notificationsEnabled());
+        press(Qt::Key_Return);
+        QVERIFY(!state().notificationsEnabled());
+        accessible("notifications")
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+        QVERIFY(state().notificationsEnabled());
+        QVERIFY(item("notifications")->property("checked").toBool());
+        QCOMPARE(accessible("notifications")->text(QAccessible::Name), u"Notifications"_s);
+        state().notificationsEnabled = false;
+        QVERIFY(!item("notifications")->property("checked").toBool());
+        state().notificationsEnabled = true;
+    }
+
+    void saveIsConfirmedAndReturnsToSave()
+    {
+        open();
+        state().downloadDir = m_fixture.folder.path();
+        QCOMPARE(textOf("saveSettings"), u"Save"_s);
+        click("saveSettings");
+        QCOMPARE(textOf("saveSettings"), u"Saved!"_s);
+        click("saveSettings");
+        QCOMPARE(textOf("saveSettings"), u"Saved!"_s);
+        QCOMPARE(m_fixture.preferences->string(u"quillon.downloadDir"_s), m_fixture.folder.path());
+        WAIT_FOR(textOf("saveSettings") == u"Save");
+    }
+
+    void aPanelThatIsOpenedAgainShowsNoConfirmation()
+    {
+        open();
+        click("saveSettings");
+        state().showSettings = false;
+        WAIT_FOR(!item("saveSettings"));
+        open();
+        QCOMPARE(textOf("saveSettings"), u"Save"_s);
+    }
+
+    void tabReachesEveryControlInOrder()
+    {
+        open();
+        focusByTab("downloadDir");
+        QStringList reached;
+        for (int step = 0; step < 7; ++step) {
+            press(Qt::Key_Tab);
+            reached.append(m_window->activeFocusItem()->objectName());
+        }
+        QCOMPARE(
+            reached,
+            QStringList({u"browseFolder"_s, u"saveSettings"_s, u"historyLimit"_s, u"speedLimit"_s,
+                         u"notifications"_s, u"cookiesBrowser"_s, u"modeSingle"_s}));
+    }
+
+    void everyControlIsNamed()
+    {
+        open();
+        for (const auto &[control, name] : {std::pair{"downloadDir", u"Save Folder"_s},
+                                            {"browseFolder", u"Browse"_s},
+                                            {"saveSettings", u"Save"_s},
+                                            {"historyLimit", u"History"_s},
+                                            {"speedLimit", u"Speed"_s},
+                                            {"cookiesBrowser", u"Cookies"_s}})
+            QCOMPARE(accessible(control)->text(QAccessible::Name), name);
+        QVERIFY(accessible("speedLimit")->role() == QAccessible::ComboBox);
+        QCOMPARE(item("cookiesBrowser")->property("help").toString(),
+                 u"Browser whose cookies yt-dlp uses to authenticate with YouTube"_s);
+        QCOMPARE(item("downloadDir")->property("placeholderText").toString(),
+                 u"~/Downloads  (leave empty for default)"_s);
+    }
+
+    void theChooserCancelledKeepsTheText()
+    {
+        open();
+        state().downloadDir = u"~/Music"_s;
+        QObject *const chooser = browse();
+        QVERIFY(chooser);
+        press(Qt::Key_Escape);
+        WAIT_FOR(!chooser->property("visible").toBool());
+        QCOMPARE(state().downloadDir(), u"~/Music"_s);
+    }
+
+    void theChooserConfirmedSetsTheFolderAndStoresNothing()
+    {
+        QVERIFY(QDir(m_fixture.folder.path()).mkpath(u"videos/new"_s));
+        const QString videos = m_fixture.folder.filePath(u"videos"_s);
+        state().downloadDir = videos;
+        m_fixture.preferences->setString(u"quillon.downloadDir"_s, u"before"_s);
+        open();
+        QObject *const chooser = browse();
+        QVERIFY(chooser);
+        QCOMPARE(chooser->property("title").toString(), u"Choose Download Folder"_s);
+        state().downloadDir = QString();
+        QQuickItem *select = nullptr;
+        WAIT_FOR(select = withText(m_window->contentItem(), u"Select Folder"_s));
+        m_window->grabWindow();
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, select->mapToScene({20, 10}).toPoint());
+        WAIT_FOR(!chooser->property("visible").toBool());
+        QCOMPARE(state().downloadDir(), videos + u"/new"_s);
+        QCOMPARE(m_fixture.preferences->string(u"quillon.downloadDir"_s), u"before"_s);
+    }
+
+private:
+    void open()
+    {
+        state().showSettings = true;
+        WAIT_FOR(shown("saveSettings"));
+    }
+
+    QObject *browse()
+    {
+        click("browseFolder");
+        QObject *chooser = nullptr;
+        const auto isOpen = [&] {
+            chooser = item("browseFolder")->parentItem()->findChild<QObject *>(u"folderChooser"_s);
+            return chooser && chooser->property("visible").toBool();
+        };
+        return QTest::qWaitFor(isOpen, 30000) ? chooser : nullptr;
+    }
+
+    static QQuickItem *withText(QQuickItem *parent, const QString &text)
+    {
+        const QList<QQuickItem *> children = parent->childItems();
+        for (QQuickItem *const child : children) {
+            if (child->isVisible() && child->inherits("QQuickAbstractButton")
+                && child->property("text").toString() == text)
+                return child;
+            if (QQuickItem *const found = withText(child, text))
+                return found;
+        }
+        return nullptr;
+    }
+
+    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
+};
+
+QTEST_MAIN(SettingsTest)
+#include "SettingsTest.moc"

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "PlaylistModel.h"
+#include "StateFixture.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+class PlaylistModelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_fixture = std::make_unique<StateFixture>();
+        m_model = std::make_unique<PlaylistModel>(state());
+        m_tester = std::make_unique<QAbstractItemModelTester>(m_model.get());
+    }
+
+    void cleanup()
+    {
+        m_tester.reset();
+        m_model.reset();
+        m_fixture.reset();
+    }
+
+    void entriesStandInTheirOrder()
+    {
+        m_model->setInfo(StateFixture::playlist({u"c"_s, u"a"_s, u"b"_s}));
+        QCOMPARE(m_model->rowCount(), 3);
+        QCOMPARE(text(0, PlaylistModel::TitleRole), u"Title c"_s);
+        QCOMPARE(text(2, PlaylistModel::TitleRole), u"Title b"_s);
+        QCOMPARE(text(1, PlaylistModel::ThumbnailRole), u"http://127.0.0.1/a"_s);
+    }
+
+    void theHeadingIsThePlaylistsTitleOrElseTheTitle()
+    {
+        VideoInfo info = StateFixture::playlist({u"a"_s});
+        m_model->setInfo(info);
+        QCOMPARE(m_model->heading(), u"Playlist (1 videos)"_s);
+        info.playlistTitle = u"Evenings"_s;
+        m_model->setInfo(info);
+        QCOMPARE(m_model->heading(), u"Evenings"_s);
+        info.playlistTitle = QString();
+        m_model->setInfo(info);
+        QCOMPARE(m_model->heading(), QString());
+    }
+
+    void anEmptyPlaylistReads0Of0AndAllLeavesTheSelectionEmpty()
+    {
+        m_model->setInfo(StateFixture::playlist({}));
+        QCOMPARE(m_model->countLine(), u"0 of 0 selected"_s);
+        m_model->selectAll();
+        QVERIFY(state().selectedPlaylistItems().isEmpty());
+        QCOMPARE(m_model->countLine(), u"0 of 0 selected"_s);
+    }
+
+    void noneThenAllSelectsEveryEntryAgain()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
+        m_model->selectAll();
+        QCOMPARE(m_model->countLine(), u"3 of 3 selected"_s);
+        m_model->selectNone();
+        QCOMPARE(m_model->countLine(), u"0 of 3 selected"_s);
+        m_model->selectAll();
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"a"_s, u"b"_s, u"c"_s}));
+    }
+
+    void togglingOneEntryChangesOnlyThatOne()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
+        m_model->selectAll();
+        m_model->toggle(1);
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"a"_s, u"c"_s}));
+        QVERIFY(isSelected(0) && !isSelected(1) && isSelected(2));
+        m_model->toggle(1);
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"a"_s, u"b"_s, u"c"_s}));
+    }
+
+    void entriesOfOneIdentifierShareTheirSelection()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"a"_s, u"c"_s, u"d"_s}));
+        m_model->selectAll();
+        QCOMPARE(m_model->countLine(), u"4 of 5 selected"_s);
+        m_model->toggle(2);
+        QVERIFY(!isSelected(0) && !isSelected(2));
+        QCOMPARE(m_model->countLine(), u"3 of 5 selected"_s);
+    }
+
+    void theCountIsTheSelectionsAlsoWhereItKnowsOthers()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s}));
+        state().selectedPlaylistItems = QSet({u"a"_s, u"x"_s, u"y"_s});
+        QCOMPARE(m_model->countLine(), u"3 of 1 selected"_s);
+    }
+
+    void numbersAreWrittenWithoutSeparators()
+    {
+        QStringList ids;
+        for (int number = 0; number < 1234; ++number)
+            ids.append(QString::number(number));
+        m_model->setInfo(StateFixture::playlist(ids));
+        m_model->selectAll();
+        QCOMPARE(m_model->countLine(), u"1234 of 1234 selected"_s);
+    }
+
+    void aChangedSelectionIsToldOnceForAllRows()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
+        const QSignalSpy spy(m_model.get(), &PlaylistModel::dataChanged);
+        m_model->selectAll();
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.first().at(0).toModelIndex().row(), 0);
+        QCOMPARE(spy.first().at(1).toModelIndex().row(), 2);
+    }
+
+    void whatIsOutsideIsNothing()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s}));
+        m_model->toggle(-1);
+        m_model->toggle(1);
+        QVERIFY(state().selectedPlaylistItems().isEmpty());
+        QVERIFY(!m_model->data({}, PlaylistModel::TitleRole).isValid());
+    }
+
+private:
+    AppState &state() { return *m_fixture->state; }
+    QString text(int row, int role) { return m_model->data(m_model->index(row), role).toString(); }
+    bool isSelected(int row)
+    {
+        return m_model->data(m_model->index(row), PlaylistModel::SelectedRole).toBool();
+    }
+
+    std::unique_ptr<StateFixture> m_fixture;
+    std::unique_ptr<PlaylistModel> m_model;
+    std::unique_ptr<QAbstractItemModelTester> m_tester;
+};
+
+QTEST_MAIN(PlaylistModelTest)
+#include "PlaylistModelTest.moc"

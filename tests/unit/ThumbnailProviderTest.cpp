@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ThumbnailProvider.h"
+#include "StateFixture.h"
+
+#include <QBuffer>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+QByteArray encoded(const QImage &image, const char *format)
+{
+    QBuffer buffer;
+    image.save(&buffer, format);
+    return buffer.data();
+}
+
+QImage picture(int width = 320, int height = 180)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    return image;
+}
+
+/// Says the same to everyone who asks, and counts them. Whoever is told more than
+/// goes through the line gets it bit by bit.
+class Server : public QTcpServer
+{
+public:
+    Server()
+    {
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket *const socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
+                if (!socket->readAll().contains("\r\n\r\n"))
+                    return;
+                ++asked;
+                socket->write(answer);
+                if (closes)
+                    socket->disconnectFromHost();
+                else if (floods)
+                    flood(socket);
+            });
+            connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] {
+                if (floods)
+                    flood(socket);
+            });
+            connect(socket, &QTcpSocket::disconnected, this, [this] { ++left; });
+        });
+        listen(QHostAddress::LocalHost);
+    }
+
+    void flood(QTcpSocket *socket)
+    {
+        while (sent < 200 << 20 && socket->bytesToWrite() < 1 << 20) {
+            socket->write(QByteArray(1 << 16, 'x'));
+            sent += 1 << 16;
+        }
+    }
+
+    void serve(const QByteArray &body, const QByteArray &type = "image/png")
+    {
+        answer = "HTTP/1.1 200 OK\r\nContent-Type: " + type
+            + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body;
+    }
+
+    [[nodiscard]] QString address(const QString &path = u"a.png"_s) const
+    {
+        return u"http://127.0.0.1:%1/%2"_s.arg(serverPort()).arg(path);
+    }
+
+    QByteArray answer;
+    bool closes = false;
+    bool floods = false;
+    qint64 sent = 0;
+    int asked = 0;
+    int left = 0;
+};
+
+/// One picture asked for, and what became of it.
+struct Request
+{
+    Request(ThumbnailProvider &provider, const QString &url, QSize size = {160, 90})
+        : response(provider.requestImageResponse(
+            u"10/"_s + QString::fromLatin1(url.toUtf8().toBase64()), size))
+    {
+        QObject::connect(response.get(), &QQuickImageResponse::finished, &context,
+                         [this] { hasFinished = true; });
+    }
+
+    [[nodiscard]] QImage image() const
+    {
+        const std::unique_ptr<QQuickTextureFactory> factory(response->textureFactory());
+        return factory ? factory->image() : QImage();
+    }
+
+    QObject context;
+    std::unique_ptr<QQuickImageResponse> response;
+    bool hasFinished = false;
+};
+
+} // namespace
+
+/// Pictures from servers of every kind.
+class ThumbnailProviderTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aPictureComesInTheSizeAskedForWithRoundCorners_data()
+    {
+        QTest::addColumn<QByteArray>("format");
+        for (const char *format : {"png", "jpg", "webp"})
+            QTest::newRow(format) << QByteArray(format);
+    }
+
+    void aPictureComesInTheSizeAskedForWithRoundCorners()
+    {
+        QFETCH(QByteArray, format);
+        Server server;
+        server.serve(encoded(picture(), format.constData()));
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QCOMPARE(request.response->errorString(), QString());
+        QCOMPARE(request.image().size(), QSize(160, 90));
+        QCOMPARE(request.image().pixelColor(0, 0).alpha(), 0);
+        QCOMPARE(request.image().pixelColor(80, 45).alpha(), 255);
+    }
+
+    void aPictureIsAskedForOnceAndThenComesFromMemory()
+    {
+        Server server;
+        server.serve(encoded(picture(), "png"));
+        ThumbnailProvider provider;
+        Request first(provider, server.address());
+        WAIT_FOR(first.hasFinished);
+        Request again(provider, server.address());
+        WAIT_FOR(again.hasFinished);
+        QCOMPARE(again.image(), first.image());
+        QCOMPARE(server.asked, 1);
+        Request larger(provider, server.address(), {320, 180});
+        WAIT_FOR(larger.hasFinished);
+        QCOMPARE(server.asked, 2);
+    }
+
+    void memoryIsBounded()
+    {
+        const QImage image = picture();
+        ThumbnailCache cache(3 * image.sizeInBytes());
+        for (int number = 0; number < 10; ++number)
+            cache.insert(QString::number(number), image);
+        QCOMPARE(cache.bytes(), 3 * image.sizeInBytes());
+        QVERIFY(!cache.find(u"9"_s).isNull());
+        QVERIFY(cache.find(u"6"_s).isNull());
+    }
+
+    void aServerThatHangsIsGivenUp()
+    {
+        Server server; // says nothing
+        ThumbnailProvider provider(50ms);
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QVERIFY(!request.response->errorString().isEmpty());
+        WAIT_FOR(server.left == 1);
+    }
+
+    void aServerThatDripsIsGivenUp()
+    {
+        Server server;
+        server.answer = "HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\nx";
+        ThumbnailProvider provider(50ms);
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QVERIFY(!request.response->errorString().isEmpty());
+    }
+
+    void aServerThatClosesTheConnectionEndsInAnError()
+    {
+        Server server;
+        server.serve(encoded(picture(), "png"));
+        server.answer.chop(20);
+        server.closes = true;
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QVERIFY(!request.response->errorString().isEmpty());
+    }
+
+    void aServerThatLiesAboutTheTypeEndsInAnError_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::newRow("a page") << QByteArray("<html><body>hello</body></html>");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("a drawing") << QByteArray(
+            "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><rect/></svg>");
+        QTest::newRow("another format") << encoded(picture(), "bmp");
+        QTest::newRow("half a header") << encoded(picture(), "png").left(20);
+    }
+
+    void aServerThatLiesAboutTheTypeEndsInAnError()
+    {
+        QFETCH(QByteArray, body);
+        Server server;
+        server.serve(body);
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QVERIFY(!request.response->errorString().isEmpty());
+        QVERIFY(request.image().isNull());
+    }
+
+    void aPictureUnderAWrongTypeIsShownAllTheSame()
+    {
+        Server server;
+        server.serve(encoded(picture(), "jpg"), "text/html");
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QCOMPARE(request.image().size(), QSize(160, 90));
+    }
+
+    void aServerThatSendsTwoHundredMegabytesIsStopped_data()
+    {
+        QTest::addColumn<QByteArray>("header");
+        QTest::newRow("announced") << QByteArray("Content-Length: 209715200\r\n");
+        QTest::newRow("not announced") << QByteArray("Connection: close\r\n");
+    }
+
+    void aServerThatSendsTwoHundredMegabytesIsStopped()
+    {
+        QFETCH(QByteArray, header);
+        Server server;
+        server.answer = "HTTP/1.1 200 OK\r\n" + header + "\r\n";
+        server.floods = true;
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QVERIFY(!request.response->errorString().isEmpty());
+        WAIT_FOR(server.left == 1);
+        QVERIFY2(server.sent < 40 << 20, qPrintable(QString::number(server.sent)));
+    }
+
+    void aPictureOfAbsurdSizeIsRefused()
+    {
+        QImage vast(7000, 7000, QImage::Format_Mono);
+        vast.fill(1);
+        Server server;
+        server.serve(encoded(vast, "png"));
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QCOMPARE(request.response->errorString(), u"Not a picture"_s);
+    }
+
+    void aRequestThatIsNoLongerWantedIsDropped()
+    {
+        Server server; // says nothing
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(server.asked == 1);
+        request.response->cancel();
+        WAIT_FOR(request.hasFinished);
+        WAIT_FOR(server.left == 1);
+    }
+
+    void onlyTheWebIsAsked_data()
+    {
+        QTest::addColumn<QString>("url");
+        QTest::newRow("file") << u"file:///etc/hostname"_s;
+        QTest::newRow("no scheme") << u"127.0.0.1/a.png"_s;
+        QTest::newRow("data") << u"data:image/png;base64,AAAA"_s;
+        QTest::newRow("resource") << u"qrc:/a.png"_s;
+        QTest::newRow("ftp") << u"ftp://127.0.0.1/a.png"_s;
+        QTest::newRow("no host") << u"http:///a.png"_s;
+        QTest::newRow("none") << QString();
+        QTest::newRow("no text") << QString(QChar(0xD800)) + u"\u0001"_s;
+    }
+
+    void onlyTheWebIsAsked()
+    {
+        QFETCH(QString, url);
+        ThumbnailProvider provider;
+        Request request(provider, url);
+        WAIT_FOR(request.hasFinished);
+        QCOMPARE(request.response->errorString(), u"Not an address of a picture"_s);
+    }
+
+    void aRedirectionAwayFromTheWebIsNotFollowed()
+    {
+        Server server;
+        server.answer = "HTTP/1.1 302 Found\r\nLocation: file:///etc/hostname\r\n"
+                        "Content-Length: 0\r\n\r\n";
+        ThumbnailProvider provider;
+        Request request(provider, server.address());
+        WAIT_FOR(request.hasFinished);
+        QVERIFY(!request.response->errorString().isEmpty());
+    }
+};
+
+QTEST_MAIN(ThumbnailProviderTest)
+#include "ThumbnailProviderTest.moc"
