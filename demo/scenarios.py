@@ -36,6 +36,9 @@ THUMBNAILS = {"boat": "png", "nocturne": "jpg", "bridges": "webp"}
 
 PLAYLISTS = {
     "PL3": ["boat", "nocturne", "bridges"],
+    "PL5": ["steady", "boat", "caulking", "nocturne", "bridges"],
+    "PL12": ["boat", "nocturne", "bridges", "long", "rtl", "cjk", "emoji", "quotes", "percent",
+             "slashes", "angles", "caulking"],
     "PL0": [],
     "PLbad": ["boat", "private", "bridges"],
     "PL5000": [f"bulk{number:04}" for number in range(5000)],

@@ -2,45 +2,24 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The main job in the real window, with the real tool and the local video site."""
 
-import json
 import os
 import pathlib
 import signal
-import subprocess
 import unittest
 
-from person import WATCH, Person, wait_until
+from case import Case, probe
+from person import WATCH, wait_until
 from scenarios import TITLES
 
 LEADING = ["--extractor-args", "youtube:player_client=tv_embedded"]
 TITLE = "Test video steady"
 
 
-def probe(path: pathlib.Path) -> dict:
-    """The codec of each kind of stream, and the height of the picture."""
-    output = subprocess.run(["ffprobe", "-v", "error", "-of", "json", "-show_streams", str(path)],
-                            check=True, stdout=subprocess.PIPE).stdout
-    streams = json.loads(output)["streams"]
-    found = {stream["codec_type"]: stream["codec_name"] for stream in streams}
-    return found | {"height": max(stream.get("height", 0) for stream in streams)}
-
-
 def state_of(process: int) -> str:
     return pathlib.Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()[0]
 
 
-class MainJob(unittest.TestCase):
-    maxDiff = None
-    preferences: dict | None = None
-
-    def setUp(self):
-        self.person = Person(self.preferences)
-        self.addCleanup(self.person.close)
-        self.downloads = self.person.desktop.home / "Downloads"
-
-    def tearDown(self):
-        self.assertEqual(self.person.complaints(), "")
-
+class MainJob(Case):
     def check_pause(self, press_pause, press_resume):
         self.person.see_progress()
         press_pause()
@@ -188,15 +167,6 @@ class MainJob(unittest.TestCase):
             "Failed to fetch info: ERROR: [youtube] private: Private video. "
             "Sign in if you've been granted access to this video\n"), "the error")
 
-    def download(self, video: str, title: str, end: str):
-        person = self.person
-        person.desktop.keys("ctrl+a")
-        person.desktop.type(WATCH + video)
-        person.desktop.keys("Return")
-        person.see(title)
-        person.desktop.keys("ctrl+d")
-        person.see(end, 120)
-
     def test_odd_titles_are_saved_and_recorded(self):
         odd = ("quotes", "slashes", "emoji", "rtl", "cjk", "percent", "angles")
         for count, video in enumerate(odd, 1):
@@ -223,7 +193,6 @@ class MainJob(unittest.TestCase):
         self.assertEqual(second.wait(timeout=30), 0)
         self.assertIsNone(self.person.program.poll())
 
-
     def test_the_colours_follow_the_desktop_while_the_window_is_open(self):
         person = self.person
         wait_until(lambda: person.background() == "#ECECEE", "light colours")
@@ -231,7 +200,7 @@ class MainJob(unittest.TestCase):
         wait_until(lambda: person.background() == "#1E1E20", "dark colours")
 
 
-class FolderThatIsNotThereYet(MainJob):
+class FolderThatIsNotThereYet(Case):
     preferences = {"quillon.downloadDir": " ~/Films/new "}
 
     def test_is_made_below_home(self):
@@ -240,7 +209,7 @@ class FolderThatIsNotThereYet(MainJob):
         self.assertEqual(probe(path), {"video": "h264", "audio": "aac", "height": 360})
 
 
-class FolderThatCannotBeWritten(MainJob):
+class FolderThatCannotBeWritten(Case):
     preferences = {"quillon.downloadDir": "/dev/null/films"}
 
     def test_fails_the_run(self):

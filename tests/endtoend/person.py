@@ -149,16 +149,20 @@ class Person:
             pass  # it has just gone
         return None
 
-    def look_for(self, name: str, enabled: bool = True):
-        """The control with this name that is shown now, or nothing."""
+    def look_for(self, name: str, enabled: bool = True, row: str | None = None):
+        """The control with this name that is shown now, or nothing; in the row whose
+        name begins so, if one is given."""
         from gi.repository import Atspi
 
         def matches(node, states):
             return node.get_name() == name and "menu" not in node.get_role_name() and states.contains(Atspi.StateType.SHOWING) \
                 and (not enabled or states.contains(Atspi.StateType.ENABLED))
 
-        application = self._application()
-        return self._find(application, matches) if application else None
+        place = self._application()
+        if place and row:
+            place = self._find(place, lambda node, _states: node.get_role_name() == "list item"
+                               and node.get_name().startswith(row))
+        return self._find(place, matches) if place else None
 
     def background(self) -> str:
         """The colour of the window where there is nothing on it."""
@@ -174,8 +178,8 @@ class Person:
 
         wait_until(lambda: self._find(self._application(), matches), "progress")
 
-    def see(self, name: str, seconds: float = 60, enabled: bool = True):
-        return wait_until(lambda: self.look_for(name, enabled), f"“{name}”", seconds)
+    def see(self, name: str, seconds: float = 60, enabled: bool = True, row: str | None = None):
+        return wait_until(lambda: self.look_for(name, enabled, row), f"“{name}”", seconds)
 
     def focused(self) -> str:
         from gi.repository import Atspi
@@ -185,25 +189,42 @@ class Person:
                           and _node.get_role_name() not in ("frame", "application", "window"))
         return node.get_name() if node else ""
 
+    def text_of(self, name: str) -> str:
+        """What stands in the field with this name."""
+        from gi.repository import Atspi
+        field = self.see(name)
+        return Atspi.Text.get_text(field, 0, Atspi.Text.get_character_count(field))
+
     # Acting
 
-    def click(self, name: str):
-        from gi.repository import Atspi
-        control = self.see(name)
-        # It may still be moving to its place.
+    def click(self, name: str, row: str | None = None):
+        control = self.see(name, row=row)
+        # It may still be moving to its place, or be below the edge of the window.
         place = None
-        while place != (place := self._place(control, Atspi)):
+        while place != (place := self._place(control)) or self._turns_wheel_for(place):
             self.desktop.run("sleep", "0.1")
         self.desktop.run("xdotool", "mousemove", "--sync", str(place[0]), str(place[1]), "click", "1")
 
+    def _turns_wheel_for(self, place) -> bool:
+        geometry = dict(line.split("=") for line in self.desktop.run(
+            "xdotool", "getwindowgeometry", "--shell", self.window).splitlines())
+        left, top, height = (int(geometry[key]) for key in ("X", "Y", "HEIGHT"))
+        if place[1] < top + height - 40:
+            return False
+        self.desktop.run("xdotool", "mousemove", "--sync", str(left + 8), str(top + height - 60),
+                         "click", "5")
+        return True
+
     @staticmethod
-    def _place(control, atspi):
-        box = control.get_extents(atspi.CoordType.SCREEN)
+    def _place(control):
+        from gi.repository import Atspi
+        box = control.get_extents(Atspi.CoordType.SCREEN)
         return box.x + box.width // 2, box.y + box.height // 2
 
     def tab_to(self, name: str, key: str = "Tab"):
+        """Goes to the control whose name is this, or of a row begins so."""
         for _step in range(40):
-            if self.focused() == name:
+            if (focused := self.focused()) == name or focused.startswith(name + ", "):
                 return
             self.desktop.keys(key)
         raise AssertionError(f"Tab does not reach “{name}”; it is at “{self.focused()}”")

@@ -49,28 +49,10 @@ FocusScope {
     Flickable {
         id: page
 
-        // Brings what the keyboard has reached into view; lists see to their own.
-        function reveal(item: Item) {
-            const top = item.mapToItem(contentItem, 0, 0).y;
-            const margin = Theme.margin;
-            if (top - margin < contentY)
-                contentY = Math.max(0, top - margin);
-            else if (top + item.height + margin > contentY + height)
-                contentY = Math.min(contentHeight - height, top + item.height + margin - height);
-        }
-
         // Scrolls by so many heights of what is seen.
         function turn(heights: real) {
             const last = Math.max(0, contentHeight - height);
             contentY = Math.max(0, Math.min(contentY + heights * height, last));
-        }
-
-        function holds(item: Item): bool {
-            for (let each = item; each; each = each.parent) {
-                if (each === contentItem)
-                    return true;
-            }
-            return false;
         }
 
         anchors.bottom: parent.bottom
@@ -106,11 +88,12 @@ FocusScope {
             }
         }
 
+        // Brings what the keyboard has reached into view; lists see to their own.
         Connections {
             function onActiveFocusItemChanged() {
                 const item = root.Window.activeFocusItem as Item;
-                if (item && page.holds(item) && !(item.parent?.parent instanceof GridView))
-                    page.reveal(item);
+                if (item && Pages.of(item) === page)
+                    Pages.reveal(item);
             }
 
             target: root.Window.window

@@ -24,12 +24,7 @@ Item {
     readonly property real cellWidth: Math.min(maximumCellWidth, (width - (columns - 1) * spacing) / columns)
     readonly property int rows: Math.ceil(count / columns)
 
-    readonly property Flickable page: {
-        let item = root.parent;
-        while (item && !(item instanceof Flickable))
-            item = item.parent;
-        return item as Flickable;
-    }
+    readonly property Flickable page: Pages.of(root)
     // Where this begins on the page; follows whatever moves above it.
     readonly property real offset: {
         let sum = 0;
@@ -49,12 +44,9 @@ Item {
     function revealCurrent() {
         if (!page)
             return;
-        const step = cellHeight + spacing;
-        const top = offset + Math.floor(currentIndex / columns) * step;
-        if (top - spacing < page.contentY)
-            page.contentY = Math.max(0, top - Math.max(spacing, 8));
-        else if (top + step > page.contentY + page.height)
-            page.contentY = Math.min(page.contentHeight, top + step + 8) - page.height;
+        const margin = 8;
+        const top = offset + Math.floor(currentIndex / columns) * (cellHeight + spacing);
+        Pages.show(page, top - margin, top + cellHeight + margin);
     }
 
     // Where the keyboard comes in, and after each of its moves.

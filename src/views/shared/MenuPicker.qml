@@ -18,6 +18,7 @@ ComboBox {
     leftPadding: 10
     rightPadding: 26
 
+    Accessible.description: displayText
     Accessible.name: label
 
     onActivated: index => chosen(index)

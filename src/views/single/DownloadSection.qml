@@ -11,6 +11,10 @@ Column {
 
     spacing: 14
 
+    // Whoever starts a download sees it run.
+    onHeightChanged: if (section.isDownloading)
+        Pages.reveal(root)
+
     DownloadSectionModel {
         id: section
     }

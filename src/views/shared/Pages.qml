@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma Singleton
+
+import QtQuick
+
+// Scrolling, for what stands somewhere on a page.
+QtObject {
+    // The page that an item stands on; null if there is none.
+    function of(item: Item): Flickable {
+        let each = item.parent;
+        while (each && !(each instanceof Flickable))
+            each = each.parent;
+        return each as Flickable;
+    }
+
+    // Scrolls as little as it takes to show what lies between two heights.
+    function show(page: Flickable, top: real, bottom: real) {
+        if (top < page.contentY)
+            page.contentY = Math.max(0, top);
+        else if (bottom > page.contentY + page.height)
+            page.contentY = bottom - page.height;
+    }
+
+    function reveal(item: Item) {
+        const page = of(item);
+        if (!page)
+            return;
+        const top = item.mapToItem(page.contentItem, 0, 0).y;
+        show(page, top - Theme.margin, top + item.height + Theme.margin);
+    }
+}

@@ -1,0 +1,42 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What the tests in the real window have in common."""
+
+import json
+import pathlib
+import subprocess
+import unittest
+
+from person import WATCH, Person
+
+
+def probe(path: pathlib.Path) -> dict:
+    """The codec of each kind of stream, and the height of the picture."""
+    output = subprocess.run(["ffprobe", "-v", "error", "-of", "json", "-show_streams", str(path)],
+                            check=True, stdout=subprocess.PIPE).stdout
+    streams = json.loads(output)["streams"]
+    found = {stream["codec_type"]: stream["codec_name"] for stream in streams}
+    return found | {"height": max(stream.get("height", 0) for stream in streams)}
+
+
+class Case(unittest.TestCase):
+    """One person each, and nothing to complain of at the end."""
+
+    maxDiff = None
+    preferences: dict | None = None
+
+    def setUp(self):
+        self.person = Person(self.preferences)
+        self.addCleanup(self.person.close)
+        self.downloads = self.person.desktop.home / "Downloads"
+
+    def tearDown(self):
+        self.assertEqual(self.person.complaints(), "")
+
+    def download(self, video: str, title: str, end: str):
+        person = self.person
+        person.desktop.keys("ctrl+a")
+        person.desktop.type(WATCH + video)
+        person.desktop.keys("Return")
+        person.see(title)
+        person.desktop.keys("ctrl+d")
+        person.see(end, 120)
