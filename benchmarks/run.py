@@ -177,8 +177,21 @@ def measure_parser(desktop: Desktop) -> None:
             print("  " + re.sub(r"\s+", " ", line))
 
 
+def measure_lists(desktop: Desktop, renderer: str) -> None:
+    """Playlists as the tool prints them, and a long history."""
+    files = []
+    for playlist in ("PL12", "PL5000"):
+        files.append(desktop.home / playlist)
+        with files[-1].open("wb") as output:
+            subprocess.run(["yt-dlp", "--flat-playlist", "--dump-json",
+                            f"https://www.youtube.com/playlist?list={playlist}"],
+                           env=desktop.environment, stdout=output, check=True)
+    print(f"{renderer}:")
+    print(desktop.run(str(BUILD / "benchmarks/ListBenchmark"), *map(str, files)), end="", flush=True)
+
+
 def main() -> None:
-    chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser"}
+    chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser", "lists"}
     with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-"))) as desktop:
         start_site(desktop, ROOT / "build/site-media")
         for renderer in ("llvmpipe", "software"):
@@ -186,6 +199,8 @@ def main() -> None:
                 desktop.environment["QT_QUICK_BACKEND"] = "software"
             if "start" in chosen:
                 compare_starts(desktop, renderer)
+            if "lists" in chosen:
+                measure_lists(desktop, renderer)
             if "download" in chosen:
                 measure_download(desktop, renderer, hidden=False)
                 if renderer == "software":

@@ -4,11 +4,13 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -66,36 +68,45 @@ void appendRecord(QByteArray &json, const HistoryItem &item)
     json.append('}');
 }
 
-std::optional<QUuid> uuidFrom(const QString &text)
+// QUuid takes braces and other forms too, and answers garbage with the null UUID.
+bool isIdentifier(const QString &text)
 {
-    // QUuid takes braces and other forms too, and answers garbage with the null UUID.
-    static const QRegularExpression form(
-        QStringLiteral("\\A[0-9A-Fa-f]{8}(-[0-9A-Fa-f]{4}){3}-[0-9A-Fa-f]{12}\\z"));
-    return form.match(text).hasMatch() ? std::optional(QUuid::fromString(text)) : std::nullopt;
+    constexpr qsizetype length = 36;
+    constexpr std::array<qsizetype, 4> hyphens{8, 13, 18, 23};
+    if (text.size() != length)
+        return false;
+    for (qsizetype index = 0; index < length; ++index) {
+        const char16_t letter = text[index].unicode();
+        const bool isHyphenHere = std::find(hyphens.begin(), hyphens.end(), index) != hyphens.end();
+        if (isHyphenHere ? letter != u'-' : letter > 0x7f || !std::isxdigit(letter))
+            return false;
+    }
+    return true;
 }
 
 std::optional<HistoryItem> recordFrom(const QJsonObject &object)
 {
-    for (const char *key : {"id", "title", "thumbnailURL", "url", "format", "quality"}) {
-        if (!object[QLatin1String(key)].isString())
-            return {};
-    }
-    const auto id = uuidFrom(object[QLatin1String("id")].toString());
+    const std::array<QJsonValue, 6> texts{
+        object[QLatin1String("id")],           object[QLatin1String("title")],
+        object[QLatin1String("thumbnailURL")], object[QLatin1String("url")],
+        object[QLatin1String("format")],       object[QLatin1String("quality")]};
     const QJsonValue savedPath = object[QLatin1String("savedPath")];
+    const QJsonValue date = object[QLatin1String("date")];
     const bool hasPath = savedPath.isString();
-    if (!id || !object[QLatin1String("date")].isDouble()
+    if (!std::all_of(texts.begin(), texts.end(), std::mem_fn(&QJsonValue::isString))
+        || !isIdentifier(texts[0].toString()) || !date.isDouble()
         || (!hasPath && !savedPath.isUndefined() && !savedPath.isNull()))
         return {};
 
     return HistoryItem{
-        .id = *id,
-        .title = object[QLatin1String("title")].toString(),
-        .thumbnailURL = object[QLatin1String("thumbnailURL")].toString(),
-        .url = object[QLatin1String("url")].toString(),
-        .format = object[QLatin1String("format")].toString(),
-        .quality = object[QLatin1String("quality")].toString(),
+        .id = QUuid::fromString(texts[0].toString()),
+        .title = texts[1].toString(),
+        .thumbnailURL = texts[2].toString(),
+        .url = texts[3].toString(),
+        .format = texts[4].toString(),
+        .quality = texts[5].toString(),
         .savedPath = hasPath ? std::optional(savedPath.toString()) : std::nullopt,
-        .date = {object[QLatin1String("date")].toDouble()},
+        .date = {date.toDouble()},
     };
 }
 

@@ -18,6 +18,14 @@ Column {
         radius: 20
         width: 80
 
+        Rectangle {
+            anchors.centerIn: parent
+            color: Theme.overAccent
+            height: 30
+            radius: 15
+            width: 30
+        }
+
         SymbolIcon {
             anchors.centerIn: parent
             color: Theme.markBottom

@@ -21,9 +21,17 @@ Window {
 
     AboutView {
         id: content
+    }
 
-        focus: true
+    Shortcut {
+        sequences: ["Escape", StandardKey.Close]
 
-        Keys.onEscapePressed: root.close()
+        onActivated: root.close()
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Quit]
+
+        onActivated: Qt.quit()
     }
 }
