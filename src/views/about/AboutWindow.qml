@@ -24,13 +24,13 @@ Window {
     }
 
     Shortcut {
-        sequences: ["Escape", StandardKey.Close]
+        sequences: ["Escape", "Ctrl+W"]
 
         onActivated: root.close()
     }
 
     Shortcut {
-        sequences: [StandardKey.Quit]
+        sequences: ["Ctrl+Q"]
 
         onActivated: Qt.quit()
     }
