@@ -4,6 +4,7 @@
 # shows it here. Only these are embedded.
 set(quillon_symbols
     arrow.clockwise arrow-clockwise
+    arrow.down.circle arrow-down-circle
     arrow.down.circle.fill arrow-down-circle-fill
     bell.fill bell-fill
     bolt.fill lightning-charge-fill
@@ -41,6 +42,8 @@ set(quillon_symbols
     speedometer speedometer
     square.and.arrow.down box-arrow-in-down
     sun.max.fill sun-fill
+    tray inbox
+    xmark x-lg
     xmark.circle.fill x-circle-fill)
 
 find_path(QUILLON_ICONS arrow-down-circle-fill.svg
@@ -57,7 +60,11 @@ function(quillon_add_symbols target)
         set_source_files_properties(${file} PROPERTIES QT_RESOURCE_ALIAS ${name}.svg)
         list(APPEND files ${file})
     endwhile()
-    set(spinner ${CMAKE_CURRENT_SOURCE_DIR}/shared/spinner.svg)
-    set_source_files_properties(${spinner} PROPERTIES QT_RESOURCE_ALIAS spinner.svg)
-    qt_add_resources(${target} symbols PREFIX /symbols FILES ${files} ${spinner})
+    # Drawn here, since the set has none like them.
+    foreach(name spinner circle.dotted)
+        set(file ${CMAKE_CURRENT_SOURCE_DIR}/shared/${name}.svg)
+        set_source_files_properties(${file} PROPERTIES QT_RESOURCE_ALIAS ${name}.svg)
+        list(APPEND files ${file})
+    endforeach()
+    qt_add_resources(${target} symbols PREFIX /symbols FILES ${files})
 endfunction()

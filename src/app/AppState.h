@@ -23,6 +23,7 @@
 #include <stop_token>
 
 class Preferences;
+struct QueueRun;
 struct SingleRun;
 template<typename Value>
 class ReplyAwaiter;
@@ -164,6 +165,19 @@ public:
     /// Forgets the last run. One that is going on goes on.
     void resetDownload();
 
+    // Multi mode (Queue.cpp).
+    /// Puts an address at the end of the queue and fetches what it is; a playlist
+    /// gives way to its entries. Blank text does nothing.
+    void addURLToQueue(const QString &url);
+    /// Downloads every entry with which nothing is going on, finished and failed
+    /// ones included. During a run, or with an empty queue, it does nothing.
+    void startQueueDownload();
+    /// Removes every entry with which nothing is going on. A run that has taken
+    /// it downloads it all the same.
+    void clearQueue();
+    /// Removes one entry, whatever is going on with it, which goes on unseen.
+    void removeFromQueue(const QUuid &id);
+
     // Pause (Pause.cpp).
     /// Stops the running download's process, or lets it go on. The flag flips
     /// also when there is no process to signal.
@@ -176,7 +190,13 @@ private:
     [[nodiscard]] QCoro::Task<> run(SingleRun singleRun);
     [[nodiscard]] QCoro::Task<> downloadTask(SingleRun singleRun, qsizetype position);
     ReplyAwaiter<VideoInfo> requestInfo(const QString &address, bool asPlaylist);
-    ReplyAwaiter<QString> requestDownload(const QStringList &arguments);
+    [[nodiscard]] QCoro::Task<> fetchForQueue(std::shared_ptr<DownloadItem> item);
+    [[nodiscard]] QCoro::Task<> runQueue(QueueRun queueRun);
+    [[nodiscard]] QCoro::Task<> downloadItem(QueueRun queueRun, qsizetype position);
+    /// The handlers are called on the main thread, and no more when it closes.
+    ReplyAwaiter<QString> requestDownload(const QStringList &arguments,
+                                          const ProgressHandler &onProgress,
+                                          const ProcessingHandler &onProcessing);
     void takeProgress(double progress, const QString &speed, const QString &eta);
     void takeProcessing();
     void setLastReport(Report report);

@@ -1,13 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "FormatQualityModel.h"
 
-FormatQualityModel::FormatQualityModel(AppState &state)
-    : StatePresenter(state)
-{
-    connect(&state, &AppState::selectedFormatChanged, this, &FormatQualityModel::changed);
-    connect(&state, &AppState::selectedQualityChanged, this, &FormatQualityModel::changed);
-}
-
 QStringList FormatQualityModel::formats()
 {
     QStringList labels;
@@ -16,37 +9,103 @@ QStringList FormatQualityModel::formats()
     return labels;
 }
 
-QStringList FormatQualityModel::qualities()
+QStringList FormatQualityModel::qualities() const
 {
     QStringList labels;
-    for (const QualityOption &option : QualityOption::mp4Options())
+    const QList<QualityOption> offered = options();
+    for (const QualityOption &option : offered)
         labels.append(option.label);
     return labels;
 }
 
 int FormatQualityModel::selectedFormat() const
 {
-    return static_cast<int>(state().selectedFormat());
+    return static_cast<int>(format());
 }
 
 int FormatQualityModel::selectedQuality() const
 {
-    return static_cast<int>(QualityOption::mp4Options().indexOf(state().selectedQuality()));
+    return static_cast<int>(options().indexOf(quality()));
 }
 
 bool FormatQualityModel::showsQualities() const
 {
-    return state().selectedFormat() == MediaFormat::mp4;
+    return !options().isEmpty();
 }
 
 void FormatQualityModel::selectFormat(int index)
 {
     const MediaFormat format = allMediaFormats.at(static_cast<size_t>(index));
-    state().selectedFormat = format;
-    state().selectedQuality = QualityOption::best(format);
+    setFormat(format);
+    setQuality(QualityOption::best(format));
 }
 
 void FormatQualityModel::selectQuality(int index)
 {
-    state().selectedQuality = QualityOption::mp4Options().at(index);
+    setQuality(options().at(index));
+}
+
+SingleFormatQualityModel::SingleFormatQualityModel(AppState &state)
+    : FormatQualityModel(state)
+{
+    connect(&state, &AppState::selectedFormatChanged, this, &FormatQualityModel::changed);
+    connect(&state, &AppState::selectedQualityChanged, this, &FormatQualityModel::changed);
+}
+
+MediaFormat SingleFormatQualityModel::format() const
+{
+    return state().selectedFormat;
+}
+
+QualityOption SingleFormatQualityModel::quality() const
+{
+    return state().selectedQuality;
+}
+
+QList<QualityOption> SingleFormatQualityModel::options() const
+{
+    return format() == MediaFormat::mp4 ? QualityOption::mp4Options() : QList<QualityOption>();
+}
+
+void SingleFormatQualityModel::setFormat(MediaFormat format)
+{
+    state().selectedFormat = format;
+}
+
+void SingleFormatQualityModel::setQuality(const QualityOption &quality)
+{
+    state().selectedQuality = quality;
+}
+
+QueueFormatQualityModel::QueueFormatQualityModel(AppState &state)
+    : FormatQualityModel(state)
+{
+    connect(&state, &AppState::multiFormatChanged, this, &FormatQualityModel::changed);
+    connect(&state, &AppState::multiQualityChanged, this, &FormatQualityModel::changed);
+}
+
+MediaFormat QueueFormatQualityModel::format() const
+{
+    return state().multiFormat;
+}
+
+QualityOption QueueFormatQualityModel::quality() const
+{
+    return state().multiQuality;
+}
+
+QList<QualityOption> QueueFormatQualityModel::options() const
+{
+    return format() == MediaFormat::mp4 ? QualityOption::queueOptions()
+                                        : QList{QualityOption::best(MediaFormat::mp3)};
+}
+
+void QueueFormatQualityModel::setFormat(MediaFormat format)
+{
+    state().multiFormat = format;
+}
+
+void QueueFormatQualityModel::setQuality(const QualityOption &quality)
+{
+    state().multiQuality = quality;
 }

@@ -5,22 +5,20 @@
 
 #include <QStringList>
 
-/// The choice of format and quality. Every quality is offered, whatever heights
+/// A choice of format and quality. Every quality is offered, whatever heights
 /// the site has: the tool takes the best that there is below it.
 class FormatQualityModel : public StatePresenter
 {
     Q_OBJECT
     Q_PROPERTY(QStringList formats READ formats CONSTANT)
-    Q_PROPERTY(QStringList qualities READ qualities CONSTANT)
+    Q_PROPERTY(QStringList qualities READ qualities NOTIFY changed)
     Q_PROPERTY(int selectedFormat READ selectedFormat NOTIFY changed)
     Q_PROPERTY(int selectedQuality READ selectedQuality NOTIFY changed)
     Q_PROPERTY(bool showsQualities READ showsQualities NOTIFY changed)
 
 public:
-    explicit FormatQualityModel(AppState &state);
-
     [[nodiscard]] static QStringList formats();
-    [[nodiscard]] static QStringList qualities();
+    [[nodiscard]] QStringList qualities() const;
     [[nodiscard]] int selectedFormat() const;
     /// -1 when the selected quality is none of those offered.
     [[nodiscard]] int selectedQuality() const;
@@ -29,4 +27,45 @@ public:
     /// Also resets the quality to the format's best, even if it was selected.
     Q_INVOKABLE void selectFormat(int index);
     Q_INVOKABLE void selectQuality(int index);
+
+protected:
+    using StatePresenter::StatePresenter;
+
+    [[nodiscard]] virtual MediaFormat format() const = 0;
+    [[nodiscard]] virtual QualityOption quality() const = 0;
+    [[nodiscard]] virtual QList<QualityOption> options() const = 0;
+    virtual void setFormat(MediaFormat format) = 0;
+    virtual void setQuality(const QualityOption &quality) = 0;
+};
+
+/// Single mode's: seven qualities for MP4, none to choose for MP3.
+class SingleFormatQualityModel : public FormatQualityModel
+{
+    Q_OBJECT
+
+public:
+    explicit SingleFormatQualityModel(AppState &state);
+
+protected:
+    [[nodiscard]] MediaFormat format() const override;
+    [[nodiscard]] QualityOption quality() const override;
+    [[nodiscard]] QList<QualityOption> options() const override;
+    void setFormat(MediaFormat format) override;
+    void setQuality(const QualityOption &quality) override;
+};
+
+/// The queue's: five qualities for MP4, one for MP3.
+class QueueFormatQualityModel : public FormatQualityModel
+{
+    Q_OBJECT
+
+public:
+    explicit QueueFormatQualityModel(AppState &state);
+
+protected:
+    [[nodiscard]] MediaFormat format() const override;
+    [[nodiscard]] QualityOption quality() const override;
+    [[nodiscard]] QList<QualityOption> options() const override;
+    void setFormat(MediaFormat format) override;
+    void setQuality(const QualityOption &quality) override;
 };

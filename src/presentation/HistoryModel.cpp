@@ -72,7 +72,7 @@ void HistoryModel::reveal(int row)
 
 void HistoryModel::refetch(int row)
 {
-    if (row < 0 || row >= m_records.size())
+    if (row < 0 || row >= m_records.size() || m_records[row].url.trimmed().isEmpty())
         return;
     m_state.mode = AppMode::single;
     m_state.singleURL = m_records[row].url;

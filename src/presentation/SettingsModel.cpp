@@ -138,7 +138,8 @@ void SettingsModel::save()
     state().saveSettings();
     setSavedConfirmation(true);
     // Each press ends the confirmation at its own time, also that of a later one.
-    QTimer::singleShot(confirmationTime, this, [this] { setSavedConfirmation(false); });
+    QTimer::singleShot(confirmationTime, Qt::PreciseTimer, this,
+                       [this] { setSavedConfirmation(false); });
 }
 
 QUrl SettingsModel::startFolder() const

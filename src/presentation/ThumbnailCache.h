@@ -1,41 +1,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QCache>
-#include <QImage>
 #include <QMutex>
+#include <QUrl>
 
-/// Thumbnails of this run, as they are shown, up to a number of bytes; the least
-/// recently wanted go first. Any thread.
+/// The thumbnails of this run as they came, up to a number of bytes; the least
+/// recently wanted go first. Not as pictures, which would have to be had again
+/// for each size. Any thread.
 class ThumbnailCache
 {
 public:
     explicit ThumbnailCache(qsizetype bytes)
-        : m_images(bytes)
+        : m_contents(bytes)
     {
     }
 
-    /// A null image where there is none.
-    [[nodiscard]] QImage find(const QString &key) const
+    /// Nothing where there is none.
+    [[nodiscard]] QByteArray find(const QUrl &url) const
     {
         const QMutexLocker lock(&m_mutex);
-        const QImage *const image = m_images.object(key);
-        return image ? *image : QImage();
+        const QByteArray *const content = m_contents.object(url);
+        return content ? *content : QByteArray();
     }
 
-    void insert(const QString &key, const QImage &image)
+    void insert(const QUrl &url, const QByteArray &content)
     {
         const QMutexLocker lock(&m_mutex);
-        m_images.insert(key, new QImage(image), image.sizeInBytes());
+        m_contents.insert(url, new QByteArray(content), content.size());
     }
 
     [[nodiscard]] qsizetype bytes() const
     {
         const QMutexLocker lock(&m_mutex);
-        return m_images.totalCost();
+        return m_contents.totalCost();
     }
 
 private:
     mutable QMutex m_mutex;
-    QCache<QString, QImage> m_images;
+    QCache<QUrl, QByteArray> m_contents;
 };

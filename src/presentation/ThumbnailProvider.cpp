@@ -8,7 +8,7 @@
 
 namespace {
 
-// Some hundred cards of a playlist at twice the scale, more at the usual one.
+// Some thousand thumbnails of video sites.
 constexpr qsizetype cacheBytes = 32LL * 1024 * 1024;
 
 } // namespace

@@ -17,6 +17,8 @@ namespace {
 // their largest pictures have. A server that wants more gets the placeholder.
 constexpr qint64 largestThumbnail = 8LL * 1024 * 1024;
 constexpr qint64 mostPixels = 40'000'000;
+// How often the size shown a picture may be as wide or as high, filling it.
+constexpr int largestExcess = 8;
 
 // What video sites send. Others, whatever Qt could read, are not worth trusting.
 bool isTrusted(const QByteArray &format)
@@ -35,7 +37,12 @@ QImage decoded(const QByteArray &bytes, QSize size)
     const QSize original = reader.size();
     if (original.isEmpty() || qint64(original.width()) * original.height() > mostPixels)
         return {};
-    reader.setScaledSize(original.scaled(size, Qt::KeepAspectRatioByExpanding));
+    // A long thin strip, filling the size, would be huge.
+    const QSize scaled = original.scaled(size, Qt::KeepAspectRatioByExpanding);
+    if (scaled.width() > largestExcess * size.width()
+        || scaled.height() > largestExcess * size.height())
+        return {};
+    reader.setScaledSize(scaled);
     return reader.read();
 }
 
@@ -63,14 +70,9 @@ void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
         fail(QStringLiteral("Not an address of a picture"));
         return;
     }
-    m_key = QStringLiteral("%1x%2/%3/%4")
-                .arg(m_size.width())
-                .arg(m_size.height())
-                .arg(m_radius)
-                .arg(url.toString(QUrl::FullyEncoded));
-    m_image = m_cache->find(m_key);
-    if (!m_image.isNull()) {
-        Q_EMIT finished();
+    m_url = url;
+    if (const QByteArray known = m_cache->find(url); !known.isEmpty()) {
+        decodeElsewhere(known);
         return;
     }
     m_reply = network.get(QNetworkRequest(url));
@@ -102,9 +104,14 @@ void ThumbnailResponse::handleFinished()
         fail(m_reply->errorString());
         return;
     }
-    // Nobody else touches the image until finished() is emitted, and the engine
-    // keeps this object until then.
-    QThreadPool::globalInstance()->start([this, bytes = m_reply->readAll()] { decode(bytes); });
+    decodeElsewhere(m_reply->readAll());
+}
+
+// Nobody else touches the image until finished() is emitted, and the engine keeps
+// this object until then.
+void ThumbnailResponse::decodeElsewhere(const QByteArray &bytes)
+{
+    QThreadPool::globalInstance()->start([this, bytes] { decode(bytes); });
 }
 
 void ThumbnailResponse::decode(const QByteArray &bytes)
@@ -114,8 +121,8 @@ void ThumbnailResponse::decode(const QByteArray &bytes)
         fail(QStringLiteral("Not a picture"));
         return;
     }
+    m_cache->insert(m_url, bytes);
     m_image = roundedThumbnail(picture, m_size, m_radius);
-    m_cache->insert(m_key, m_image);
     Q_EMIT finished();
 }
 

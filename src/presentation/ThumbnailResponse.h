@@ -31,13 +31,14 @@ public:
 
 private:
     void handleFinished();
+    void decodeElsewhere(const QByteArray &bytes);
     void decode(const QByteArray &bytes);
     void fail(const QString &error);
 
     const QSize m_size;
     const double m_radius;
     const std::shared_ptr<ThumbnailCache> m_cache;
-    QString m_key;
+    QUrl m_url;
     QPointer<QNetworkReply> m_reply;
     QImage m_image;
     QString m_error;

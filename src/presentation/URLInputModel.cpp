@@ -133,9 +133,17 @@ void URLInputModel::take(const QString &dropped)
 
 void URLInputModel::handleSubmit()
 {
-    // The queue and the search are not there yet.
-    if (state().mode() == AppMode::single)
+    switch (state().mode()) {
+    case AppMode::single:
         state().fetchSingleInfo();
+        break;
+    case AppMode::multi:
+        state().addURLToQueue(state().multiURL);
+        state().multiURL = QString();
+        break;
+    case AppMode::browse:
+        break; // The search is not there yet.
+    }
 }
 
 void URLInputModel::clearURL()

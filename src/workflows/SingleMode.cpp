@@ -95,7 +95,12 @@ QCoro::Task<> AppState::downloadTask(SingleRun singleRun, qsizetype position)
                                                      .quality = singleRun.quality,
                                                      .folder = singleRun.folder,
                                                      .address = task.address});
-    const QString savedPath = co_await requestDownload(arguments);
+    const ProgressHandler onProgress = [this](double progress, const QString &speed,
+                                              const QString &eta) {
+        takeProgress(progress, speed, eta);
+    };
+    const ProcessingHandler onProcessing = [this] { takeProcessing(); };
+    const QString savedPath = co_await requestDownload(arguments, onProgress, onProcessing);
     if (!m_isClosing)
         addToHistory(historyRecord(task, singleRun.quality, savedPath));
 }
@@ -112,36 +117,6 @@ void AppState::resetDownload()
     currentDownloadTitle = QString();
     currentDownloadIndex = 0;
     totalDownloadCount = 0;
-}
-
-ReplyAwaiter<VideoInfo> AppState::requestInfo(const QString &address, bool asPlaylist)
-{
-    return {m_mailbox,
-            [this, address, asPlaylist,
-             browser = cookiesBrowser()](const Completion<VideoInfo> &completion) {
-                if (asPlaylist)
-                    service.fetchPlaylistInfo(address, browser, completion);
-                else
-                    service.fetchInfo(address, browser, completion);
-            }};
-}
-
-ReplyAwaiter<QString> AppState::requestDownload(const QStringList &arguments)
-{
-    // Reports take the same way as the completion, so that none overtakes it.
-    const auto hop = [mailbox = m_mailbox, state = QPointer(this)](auto action) {
-        mailbox->post([state, action] {
-            if (state && !state->m_isClosing)
-                action(*state);
-        });
-    };
-    const auto onProgress = [hop](double progress, const QString &speed, const QString &eta) {
-        hop([=](AppState &state) { state.takeProgress(progress, speed, eta); });
-    };
-    const auto onProcessing = [hop] { hop([](AppState &state) { state.takeProcessing(); }); };
-    return {m_mailbox, [=, this](const Completion<QString> &completion) {
-                service.runProcessWithProgress(arguments, onProgress, onProcessing, completion);
-            }};
 }
 
 void AppState::takeProgress(double progress, const QString &speed, const QString &eta)

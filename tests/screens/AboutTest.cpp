@@ -9,6 +9,19 @@ class AboutTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
+    void theMenuOpensIt()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, {30, 12});
+        WAIT_FOR(m_window->activeFocusItem()
+                 && m_window->activeFocusItem()->inherits("QQuickPopupItem"));
+        QTest::keyClick(m_window, Qt::Key_Down);
+        QTest::keyClick(m_window, Qt::Key_Return);
+        WAIT_FOR(!windows().isEmpty());
+        windows().first()->close();
+        WAIT_FOR(windows().isEmpty());
+    }
+
     void aboutTwiceBringsTheSameWindowForward()
     {
         ask();
@@ -19,6 +32,7 @@ private Q_SLOTS:
         QCOMPARE(first->width(), 300);
         ask();
         QCOMPARE(windows(), QList<QWindow *>{first});
+        QVERIFY(QTest::qWaitForWindowActive(first));
         first->close();
         WAIT_FOR(windows().isEmpty());
     }
@@ -68,11 +82,11 @@ private Q_SLOTS:
     void aDroppedLinkLandsInTheField()
     {
         QMimeData link;
-        link.setUrls({QUrl(u"https://x/watch?v=b"_s), QUrl(u"https://x/watch?v=c"_s)});
+        link.setUrls({QUrl(u"https://x/watch?v=b%20%C3%A9"_s), QUrl(u"https://x/watch?v=c"_s)});
         state().mode = AppMode::multi;
         drop(link);
-        QCOMPARE(state().multiURL(), u"https://x/watch?v=b"_s);
-        QCOMPARE(textOf("urlField"), u"https://x/watch?v=b"_s);
+        QCOMPARE(state().multiURL(), u"https://x/watch?v=b%20%C3%A9"_s);
+        QCOMPARE(textOf("urlField"), u"https://x/watch?v=b%20%C3%A9"_s);
         state().multiURL = QString();
     }
 
@@ -82,6 +96,9 @@ private Q_SLOTS:
         QMimeData blank;
         blank.setText(u" \n "_s);
         drop(blank);
+        QMimeData noLink;
+        noLink.setData(u"text/uri-list"_s, QByteArray());
+        drop(noLink);
         QCOMPARE(state().singleURL(), u"before"_s);
     }
 

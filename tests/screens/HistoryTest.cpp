@@ -81,6 +81,48 @@ private Q_SLOTS:
         QCOMPARE(m_fixture.tool.calls().last().last(), u"https://x/watch?v=1"_s);
     }
 
+    void aClickInMidScrollUsesThatRowAndGoesToTheTop()
+    {
+        fill(200);
+        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"Again"}')");
+        item("page")->setProperty("contentY", 60 * 52 - 100);
+        WAIT_FOR(shown("refetch60"));
+        click("refetch60");
+        QCOMPARE(state().singleURL(), u"https://x/watch?v=60"_s);
+        WAIT_FOR(shown("videoTitle"));
+        QVERIFY(item("videoTitle")->mapToScene({0, 0}).y() > 0);
+    }
+
+    void spaceOnARowWithoutAFileDoesNothing()
+    {
+        fill(2);
+        focusByTab("historyRows");
+        press(Qt::Key_Down);
+        QVERIFY(focusIsIn(item("history1")));
+        press(Qt::Key_Space);
+        press(Qt::Key_Return);
+        QVERIFY(!state().isFetching());
+        press(Qt::Key_Up);
+        QVERIFY(focusIsIn(item("history0")));
+        writeFile(m_fixture.folder.filePath(u"0.mp4"_s), "x");
+        m_fixture.desktop.fileViewer->selected.clear();
+        press(Qt::Key_Enter);
+        QCOMPARE(m_fixture.desktop.fileViewer->selected.size(), 1);
+    }
+
+    void theKeyboardComesBackToTheRowAsAWhole()
+    {
+        fill(1);
+        focusByTab("historyRows");
+        const QQuickItem *const face = m_window->activeFocusItem();
+        WAIT_FOR(item("reveal0")->activeFocusOnTab());
+        press(Qt::Key_Tab);
+        QCOMPARE(m_window->activeFocusItem(), item("reveal0"));
+        focusByTab("clearHistory");
+        press(Qt::Key_Tab);
+        QCOMPARE(m_window->activeFocusItem(), face);
+    }
+
     void rowsAreReachedAndUsedByKeyboard()
     {
         fill(3);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WindowFixture.h"
 
+#include <QTcpServer>
+#include <QTcpSocket>
+
 /// The panel in which the entries of a playlist are chosen.
 class PlaylistTest : public WindowFixture
 {
@@ -172,6 +175,47 @@ private Q_SLOTS:
         WAIT_FOR(isInSight("selectAll"));
     }
 
+    void aClickInMidScrollTogglesThatCardAndMovesNothing()
+    {
+        show(playlist(5000));
+        QQuickItem *card = nullptr;
+        // Not before everything has its height.
+        WAIT_FOR((item("page")->setProperty("contentY", 8500), card = cardInTheMiddle())
+                 && card->property("index").toInt() > 100);
+        const int number = card->property("index").toInt();
+        const double before = card->mapToScene({0, 0}).y();
+        click(card->objectName().toUtf8().constData());
+        QVERIFY(!state().selectedPlaylistItems().contains(QString::number(number)));
+        QCOMPARE(state().selectedPlaylistItems().size(), 4999);
+        QCOMPARE(card->mapToScene({0, 0}).y(), before);
+        QCOMPARE(m_window->activeFocusItem(), card);
+        QVERIFY(!card->property("showsRing").toBool());
+        press(Qt::Key_Right);
+        QCOMPARE(focused(), u"card%1"_s.arg(number + 1));
+        QVERIFY(m_window->activeFocusItem()->property("showsRing").toBool());
+    }
+
+    void aCardThatIsScrolledAwayDropsItsRequest()
+    {
+        QVERIFY(m_silentServer.listen(QHostAddress::LocalHost));
+        connect(&m_silentServer, &QTcpServer::newConnection, &m_silentServer, [this] {
+            ++m_came;
+            connect(m_silentServer.nextPendingConnection(), &QTcpSocket::disconnected,
+                    &m_silentServer, [this] { ++m_left; });
+        });
+        VideoInfo info = playlist(400);
+        info.playlistEntries[0].thumbnailURL =
+            u"http://127.0.0.1:%1/a.png"_s.arg(m_silentServer.serverPort());
+        show(info);
+        WAIT_FOR(m_came == 1);
+        QCOMPARE(m_left, 0);
+        focusByTab("playlistCards");
+        press(Qt::Key_End);
+        WAIT_FOR(m_left > 0);
+        state().singleInfo = AppState::Info();
+        WAIT_FOR(!item("playlistCards"));
+    }
+
     void aCardIsACheckBoxNamedByItsTitle()
     {
         show(playlist(2));
@@ -220,9 +264,28 @@ private:
 
     void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
 
+    QTcpServer m_silentServer; // takes connections and says nothing
+    int m_came = 0;
+    int m_left = 0;
+
     QString focused() const
     {
         return m_window->activeFocusItem() ? m_window->activeFocusItem()->objectName() : QString();
+    }
+
+    /// A card around the middle of the window, if there is one yet.
+    QQuickItem *cardInTheMiddle()
+    {
+        m_window->grabWindow();
+        const auto *const content =
+            item("playlistCards")->property("contentItem").value<QQuickItem *>();
+        const QList<QQuickItem *> cards = content->childItems();
+        for (QQuickItem *const card : cards) {
+            const double top = card->mapToScene({0, 0}).y();
+            if (card->objectName().startsWith(u"card") && top > 250 && top < 450)
+                return card;
+        }
+        return nullptr;
     }
 
     double sceneY(const char *name) { return item(name)->mapToScene({0, 0}).y(); }

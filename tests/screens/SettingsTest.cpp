@@ -17,6 +17,55 @@ private Q_SLOTS:
         QVERIFY(!m_fixture.preferences->string(u"quillon.downloadDir"_s));
     }
 
+    void anUnsavedFolderIsUsedByTheNextDownload()
+    {
+        open();
+        item("downloadDir")->forceActiveFocus();
+        typeText("~/Music");
+        state().singleInfo = video();
+        state().startSingleDownload();
+        WAIT_FOR(!state().isDownloading());
+        QVERIFY(m_fixture.tool.calls().last().contains(QDir::homePath()
+                                                       + u"/Music/%(title)s.%(ext)s"_s));
+    }
+
+    void unlimitedReadsBackAs50()
+    {
+        open();
+        state().historyLimit = 0;
+        QCOMPARE(item("historyLimit")->property("displayText").toString(), u"Unlimited"_s);
+        click("saveSettings");
+        m_fixture.preferences->flush();
+        state().loadSettings(); // as at a start
+        QCOMPARE(item("historyLimit")->property("displayText").toString(), u"50"_s);
+    }
+
+    void aMenuOpensAndIsChosenFromByAScreenReader()
+    {
+        open();
+        const auto press = QAccessibleActionInterface::pressAction();
+        accessible("speedLimit")->actionInterface()->doAction(press);
+        auto *const popup = item("speedLimit")->property("popup").value<QObject *>();
+        WAIT_FOR(popup->property("opened").toBool());
+        QVERIFY(isInsideTheWindow(popup));
+        accessible("menuEntry2")->actionInterface()->doAction(press);
+        WAIT_FOR(!popup->property("visible").toBool());
+        QCOMPARE(state().speedLimit(), u"5M"_s);
+        QCOMPARE(accessible("speedLimit")->text(QAccessible::Description), u"5 MB/s"_s);
+        state().speedLimit = u"0"_s;
+    }
+
+    void theLastMenuStaysInsideTheWindow()
+    {
+        open();
+        click("cookiesBrowser");
+        auto *const popup = item("cookiesBrowser")->property("popup").value<QObject *>();
+        WAIT_FOR(popup->property("opened").toBool());
+        QVERIFY(isInsideTheWindow(popup));
+        press(Qt::Key_Escape);
+        WAIT_FOR(!popup->property("visible").toBool());
+    }
+
     void aMenuIsChosenFromByKeyboard()
     {
         open();
@@ -74,6 +123,8 @@ private Q_SLOTS:
         QVERIFY(state().notificationsEnabled());
         QVERIFY(item("notifications")->property("checked").toBool());
         QCOMPARE(accessible("notifications")->text(QAccessible::Name), u"Notifications"_s);
+        QCOMPARE(accessible("notifications")->role(), QAccessible::CheckBox);
+        QVERIFY(accessible("notifications")->state().checked);
         state().notificationsEnabled = false;
         QVERIFY(!item("notifications")->property("checked").toBool());
         state().notificationsEnabled = true;
@@ -170,6 +221,13 @@ private:
     {
         state().showSettings = true;
         WAIT_FOR(shown("saveSettings"));
+    }
+
+    bool isInsideTheWindow(QObject *popup)
+    {
+        const auto *const content = popup->property("contentItem").value<QQuickItem *>();
+        const QRectF place = content->mapRectToScene(content->boundingRect());
+        return QRectF(0, 0, m_window->width(), m_window->height()).contains(place);
     }
 
     QObject *browse()

@@ -79,6 +79,28 @@ private Q_SLOTS:
         QCOMPARE(item("videoTitle")->property("textFormat").toInt(), int(Qt::PlainText));
     }
 
+    void aVideoWithoutUploaderAndDurationShowsItsTitleAlone()
+    {
+        VideoInfo info = video();
+        info.uploader = u"U"_s;
+        info.duration = 61;
+        state().singleInfo = info;
+        WAIT_FOR(shown("videoUploader") && shown("videoDuration"));
+        info.uploader = QString();
+        info.duration.reset();
+        state().singleInfo = info;
+        WAIT_FOR(shown("videoTitle") && !shown("videoUploader") && !shown("videoDuration"));
+    }
+
+    void anErrorAndAFetchCanBeShownTogether()
+    {
+        state().fetchError = u"No"_s;
+        state().isFetching = true;
+        WAIT_FOR(shown("errorBanner") && shown("fetching"));
+        state().isFetching = false;
+        WAIT_FOR(shown("errorBanner") && !shown("fetching"));
+    }
+
     void aPlaylistShowsItsTitle()
     {
         state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s});

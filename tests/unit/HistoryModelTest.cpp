@@ -162,13 +162,30 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->tool.calls().first().last(), u"https://example.org/watch?v=a"_s);
     }
 
-    void aRecordWithoutAnAddressFetchesNothing()
+    void aRecordWithoutAnAddressFetchesNothingAndLosesNothing()
     {
         HistoryItem item = record(u"k"_s);
-        item.url = QString();
+        item.url = u" "_s;
         state().history = {item};
+        state().singleURL = u"typed"_s;
         m_model->refetch(0);
         QVERIFY(!state().isFetching());
+        QCOMPARE(state().singleURL(), u"typed"_s);
+    }
+
+    void aHundredThousandRecordsComeBackFromTheDocument()
+    {
+        state().history = AppState::History(100'000, record(u"r"_s));
+        state().saveHistory();
+        QCOMPARE(m_model->rowCount(), 100'000);
+        m_tester.reset();
+        m_model.reset();
+        m_fixture->restart();
+        QCOMPARE(state().history().size(), 100'000);
+        m_model = std::make_unique<HistoryModel>(state());
+        QCOMPARE(text(99'999, HistoryModel::TitleRole), u"r"_s);
+        m_model->clearAll();
+        QVERIFY(m_model->isEmpty());
     }
 
     void whatIsOutsideIsNothing()

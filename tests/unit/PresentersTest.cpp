@@ -204,7 +204,7 @@ private Q_SLOTS:
         VideoInfo video = StateFixture::video(u"a"_s);
         video.availableHeights = {360};
         state().singleInfo = video;
-        QCOMPARE(FormatQualityModel::qualities(),
+        QCOMPARE(SingleFormatQualityModel(state()).qualities(),
                  QStringList({u"Best"_s, u"4K"_s, u"1440p"_s, u"1080p"_s, u"720p"_s, u"480p"_s,
                               u"360p"_s}));
         QCOMPARE(FormatQualityModel::formats(),
@@ -213,7 +213,7 @@ private Q_SLOTS:
 
     void mp3HidesTheQualitiesAndMp4ComesBackAtBest()
     {
-        FormatQualityModel model(state());
+        SingleFormatQualityModel model(state());
         model.selectQuality(4);
         QCOMPARE(state().selectedQuality().id, u"720p"_s);
         QCOMPARE(model.selectedQuality(), 4);
@@ -228,7 +228,7 @@ private Q_SLOTS:
 
     void theSelectedFormatPressedAgainResetsTheQuality()
     {
-        FormatQualityModel model(state());
+        SingleFormatQualityModel model(state());
         model.selectQuality(4);
         model.selectFormat(0);
         QCOMPARE(state().selectedQuality().id, u"best"_s);

@@ -83,7 +83,7 @@ private Q_SLOTS:
         QVERIFY(m_model->savedConfirmation());
         QCOMPARE(m_fixture->preferences->string(u"quillon.speedLimit"_s), u"1M"_s);
         WAIT_FOR(!m_model->savedConfirmation());
-        QVERIFY(clock.elapsed() >= 1900);
+        QVERIFY(clock.elapsed() >= 1990);
     }
 
     void aSecondSaveIsConfirmedOnlyAsLongAsTheFirst()

@@ -66,6 +66,8 @@ Column {
             ringRadius: 3
             text: "the Quillon authors"
 
+            Accessible.role: Accessible.Link
+
             contentItem: PlainText {
                 color: Theme.accent
                 font.underline: link.hovered || link.visualFocus

@@ -16,8 +16,11 @@ Window {
     objectName: "aboutWindow"
     title: "About Quillon"
     width: content.width
-    x: Screen.virtualX + (Screen.width - width) / 2
-    y: Screen.virtualY + (Screen.height - height) / 2
+
+    Component.onCompleted: {
+        x = Screen.virtualX + (Screen.width - width) / 2;
+        y = Screen.virtualY + (Screen.height - height) / 2;
+    }
 
     AboutView {
         id: content

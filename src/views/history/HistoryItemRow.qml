@@ -2,9 +2,8 @@
 import QtQuick
 import Quillon.Shared
 
-// One finished download. For Tab, its buttons count only while the keyboard is at
-// this row.
-FocusScope {
+// One finished download.
+ListRow {
     id: root
 
     required property string title
@@ -13,42 +12,21 @@ FocusScope {
     required property string date
     required property string details
     required property bool canReveal
-    required property int index
-
-    readonly property bool isHovered: hover.hovered
-    readonly property bool isCurrent: GridView.isCurrentItem
 
     signal revealed
     signal refetched
 
-    Accessible.focusable: true
-    Accessible.focused: face.activeFocus
     Accessible.name: title + ", " + date + ", " + details
-    Accessible.role: Accessible.ListItem
 
-    HoverHandler {
-        id: hover
-    }
+    onActivated: if (canReveal)
+        revealed()
 
     Rectangle {
         anchors.fill: parent
-        color: root.isHovered || root.activeFocus ? Theme.primaryAt(0.06) : "transparent"
+        color: Theme.primaryAt(0.06)
         radius: Theme.radius
-    }
-
-    Item {
-        id: face
-
-        anchors.fill: parent
-        focus: true
-
-        Keys.onReturnPressed: root.canReveal ? root.revealed() : root.refetched()
-        Keys.onSpacePressed: root.canReveal ? root.revealed() : root.refetched()
-
-        FocusRing {
-            gap: -2
-            shown: face.activeFocus
-        }
+        visible: root.isHovered || root.activeFocus
+        z: -1
     }
 
     ThumbnailView {

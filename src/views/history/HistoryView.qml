@@ -35,30 +35,13 @@ Column {
             Accessible.role: Accessible.Heading
         }
 
-        BaseButton {
-            id: clear
-
+        TextButton {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            bottomPadding: 4
-            leftPadding: 6
             objectName: "clearHistory"
-            rightPadding: 6
-            ringRadius: 6
             text: "Clear all"
-            topPadding: 4
 
             onClicked: history.clearAll()
-
-            background: Rectangle {
-                color: clear.hovered ? Theme.primaryAt(0.06) : "transparent"
-                radius: 6
-            }
-            contentItem: IconLabel {
-                color: clear.hovered ? Theme.primary : Theme.secondary
-                size: 12
-                text: clear.text
-            }
         }
     }
 
@@ -83,6 +66,7 @@ Column {
         width: root.innerWidth
 
         delegate: HistoryItemRow {
+            grid: rows
             height: rows.cellHeight
             objectName: "history" + index
             width: rows.cellWidth

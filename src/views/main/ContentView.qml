@@ -63,8 +63,24 @@ FocusScope {
         clip: true
         contentHeight: content.height
         contentWidth: width
+        objectName: "page"
 
-        ScrollBar.vertical: ScrollBar {}
+        ScrollBar.vertical: ScrollBar {
+            id: scrollBar
+
+            contentItem: Rectangle {
+                color: Theme.primaryAt(scrollBar.pressed ? 0.5 : scrollBar.hovered ? 0.4 : 0.3)
+                implicitWidth: 7
+                opacity: scrollBar.active && scrollBar.size < 1 ? 1 : 0
+                radius: width / 2
+
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: Theme.calm
+                    }
+                }
+            }
+        }
 
         Column {
             id: content
@@ -92,7 +108,8 @@ FocusScope {
         Connections {
             function onActiveFocusItemChanged() {
                 const item = root.Window.activeFocusItem as Item;
-                if (item && Pages.of(item) === page)
+                const byMouse = (item as Control)?.focusReason === Qt.MouseFocusReason;
+                if (item && !byMouse && Pages.of(item) === page)
                     Pages.reveal(item);
             }
 
@@ -100,11 +117,22 @@ FocusScope {
         }
     }
 
+    // What is asked for appears at the top.
+    Connections {
+        function onIsFetchingChanged() {
+            if (AppState.isFetching)
+                page.contentY = 0;
+        }
+
+        target: AppState
+    }
+
     DropArea {
         anchors.fill: parent
 
         onDropped: drop => {
-            input.takeText(drop.hasUrls ? drop.urls[0].toString() : drop.text);
+            const isText = drop.formats.includes("text/plain");
+            input.takeText(isText ? drop.text : drop.getDataAsString("text/uri-list"));
             drop.accept(Qt.CopyAction);
         }
     }

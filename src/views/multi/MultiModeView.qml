@@ -1,6 +1,111 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillon
 import Quillon.Shared
 
-EmptyNote {
-    text: "The queue is not there yet."
+// The queue, or what to do where there is none.
+Column {
+    id: root
+
+    bottomPadding: 12
+    leftPadding: Theme.margin
+    rightPadding: Theme.margin
+    spacing: 10
+    topPadding: 8
+
+    readonly property real innerWidth: width - leftPadding - rightPadding
+
+    QueueModel {
+        id: queue
+    }
+
+    QueueControlsModel {
+        id: run
+    }
+
+    EmptyQueueView {
+        visible: queue.count === 0
+        width: root.innerWidth
+    }
+
+    Item {
+        height: 28
+        visible: queue.count > 0
+        width: root.innerWidth
+
+        PlainText {
+            id: heading
+
+            anchors.verticalCenter: parent.verticalCenter
+            font.weight: Font.DemiBold
+            size: 14
+            text: "Queue"
+
+            Accessible.name: "Queue, " + queue.count
+            Accessible.role: Accessible.Heading
+        }
+
+        Rectangle {
+            anchors.left: heading.right
+            anchors.leftMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.primaryAt(0.07)
+            height: 20
+            radius: Theme.radius
+            width: Math.max(24, count.implicitWidth + 14)
+
+            PlainText {
+                id: count
+
+                anchors.centerIn: parent
+                color: Theme.secondary
+                objectName: "queueCount"
+                size: 12
+                text: queue.count
+
+                Accessible.ignored: true
+            }
+        }
+
+        TextButton {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            objectName: "clearQueue"
+            text: "Clear done"
+
+            onClicked: run.clear()
+        }
+    }
+
+    QueueControlsView {
+        queue: queue
+        run: run
+        visible: queue.count > 0
+        width: root.innerWidth
+    }
+
+    LazyGrid {
+        id: rows
+
+        cellHeight: 66
+        model: queue
+        objectName: "queueList"
+        spacing: 12
+        view.objectName: "queueRows"
+        visible: queue.count > 0
+        width: root.innerWidth
+
+        delegate: QueueItemView {
+            grid: rows
+            height: rows.cellHeight
+            isPaused: run.isPaused
+            objectName: "queue" + index
+            width: rows.cellWidth
+
+            onRemoved: queue.remove(index)
+            onRevealed: queue.reveal(index)
+        }
+    }
 }

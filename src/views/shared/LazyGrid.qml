@@ -13,6 +13,7 @@ Item {
     property alias currentIndex: view.currentIndex
     readonly property alias count: view.count
     readonly property alias view: view
+    property bool isAdopting: false
 
     // Without bounds for the width there is one column.
     property real minimumCellWidth: width
@@ -51,11 +52,18 @@ Item {
 
     // Where the keyboard comes in, and after each of its moves.
     function focusCurrent() {
-        if (!view.activeFocus)
+        if (!view.activeFocus || !view.currentItem || isAdopting)
             return;
-        if (view.currentItem && !view.currentItem.activeFocus)
+        if (!view.currentItem.activeFocus)
             view.currentItem.forceActiveFocus(Qt.TabFocusReason);
         revealCurrent();
+    }
+
+    // A cell that has got the focus by a click is the current one, where it is.
+    function adopt(index: int) {
+        isAdopting = true;
+        currentIndex = index;
+        isAdopting = false;
     }
 
     implicitHeight: Math.max(0, rows * (cellHeight + spacing) - spacing)
@@ -77,7 +85,8 @@ Item {
         width: root.columns * cellWidth + 1
         y: root.shownTop
 
-        onActiveFocusChanged: root.focusCurrent()
+        onActiveFocusChanged: if (root.Window.activeFocusItem === view)
+            root.focusCurrent()
         onCountChanged: if (!activeFocus)
             currentIndex = 0
         onCurrentItemChanged: root.focusCurrent()

@@ -21,6 +21,8 @@ ComboBox {
     Accessible.description: displayText
     Accessible.name: label
 
+    Accessible.onPressAction: if (enabled)
+        popup.open()
     onActivated: index => chosen(index)
 
     HelpTip {
@@ -63,6 +65,11 @@ ComboBox {
         Accessible.role: Accessible.MenuItem
         Accessible.selected: root.currentIndex === index
 
+        Accessible.onPressAction: {
+            root.chosen(index);
+            root.popup.close();
+        }
+
         background: Rectangle {
             color: entry.isHighlighted ? Theme.accentFill : "transparent"
             radius: Theme.smallRadius
@@ -83,6 +90,7 @@ ComboBox {
     }
     popup: Popup {
         implicitHeight: contentItem.implicitHeight + 10
+        margins: 6
         padding: 5
         width: Math.max(root.width, 130)
         y: root.height + 4

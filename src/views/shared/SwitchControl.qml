@@ -19,12 +19,17 @@ T.Switch {
         toggleByAssistant()
     Accessible.onToggleAction: if (enabled)
         toggleByAssistant()
-    Keys.onEnterPressed: toggleByAssistant()
-    Keys.onReturnPressed: toggleByAssistant()
+    Keys.onEnterPressed: event => toggleByKey(event)
+    Keys.onReturnPressed: event => toggleByKey(event)
 
     function toggleByAssistant() {
         toggle();
         toggled();
+    }
+
+    function toggleByKey(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            toggleByAssistant();
     }
 
     background: FocusRing {

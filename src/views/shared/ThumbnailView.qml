@@ -19,7 +19,29 @@ Item {
     readonly property bool isLoading: image.status === Image.Loading
     readonly property bool showsPlaceholder: !isLoaded && (!isLoading || placeholderWhileLoading)
 
+    // The size that the picture is made for. While a window is drawn larger, the
+    // picture that is there is stretched.
+    property size settledSize
+
+    function settle() {
+        if (isLoaded)
+            rest.restart();
+        else
+            settledSize = Qt.size(width, height);
+    }
+
+    onHeightChanged: settle()
+    onWidthChanged: settle()
+
     Accessible.ignored: true
+
+    Timer {
+        id: rest
+
+        interval: 150
+
+        onTriggered: root.settledSize = Qt.size(root.width, root.height)
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -48,9 +70,9 @@ Item {
 
         anchors.fill: parent
         asynchronous: true
-        source: root.url === "" || root.width <= 0 ? "" : "image://thumbnail/" + root.radius * Screen.devicePixelRatio + "/" + Qt.btoa(root.url)
-        sourceSize.height: root.height
-        sourceSize.width: root.width
+        source: root.url === "" || root.settledSize.width <= 0 || root.settledSize.height <= 0 ? "" : "image://thumbnail/" + root.radius * Screen.devicePixelRatio + "/" + Qt.btoa(root.url)
+        sourceSize.height: root.settledSize.height
+        sourceSize.width: root.settledSize.width
     }
 
     Rectangle {

@@ -8,12 +8,16 @@ Column {
     id: root
 
     property bool keyboardIsHere: false
+    property bool awaitsGrowth: false
 
     spacing: 14
 
     // Whoever starts a download sees it run.
-    onHeightChanged: if (section.isDownloading)
-        Pages.reveal(root)
+    onHeightChanged: {
+        if (awaitsGrowth)
+            Pages.reveal(root);
+        awaitsGrowth = false;
+    }
 
     DownloadSectionModel {
         id: section
@@ -37,6 +41,14 @@ Column {
         }
 
         target: section
+    }
+
+    Connections {
+        function onIsDownloadingChanged() {
+            root.awaitsGrowth = AppState.isDownloading;
+        }
+
+        target: AppState
     }
 
     Divider {

@@ -9,11 +9,9 @@ import Quillon.Shared
 Column {
     id: root
 
-    spacing: 10
+    required property FormatQualityModel model
 
-    FormatQualityModel {
-        id: picker
-    }
+    spacing: 10
 
     Row {
         spacing: 10
@@ -24,30 +22,30 @@ Column {
         }
 
         Repeater {
-            model: picker.formats
+            model: root.model.formats
 
             ModernPill {
                 required property int index
                 required property string modelData
 
-                isSelected: index === picker.selectedFormat
+                isSelected: index === root.model.selectedFormat
                 label: modelData
                 objectName: "format" + index
 
-                onClicked: picker.selectFormat(index)
+                onClicked: root.model.selectFormat(index)
             }
         }
     }
 
     Divider {
         opacity: 0.5
-        visible: picker.showsQualities
+        visible: root.model.showsQualities
         width: parent.width
     }
 
     Row {
         spacing: 10
-        visible: picker.showsQualities
+        visible: root.model.showsQualities
         width: parent.width
 
         SectionLabel {
@@ -60,17 +58,17 @@ Column {
             width: parent.width - 72
 
             Repeater {
-                model: picker.qualities
+                model: root.model.qualities
 
                 ModernPill {
                     required property int index
                     required property string modelData
 
-                    isSelected: index === picker.selectedQuality
+                    isSelected: index === root.model.selectedQuality
                     label: modelData
                     objectName: "quality" + modelData
 
-                    onClicked: picker.selectQuality(index)
+                    onClicked: root.model.selectQuality(index)
                 }
             }
         }

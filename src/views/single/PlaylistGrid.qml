@@ -46,10 +46,9 @@ Item {
             objectName: "card" + index
             width: grid.cellWidth
 
-            onClicked: {
-                grid.currentIndex = index;
-                root.model.toggle(index);
-            }
+            onActiveFocusChanged: if (activeFocus)
+                grid.adopt(index)
+            onClicked: root.model.toggle(index)
         }
     }
 }

@@ -36,6 +36,7 @@ Column {
     }
 
     FormatQualityPickerView {
+        model: SingleFormatQualityModel {}
         width: root.width
     }
 

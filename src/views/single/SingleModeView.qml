@@ -29,6 +29,7 @@ Column {
         width: root.innerWidth
 
         ErrorBannerView {
+            objectName: "errorBanner"
             message: errorSection.message
             width: root.innerWidth
         }
@@ -45,6 +46,7 @@ Column {
         width: root.innerWidth
 
         FetchingView {
+            objectName: "fetching"
             width: root.innerWidth
         }
     }

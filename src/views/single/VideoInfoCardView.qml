@@ -47,6 +47,7 @@ Card {
 
         InfoRow {
             icon: "person.circle.fill"
+            objectName: "videoUploader"
             text: root.info.uploader
             visible: text !== ""
             width: parent.width
@@ -54,6 +55,7 @@ Card {
 
         InfoRow {
             icon: "clock.fill"
+            objectName: "videoDuration"
             text: root.info.formattedDuration
             visible: text !== ""
             width: parent.width

@@ -8,6 +8,8 @@
 #include "HistoryModel.h"
 #include "ModeModel.h"
 #include "PlaylistModel.h"
+#include "QueueControlsModel.h"
+#include "QueueModel.h"
 #include "QuillonApp.h"
 #include "SettingsModel.h"
 #include "SingleModeModel.h"
@@ -69,6 +71,14 @@ struct StatePresenterForQml
     QML_ANONYMOUS
 };
 
+struct FormatQualityModelForQml
+{
+    Q_GADGET
+    QML_FOREIGN(FormatQualityModel)
+    QML_NAMED_ELEMENT(FormatQualityModel)
+    QML_UNCREATABLE("Single mode and the queue have one each.")
+};
+
 // Presenters as screens make them: on the one state.
 
 class ModeModelForQml : public ModeModel
@@ -107,14 +117,26 @@ public:
     }
 };
 
-class FormatQualityModelForQml : public FormatQualityModel
+class SingleFormatQualityModelForQml : public SingleFormatQualityModel
 {
     Q_OBJECT
-    QML_NAMED_ELEMENT(FormatQualityModel)
+    QML_NAMED_ELEMENT(SingleFormatQualityModel)
 
 public:
-    FormatQualityModelForQml()
-        : FormatQualityModel(*AppStateForQml::instance)
+    SingleFormatQualityModelForQml()
+        : SingleFormatQualityModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class QueueFormatQualityModelForQml : public QueueFormatQualityModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(QueueFormatQualityModel)
+
+public:
+    QueueFormatQualityModelForQml()
+        : QueueFormatQualityModel(*AppStateForQml::instance)
     {
     }
 };
@@ -163,6 +185,30 @@ class SettingsModelForQml : public SettingsModel
 public:
     SettingsModelForQml()
         : SettingsModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class QueueModelForQml : public QueueModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(QueueModel)
+
+public:
+    QueueModelForQml()
+        : QueueModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class QueueControlsModelForQml : public QueueControlsModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(QueueControlsModel)
+
+public:
+    QueueControlsModelForQml()
+        : QueueControlsModel(*AppStateForQml::instance)
     {
     }
 };

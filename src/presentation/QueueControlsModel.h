@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "StatePresenter.h"
+
+/// A run of the queue: starting, pausing, and how far it is.
+class QueueControlsModel : public StatePresenter
+{
+    Q_OBJECT
+    Q_PROPERTY(bool isRunning READ isRunning NOTIFY changed)
+    Q_PROPERTY(bool isPaused READ isPaused NOTIFY changed)
+    Q_PROPERTY(QString pauseIcon READ pauseIcon NOTIFY changed)
+    Q_PROPERTY(QString pauseHelp READ pauseHelp NOTIFY changed)
+    Q_PROPERTY(QString position READ position NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+
+public:
+    explicit QueueControlsModel(AppState &state);
+
+    [[nodiscard]] bool isRunning() const { return state().isQueueDownloading; }
+    [[nodiscard]] bool isPaused() const { return state().isPaused; }
+    [[nodiscard]] QString pauseIcon() const;
+    [[nodiscard]] QString pauseHelp() const;
+    /// The running entry's place in the run, and how many the run has.
+    [[nodiscard]] QString position() const;
+    [[nodiscard]] QString title() const { return state().currentDownloadTitle; }
+
+    Q_INVOKABLE void start();
+    Q_INVOKABLE void togglePause();
+    Q_INVOKABLE void clear();
+};

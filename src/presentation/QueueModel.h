@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AppState.h"
+
+#include <QAbstractListModel>
+#include <QHash>
+
+/// The queue as rows. A report of one entry changes that row alone, whatever the
+/// queue's length; entries that come and go are insertions and removals.
+class QueueModel : public QAbstractListModel
+{
+    Q_OBJECT
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+    Q_PROPERTY(int readyCount READ readyCount NOTIFY readyCountChanged)
+    Q_PROPERTY(QString downloadButtonLabel READ downloadButtonLabel NOTIFY downloadButtonChanged)
+    Q_PROPERTY(bool canDownload READ canDownload NOTIFY downloadButtonChanged)
+
+public:
+    enum Role {
+        TitleRole = Qt::UserRole,
+        ThumbnailRole,
+        StatusRole,     ///< "waiting", "fetching", "downloading", "processing", "done", "failed"
+        StatusLineRole, ///< what is to be said of the status beside its badge
+        BadgeRole,      ///< the status in a word, for those who do not see the badge
+        ProgressRole,   ///< from 0 to 1
+        CanRevealRole,  ///< whether it is known where the file is
+    };
+
+    /// The state outlives the model.
+    explicit QueueModel(AppState &state);
+
+    [[nodiscard]] int count() const { return static_cast<int>(m_items.size()); }
+    /// How many entries are waiting.
+    [[nodiscard]] int readyCount() const { return m_readyCount; }
+    /// Counts waiting entries alone, although a run takes finished ones, too.
+    [[nodiscard]] QString downloadButtonLabel() const;
+    [[nodiscard]] bool canDownload() const;
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// Shows the saved file of a finished entry; others do nothing.
+    Q_INVOKABLE void reveal(int row);
+    Q_INVOKABLE void remove(int row);
+
+Q_SIGNALS:
+    void countChanged();
+    void readyCountChanged();
+    void downloadButtonChanged();
+
+private:
+    struct Row
+    {
+        std::shared_ptr<DownloadItem> item;
+        bool isReady;
+    };
+
+    void follow();
+    void removeMissing(const AppState::Queue &queue);
+    void append(const AppState::Queue &added);
+    void reset(const AppState::Queue &queue);
+    void renumber();
+    void followItem(const DownloadItem *item);
+    void changeReadyCount(int change);
+
+    [[nodiscard]] static bool isReady(const DownloadItem &item);
+    Row watched(const std::shared_ptr<DownloadItem> &item);
+
+    AppState &m_state;
+    QList<Row> m_items;
+    QHash<const DownloadItem *, int> m_rows;
+    int m_readyCount = 0;
+};

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// A symbol and a text that ends where there is no more room; with the pointer it
+// may be pressed.
+Item {
+    id: root
+
+    property color color: Theme.secondary
+    property bool pressable: false
+    property string symbol
+    property string text
+
+    signal pressed
+
+    implicitHeight: label.implicitHeight
+
+    SymbolIcon {
+        id: icon
+
+        anchors.verticalCenter: parent.verticalCenter
+        color: root.color
+        size: 12
+        symbol: root.symbol
+        visible: root.symbol !== ""
+    }
+
+    PlainText {
+        id: label
+
+        color: root.color
+        font.underline: hover.hovered && root.pressable
+        size: 12
+        text: root.text
+        width: Math.min(implicitWidth, root.width - x)
+        x: icon.visible ? icon.width + 5 : 0
+
+        Accessible.ignored: true
+
+        HoverHandler {
+            id: hover
+
+            cursorShape: root.pressable ? Qt.PointingHandCursor : Qt.ArrowCursor
+        }
+
+        HelpTip {
+            text: label.truncated ? root.text : ""
+            wanted: hover.hovered
+        }
+
+        TapHandler {
+            enabled: root.pressable
+
+            onTapped: root.pressed()
+        }
+    }
+}

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// One entry of the queue.
+ListRow {
+    id: root
+
+    required property string title
+    required property string thumbnailURL
+    required property string status
+    required property string statusLine
+    required property string badge
+    required property real progress
+    required property bool canReveal
+    property bool isPaused: false
+
+    readonly property bool isDone: status === "done"
+    readonly property bool hasFailed: status === "failed"
+
+    signal revealed
+
+    // What the row stands on tells how it ended.
+    function rowFill(opacity: real): color {
+        if (isDone)
+            return Theme.at(Theme.green, opacity);
+        return hasFailed ? Theme.at(Theme.red, opacity) : "transparent";
+    }
+
+    Accessible.name: title + ", " + mark.spoken + (statusLine !== "" ? ", " + statusLine : "")
+
+    onActivated: revealed()
+
+    Card {
+        anchors.fill: parent
+        z: -1
+
+        Rectangle {
+            anchors.fill: parent
+            border.color: root.rowFill(0.25)
+            color: root.rowFill(0.07)
+            radius: parent.radius
+        }
+    }
+
+    ThumbnailView {
+        id: thumbnail
+
+        anchors.verticalCenter: parent.verticalCenter
+        height: 45
+        placeholder: "play.rectangle.fill"
+        radius: 6
+        url: root.thumbnailURL
+        width: 80
+        x: 12
+    }
+
+    Column {
+        anchors.left: thumbnail.right
+        anchors.leftMargin: 12
+        anchors.right: remove.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 3
+
+        PlainText {
+            font.weight: Font.Medium
+            text: root.title
+            width: parent.width
+
+            Accessible.ignored: true
+        }
+
+        IconText {
+            color: root.hasFailed ? Theme.red : Theme.secondary
+            pressable: root.canReveal
+            symbol: root.canReveal ? "folder.fill" : ""
+            text: root.statusLine
+            visible: text !== ""
+            width: parent.width
+
+            onPressed: root.revealed()
+        }
+    }
+
+    RowActionButton {
+        id: remove
+
+        anchors.right: mark.left
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        help: "Remove"
+        isTabStop: root.isCurrent
+        objectName: "remove" + root.index
+        symbol: "xmark.circle.fill"
+        visible: root.isHovered || root.activeFocus
+
+        onClicked: root.removed()
+    }
+
+    QueueStatusBadge {
+        id: mark
+
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        badge: root.badge
+        isPaused: root.isPaused
+        progress: root.progress
+        status: root.status
+    }
+}

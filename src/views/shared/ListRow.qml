@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// A row of a LazyGrid. The keyboard is at the row as a whole, and goes on to its
+// buttons; Tab stops at them only while the row is the current one.
+FocusScope {
+    id: root
+
+    required property int index
+    required property LazyGrid grid
+
+    readonly property bool hasFocus: face.activeFocus
+    readonly property bool isCurrent: GridView.isCurrentItem
+    readonly property bool isHovered: hover.hovered
+
+    signal activated
+    signal removed
+
+    // Back at the row as a whole for the next time.
+    onActiveFocusChanged: {
+        if (activeFocus)
+            grid.adopt(index);
+        else
+            face.focus = true;
+    }
+
+    Accessible.focusable: true
+    Accessible.focused: hasFocus
+    Accessible.role: Accessible.ListItem
+
+    HoverHandler {
+        id: hover
+    }
+
+    Item {
+        id: face
+
+        anchors.fill: parent
+        focus: true
+
+        Keys.onDeletePressed: root.removed()
+        Keys.onEnterPressed: root.activated()
+        Keys.onReturnPressed: root.activated()
+        Keys.onSpacePressed: root.activated()
+
+        FocusRing {
+            gap: -2
+            shown: face.activeFocus
+            z: 1
+        }
+    }
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "AppState.h"
+
+#include "Addresses.h"
+#include "DownloadArguments.h"
+#include "QueueRun.h"
+#include "ReplyAwaiter.h"
+#include "SingleRun.h"
+
+void AppState::addURLToQueue(const QString &url)
+{
+    const QString address = url.trimmed();
+    if (address.isEmpty())
+        return;
+    const auto item = std::make_shared<DownloadItem>(address);
+    item->status = DownloadStatus::fetching();
+    queue = queue() + Queue{item};
+    spawn([this, item] { return fetchForQueue(item); });
+}
+
+QCoro::Task<> AppState::fetchForQueue(std::shared_ptr<DownloadItem> item)
+{
+    const QString address = item->url;
+    const bool asPlaylist = namesPlaylist(address);
+    try {
+        const VideoInfo info = co_await requestInfo(address, asPlaylist);
+        if (m_isClosing)
+            co_return;
+        if (asPlaylist) {
+            queue = expanded(queue, item, info);
+        } else {
+            item->info = info;
+            item->status = DownloadStatus::waiting();
+        }
+    } catch (const DescribedError &error) {
+        if (!m_isClosing)
+            item->status = DownloadStatus::failed(error.errorDescription());
+    }
+}
+
+void AppState::startQueueDownload()
+{
+    if (queue().isEmpty() || isQueueDownloading)
+        return;
+    QueueRun queueRun{.items = {},
+                      .quality = runQuality(multiFormat, multiQuality),
+                      .folder = resolvedDownloadDir()};
+    isQueueDownloading = true;
+    isPaused = false;
+    queueRun.items = inactive(queue);
+    totalDownloadCount = queueRun.items.size();
+    currentDownloadIndex = 0;
+    spawn([this, queueRun] { return runQueue(queueRun); });
+}
+
+QCoro::Task<> AppState::runQueue(QueueRun queueRun)
+{
+    for (qsizetype position = 0; position < queueRun.items.size(); ++position) {
+        co_await downloadItem(queueRun, position);
+        if (m_isClosing)
+            co_return;
+    }
+    isQueueDownloading = false;
+    isPaused = false;
+    currentDownloadTitle = QString();
+    currentDownloadIndex = 0;
+    totalDownloadCount = 0;
+    sendCompleteNotification(QStringLiteral("Queue"), queueRun.items.size());
+}
+
+QCoro::Task<> AppState::downloadItem(QueueRun queueRun, qsizetype position)
+{
+    const auto item = queueRun.items[position];
+    currentDownloadIndex = position + 1;
+    currentDownloadTitle = item->title();
+    item->status = DownloadStatus::downloading(0, QString(), QString());
+    const QStringList arguments = downloadArguments({.cookiesBrowser = cookiesBrowser,
+                                                     .speedLimit = speedLimit,
+                                                     .quality = queueRun.quality,
+                                                     .folder = queueRun.folder,
+                                                     .address = item->url});
+    // Weakly, since the worker may be the last to let go of these.
+    const auto setStatus = [weak = std::weak_ptr(item)](const DownloadStatus &status) {
+        if (const auto strong = weak.lock())
+            strong->status = status;
+    };
+    const ProgressHandler onProgress = [=](double progress, const QString &speed,
+                                           const QString &eta) {
+        setStatus(DownloadStatus::downloading(progress, speed, eta));
+    };
+    const ProcessingHandler onProcessing = [=] { setStatus(DownloadStatus::processing()); };
+    try {
+        const QString savedPath = co_await requestDownload(arguments, onProgress, onProcessing);
+        if (m_isClosing)
+            co_return;
+        item->status = DownloadStatus::done(savedPath);
+        addToHistory(historyRecord(taskOf(*item), queueRun.quality, savedPath));
+    } catch (const DescribedError &error) {
+        if (!m_isClosing)
+            item->status = DownloadStatus::failed(error.errorDescription());
+    }
+}
+
+void AppState::clearQueue()
+{
+    queue = active(queue);
+}
+
+void AppState::removeFromQueue(const QUuid &id)
+{
+    Queue rest = queue;
+    rest.removeIf([&id](const auto &item) { return item->id == id; });
+    queue = rest;
+}

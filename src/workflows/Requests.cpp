@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "AppState.h"
+
+#include "ReplyAwaiter.h"
+
+ReplyAwaiter<VideoInfo> AppState::requestInfo(const QString &address, bool asPlaylist)
+{
+    return {m_mailbox,
+            [this, address, asPlaylist,
+             browser = cookiesBrowser()](const Completion<VideoInfo> &completion) {
+                if (asPlaylist)
+                    service.fetchPlaylistInfo(address, browser, completion);
+                else
+                    service.fetchInfo(address, browser, completion);
+            }};
+}
+
+ReplyAwaiter<QString> AppState::requestDownload(const QStringList &arguments,
+                                                const ProgressHandler &onProgress,
+                                                const ProcessingHandler &onProcessing)
+{
+    // Reports take the same way as the completion, so that none overtakes it.
+    const auto hop = [mailbox = m_mailbox, state = QPointer(this)](auto action) {
+        mailbox->post([state, action] {
+            if (state && !state->m_isClosing)
+                action();
+        });
+    };
+    const ProgressHandler hopProgress = [=](double progress, const QString &speed,
+                                            const QString &eta) {
+        hop([=] { onProgress(progress, speed, eta); });
+    };
+    const ProcessingHandler hopProcessing = [=] { hop(onProcessing); };
+    return {m_mailbox, [=, this](const Completion<QString> &completion) {
+                service.runProcessWithProgress(arguments, hopProgress, hopProcessing, completion);
+            }};
+}
