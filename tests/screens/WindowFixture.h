@@ -44,7 +44,9 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        WAIT_FOR(!state().isDownloading() && !state().isFetching());
+        WAIT_FOR(!state().isDownloading() && !state().isQueueDownloading()
+                 && !state().isFetching());
+        state().queue = AppState::Queue();
         state().singleURL = QString();
         state().singleInfo = AppState::Info();
         state().fetchError = AppState::Text();

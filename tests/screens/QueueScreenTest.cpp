@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowFixture.h"
+
+/// The queue in multi mode.
+class QueueScreenTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEmptyQueueSaysHowItIsFilled()
+    {
+        show(0);
+        WAIT_FOR(shown("emptyQueue"));
+        QVERIFY(!shown("startQueue") && !shown("queueCount"));
+    }
+
+    void submittingEmptiesTheFieldAndAddsARow()
+    {
+        show(0);
+        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
+        focusField();
+        typeText("https://x/1");
+        QTest::keyClick(m_window, Qt::Key_Return);
+        QCOMPARE(state().multiURL(), QString());
+        QCOMPARE(textOf("urlField"), QString());
+        WAIT_FOR(shown("queue0"));
+        WAIT_FOR(item("queue0")->property("title").toString() == u"T");
+        QCOMPARE(textOf("queueCount"), u"1"_s);
+        QCOMPARE(textOf("startQueue"), u"Download 1 Video"_s);
+    }
+
+    void returnOnBlanksEmptiesTheField()
+    {
+        show(0);
+        focusField();
+        typeText("  ");
+        QVERIFY(item("submit")->isEnabled());
+        QTest::keyClick(m_window, Qt::Key_Return);
+        QCOMPARE(state().multiURL(), QString());
+        QVERIFY(state().queue().isEmpty());
+    }
+
+    void aRunByMouseWithPauseAndResume()
+    {
+        show(1);
+        QVERIFY(!shown("pauseQueue"));
+        m_fixture.tool.setScript("echo '[download]  42.5% of 1MiB at 2MiB/s ETA 00:42'\n"
+                                 + m_fixture.tool.gate("run"));
+        click("startQueue");
+        WAIT_FOR(shown("pauseQueue"));
+        QVERIFY(!item("startQueue")->isEnabled());
+        QCOMPARE(textOf("startQueue"), u"Downloading..."_s);
+        QCOMPARE(textOf("queuePosition"), u"1 / 1"_s);
+        WAIT_FOR(shown("ring") && item("ring")->property("progress").toDouble() > 0.4);
+        click("pauseQueue");
+        WAIT_FOR(stateOf(m_fixture.tool.processIdentifiers().last()) == "T");
+        QCOMPARE(item("pauseQueue")->property("help").toString(), u"Resume queue"_s);
+        QVERIFY(!shown("ring"));
+        QVERIFY(accessible("queue0")->text(QAccessible::Name).contains(u"Paused"));
+        click("pauseQueue");
+        WAIT_FOR(stateOf(m_fixture.tool.processIdentifiers().last()) != "T");
+        m_fixture.tool.open("run");
+        WAIT_FOR(!shown("pauseQueue"));
+        QCOMPARE(textOf("startQueue"), u"Nothing to download"_s);
+        QVERIFY(!item("startQueue")->isEnabled());
+    }
+
+    void removingTheLastEntryBringsBackTheEmptyState()
+    {
+        show(1);
+        focusByTab("queueRows");
+        QTest::keyClick(m_window, Qt::Key_Delete);
+        QVERIFY(state().queue().isEmpty());
+        WAIT_FOR(shown("emptyQueue"));
+    }
+
+    void rowsAreUsedByKeyboard()
+    {
+        show(4);
+        const QString path = m_fixture.folder.filePath(u"a.mp4"_s);
+        writeFile(path, "x");
+        state().queue()[1]->status = DownloadStatus::done(path);
+        focusByTab("queueRows");
+        QTest::keyClick(m_window, Qt::Key_Return); // waiting: nothing to reveal
+        QVERIFY(m_fixture.desktop.fileViewer->selected.isEmpty());
+        QTest::keyClick(m_window, Qt::Key_Down);
+        QVERIFY(focusIsIn(item("queue1")));
+        QTest::keyClick(m_window, Qt::Key_Return);
+        QCOMPARE(m_fixture.desktop.fileViewer->selected, QStringList{path});
+        QTest::keyClick(m_window, Qt::Key_Delete);
+        QCOMPARE(state().queue().size(), 3);
+        // The keyboard goes on at the next row.
+        WAIT_FOR(m_window->activeFocusItem() && m_window->activeFocusItem()->parentItem()
+                 && m_window->activeFocusItem()->parentItem()->property("title")
+                     == u"https://x/2"_s);
+        QTest::keyClick(m_window, Qt::Key_Delete);
+        QCOMPARE(state().queue().size(), 2);
+    }
+
+    void clearDoneRemovesWaitingAndFailedEntriesToo()
+    {
+        show(3);
+        state().queue()[0]->status = DownloadStatus::failed(u"no"_s);
+        state().queue()[1]->status = DownloadStatus::processing();
+        click("clearQueue");
+        QCOMPARE(state().queue().size(), 1);
+        QVERIFY(state().queue()[0]->status() == DownloadStatus::processing());
+    }
+
+    void aReportMakesNoNewRow()
+    {
+        show(3);
+        const QQuickItem *const row = item("queue1");
+        for (int report = 0; report < 10; ++report)
+            state().queue()[1]->status =
+                DownloadStatus::downloading(report / 10.0, u"1MiB/s"_s, u"00:01"_s);
+        m_window->grabWindow();
+        QCOMPARE(item("queue1"), row);
+        QCOMPARE(find(item("queue1"), u"ring"_s)->property("progress").toDouble(), 0.9);
+    }
+
+    void ofThousandsOnlyThoseInSightAreAlive()
+    {
+        show(2000);
+        m_window->grabWindow();
+        QVERIFY(numbered("queueRows", u"queue"_s) <= 20);
+    }
+
+    void aRowTellsTitleStatusAndMessage()
+    {
+        show(2);
+        state().queue()[0]->status = DownloadStatus::failed(u"Download failed: no\n"_s);
+        QCOMPARE(accessible("queue0")->text(QAccessible::Name),
+                 u"https://x/0, Failed, Download failed: no"_s);
+        QVERIFY(accessible("queue0")->role() == QAccessible::ListItem);
+        QCOMPARE(accessible("remove0")->text(QAccessible::Name), u"Remove"_s);
+    }
+
+private:
+    void show(int count)
+    {
+        AppState::Queue queue;
+        for (int number = 0; number < count; ++number)
+            queue.append(std::make_shared<DownloadItem>(u"https://x/%1"_s.arg(number)));
+        m_fixture.desktop.fileViewer->selected.clear();
+        state().queue = queue;
+        state().mode = AppMode::multi;
+        WAIT_FOR(count == 0 || (shown("queue0") && (count < 2 || shown("queue1"))));
+    }
+};
+
+QTEST_MAIN(QueueScreenTest)
+#include "QueueScreenTest.moc"
