@@ -195,6 +195,57 @@ private Q_SLOTS:
         QVERIFY(m_window->activeFocusItem()->property("showsRing").toBool());
     }
 
+    void aClickOnACardThatIsCutOffMovesNothing()
+    {
+        show(playlist(5000));
+        const double pageTop = item("page")->mapToScene({0, 0}).y();
+        QQuickItem *card = nullptr;
+        WAIT_FOR((item("page")->setProperty("contentY", 8500), card = cardInTheMiddle())
+                 && card->property("index").toInt() > 100);
+        // So that only the lower half of this card is seen.
+        const double hidden = card->mapToScene({0, card->height() / 2}).y() - pageTop;
+        const double contentY = item("page")->property("contentY").toDouble() + hidden;
+        item("page")->setProperty("contentY", contentY);
+        m_window->grabWindow();
+        const QPointF seen = card->mapToScene({card->width() / 2, card->height() * 0.75});
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, seen.toPoint());
+        QCOMPARE(m_window->activeFocusItem(), card);
+        QCOMPARE(state().selectedPlaylistItems().size(), 4999);
+        QCOMPARE(item("page")->property("contentY").toDouble(), contentY);
+    }
+
+    void theScrollBarIsDraggedToTheEndAndSeenMeanwhile()
+    {
+        show(playlist(5000));
+        m_window->grabWindow();
+        QQuickItem *const page = item("page");
+        QQuickItem *const handle = item("scrollHandle");
+        const auto at = [&](double y) {
+            return QPoint(m_window->width() - 3, qRound(page->mapToScene({0, y}).y()));
+        };
+        QTest::mouseMove(m_window, at(4));
+        QTest::mousePress(m_window, Qt::LeftButton, {}, at(4));
+        QTest::mouseMove(m_window, at(page->height() / 2));
+        WAIT_FOR(handle->opacity() > 0.9);
+        const double height = page->property("contentHeight").toDouble();
+        QVERIFY(page->property("contentY").toDouble() > height / 3);
+        QVERIFY(page->property("contentY").toDouble() < height * 2 / 3);
+        QTest::mouseMove(m_window, at(page->height() - 1));
+        QTest::mouseRelease(m_window, Qt::LeftButton, {}, at(page->height() - 1));
+        QCOMPARE(page->property("contentY").toDouble(), height - page->height());
+        QVERIFY(isInSight("card4999"));
+    }
+
+    void aTouchpadScrolls()
+    {
+        show(playlist(5000));
+        WAIT_FOR(item("page")->property("contentHeight").toDouble() > 100000);
+        const double before = sceneY("playlistTitle");
+        turnTouchpad(Qt::ScrollBegin, 0);
+        WAIT_FOR((turnTouchpad(Qt::ScrollUpdate, 40), sceneY("playlistTitle") <= before - 80));
+        turnTouchpad(Qt::ScrollEnd, 0);
+    }
+
     void aCardThatIsScrolledAwayDropsItsRequest()
     {
         QVERIFY(m_silentServer.listen(QHostAddress::LocalHost));
@@ -262,11 +313,23 @@ private:
         WAIT_FOR(shown("download"));
     }
 
+    /// One event of a touchpad, a frame after the one before.
+    void turnTouchpad(Qt::ScrollPhase phase, int pixels)
+    {
+        const QPointF place(m_window->width() / 2.0, m_window->height() - 60.0);
+        QWheelEvent event(place, m_window->mapToGlobal(place), {0, -pixels}, {0, -pixels},
+                          Qt::NoButton, Qt::NoModifier, phase, false,
+                          Qt::MouseEventSynthesizedBySystem);
+        event.setTimestamp(m_touchpadTime += 16);
+        QCoreApplication::sendEvent(m_window, &event);
+    }
+
     void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
 
     QTcpServer m_silentServer; // takes connections and says nothing
     int m_came = 0;
     int m_left = 0;
+    quint64 m_touchpadTime = static_cast<quint64>(QDateTime::currentMSecsSinceEpoch());
 
     QString focused() const
     {

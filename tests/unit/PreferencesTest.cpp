@@ -3,8 +3,11 @@
 #include "FakeTool.h"
 
 #include <QDir>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -59,6 +62,28 @@ private Q_SLOTS:
         QCOMPARE(preferences.boolean(u"yes"_s), true);
         QCOMPARE(preferences.blob(u"text blob"_s), u"[\"街\"]"_s.toUtf8());
         QCOMPARE(preferences.blob(u"byte blob"_s), "\xff\x00\x01"_ba);
+    }
+
+    void aLongBlobComesBackWholeAndShortInTheFile()
+    {
+        const QByteArray document = QByteArray("[\"a\",\"b\"]").repeated(100000);
+        Preferences(m_path).setBlob(u"blob"_s, bytes(document));
+        QCOMPARE(Preferences(m_path).blob(u"blob"_s), document);
+        QVERIFY(contentOf(m_path).size() < document.size() / 10);
+    }
+
+    void aBlobThatCannotBeReadStaysUntilItIsSaved()
+    {
+        store(R"({"blob":{"compressed":"bm90IGNvbXByZXNzZWQ="},"ours":"a"})");
+        {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"qUncompress"_s));
+            Preferences preferences(m_path);
+            QVERIFY(!preferences.blob(u"blob"_s));
+            preferences.setString(u"ours"_s, u"b"_s);
+        }
+        const QByteArray content = contentOf(m_path);
+        QVERIFY(content.contains("bm90IGNvbXByZXNzZWQ="));
+        QVERIFY(content.contains(R"("b")"));
     }
 
     void kindsAreConvertedAsATypedStoreDoes()
@@ -180,7 +205,10 @@ private Q_SLOTS:
     void aKillAtAnyMomentLeavesAWholeFile()
     {
         store(R"({"number":"0"})");
-        const QByteArray filler(200000, 'x');
+        QByteArray filler(200000, '\0'); // of chance, so that it stays long in the file
+        std::generate(filler.begin(), filler.end(), [chance = QRandomGenerator(1)]() mutable {
+            return static_cast<char>(chance.generate());
+        });
         for (int round = 0; round < 20; ++round) {
             int ready[2];
             QCOMPARE(pipe(ready), 0);

@@ -69,6 +69,7 @@ FocusScope {
             id: scrollBar
 
             contentItem: Rectangle {
+                objectName: "scrollHandle"
                 color: Theme.primaryAt(scrollBar.pressed ? 0.5 : scrollBar.hovered ? 0.4 : 0.3)
                 implicitWidth: 7
                 opacity: scrollBar.active && scrollBar.size < 1 ? 1 : 0
