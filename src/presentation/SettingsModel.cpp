@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SettingsModel.h"
 
+#include "HomeDirectory.h"
+
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <algorithm>
@@ -144,7 +147,8 @@ void SettingsModel::save()
 
 QUrl SettingsModel::startFolder() const
 {
-    return QUrl::fromLocalFile(state().resolvedDownloadDir());
+    const QString folder = state().resolvedDownloadDir();
+    return QUrl::fromLocalFile(QFileInfo(folder).isDir() ? folder : homeDirectory());
 }
 
 void SettingsModel::takeFolder(const QUrl &folder)

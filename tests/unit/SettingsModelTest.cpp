@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "HomeDirectory.h"
 #include "SettingsModel.h"
 #include "StateFixture.h"
 
@@ -109,12 +110,19 @@ private Q_SLOTS:
         QCOMPARE(state().history().size(), 30);
     }
 
-    void theChooserStartsAtTheFolderAndGivesAPathWithoutASlashAtItsEnd()
+    void theChooserStartsAtTheFolderOrAtHomeWhereThereIsNone()
     {
         QCOMPARE(m_model->startFolder(), QUrl::fromLocalFile(m_fixture->folder.path()));
+        state().downloadDir = u"/usr/share"_s;
+        QCOMPARE(m_model->startFolder(), QUrl::fromLocalFile(u"/usr/share"_s));
+        state().downloadDir = u"/gone"_s;
+        QCOMPARE(m_model->startFolder(), QUrl::fromLocalFile(homeDirectory()));
+    }
+
+    void theChooserGivesAPathWithoutASlashAtItsEnd()
+    {
         m_model->takeFolder(QUrl(u"file:///srv/my%20videos/"_s));
         QCOMPARE(state().downloadDir(), u"/srv/my videos"_s);
-        QCOMPARE(m_model->startFolder(), QUrl::fromLocalFile(u"/srv/my videos"_s));
         m_model->takeFolder(QUrl(u"file:///"_s));
         QCOMPARE(state().downloadDir(), u"/"_s);
     }

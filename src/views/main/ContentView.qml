@@ -68,11 +68,13 @@ FocusScope {
         ScrollBar.vertical: ScrollBar {
             id: scrollBar
 
+            minimumSize: Math.min(1, 36 / page.height) // enough for a pointer
+
             contentItem: Rectangle {
-                objectName: "scrollHandle"
                 color: Theme.primaryAt(scrollBar.pressed ? 0.5 : scrollBar.hovered ? 0.4 : 0.3)
                 implicitWidth: 7
-                opacity: scrollBar.active && scrollBar.size < 1 ? 1 : 0
+                objectName: "scrollHandle"
+                opacity: scrollBar.size >= 1 ? 0 : scrollBar.active ? 1 : 0.5
                 radius: width / 2
 
                 Behavior on opacity {

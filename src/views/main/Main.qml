@@ -20,20 +20,21 @@ ApplicationWindow {
     width: 960
 
     color: Theme.window
-    // For the folder chooser that stands in where the desktop has none of its own.
+    // For the folder chooser that stands in where the desktop has none of its own:
+    // always light, since the bar with its path is always white.
     palette {
-        base: Theme.card
-        button: Theme.window
-        buttonText: Theme.primary
-        dark: Theme.secondary
-        highlight: Theme.accentFill
-        highlightedText: Theme.primary
-        light: Theme.card
-        mid: Theme.window
-        midlight: Theme.window
-        text: Theme.primary
-        window: Theme.window
-        windowText: Theme.primary
+        base: "#ffffff"
+        button: "#d4d4d9"
+        buttonText: "#1d1d1f"
+        dark: "#6a6a70"
+        highlight: "#0a5cc8"
+        highlightedText: "#1d1d1f"
+        light: "#ffffff"
+        mid: "#c4c4ca"
+        midlight: "#ececee"
+        text: "#1d1d1f"
+        window: "#ececee"
+        windowText: "#1d1d1f"
     }
 
     menuBar: AppMenuBar {
