@@ -20,22 +20,8 @@ ApplicationWindow {
     width: 960
 
     color: Theme.window
-    // For the folder chooser that stands in where the desktop has none of its own:
-    // always light, since the bar with its path is always white.
-    palette {
-        base: "#ffffff"
-        button: "#d4d4d9"
-        buttonText: "#1d1d1f"
-        dark: "#6a6a70"
-        highlight: "#0a5cc8"
-        highlightedText: "#1d1d1f"
-        light: "#ffffff"
-        mid: "#c4c4ca"
-        midlight: "#ececee"
-        text: "#1d1d1f"
-        window: "#ececee"
-        windowText: "#1d1d1f"
-    }
+    // For the folder chooser that stands in where the desktop has none of its own.
+    palette: Theme.chooserPalette
 
     menuBar: AppMenuBar {
         app: root.app

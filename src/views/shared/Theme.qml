@@ -71,4 +71,20 @@ QtObject {
             return accent;
         }
     }
+
+    // Always light, since the bar with the path in Qt's own chooser is always white.
+    readonly property Palette chooserPalette: Palette {
+        base: "#ffffff"
+        button: "#d4d4d9"
+        buttonText: "#1d1d1f"
+        dark: "#6a6a70"
+        highlight: "#0a5cc8"
+        highlightedText: "#1d1d1f"
+        light: "#ffffff"
+        mid: "#c4c4ca"
+        midlight: "#ececee"
+        text: "#1d1d1f"
+        window: "#ececee"
+        windowText: "#1d1d1f"
+    }
 }
