@@ -23,9 +23,10 @@ class Case(unittest.TestCase):
 
     maxDiff = None
     preferences: dict | None = None
+    fills_disk = ""
 
     def setUp(self):
-        self.person = Person(self.preferences)
+        self.person = Person(self.preferences, self.fills_disk)
         self.addCleanup(self.person.close)
         self.downloads = self.person.desktop.home / "Downloads"
 

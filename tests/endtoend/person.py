@@ -29,7 +29,9 @@ WATCH = "https://www.youtube.com/watch?v="
 class Person:
     """With a desktop, a video site, a recording tool and Quillon of their own."""
 
-    def __init__(self, preferences: dict | None = None):
+    def __init__(self, preferences: dict | None = None, fills_disk: str = ""):
+        """Downloads of the one address find no more room after 50 kB."""
+        self.fills_disk = fills_disk
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillon-test-"))
         self.desktop = Desktop(self.folder / "home")
         self.desktop.callback(shutil.rmtree, self.folder, ignore_errors=True)
@@ -62,10 +64,12 @@ class Person:
             raise RuntimeError(f"{FIRST_LOCATION} is in use")
         FIRST_LOCATION.parent.mkdir(parents=True, exist_ok=True)
         FIRST_LOCATION.write_text(
-            "#!/usr/bin/python3\n# quillon recorder\nimport json, os, sys\n"
+            "#!/usr/bin/python3\n# quillon recorder\nimport json, os, resource, sys\n"
             f"with open({str(self.folder / 'calls')!r}, 'a') as calls:\n"
             "    environment = open('/proc/self/environ').read().split('\\0')[:-1]\n"
             "    calls.write(json.dumps([sys.argv[1:], sorted(environment)]) + '\\n')\n"
+            f"if sys.argv[-1] == {self.fills_disk!r} and '-o' in sys.argv:\n"
+            "    resource.setrlimit(resource.RLIMIT_FSIZE, (50000, 50000))\n"
             f"os.execv({REAL_TOOL!r}, [{REAL_TOOL!r}] + sys.argv[1:])\n")
         FIRST_LOCATION.chmod(0o755)
         self.desktop.callback(FIRST_LOCATION.unlink, missing_ok=True)
@@ -154,9 +158,14 @@ class Person:
         name begins so, if one is given."""
         from gi.repository import Atspi
 
+        def is_available(node):
+            node.clear_cache()  # nobody is told that a description has changed
+            return node.get_description() != "Unavailable"
+
         def matches(node, states):
-            return node.get_name() == name and "menu" not in node.get_role_name() and states.contains(Atspi.StateType.SHOWING) \
-                and (not enabled or states.contains(Atspi.StateType.ENABLED))
+            return node.get_name() == name and "menu" not in node.get_role_name() \
+                and states.contains(Atspi.StateType.SHOWING) \
+                and (not enabled or is_available(node))
 
         place = self._application()
         if place and row:
@@ -180,6 +189,14 @@ class Person:
 
     def see(self, name: str, seconds: float = 60, enabled: bool = True, row: str | None = None):
         return wait_until(lambda: self.look_for(name, enabled, row), f"“{name}”", seconds)
+
+    def see_row(self, title: str, rest: str):
+        """A row of this title, with what it tells besides (a regular expression)."""
+        def matches(node, _states):
+            return node.get_role_name() == "list item" \
+                and re.match(re.escape(title) + ", " + rest, node.get_name())
+
+        return wait_until(lambda: self._find(self._application(), matches), f"“{title}, {rest}”")
 
     def focused(self) -> str:
         from gi.repository import Atspi

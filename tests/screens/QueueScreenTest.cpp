@@ -65,6 +65,36 @@ private Q_SLOTS:
         QVERIFY(!item("startQueue")->isEnabled());
     }
 
+    void afterARunByMouseAClickIntoTheFieldKeepsTheKeyboardThere()
+    {
+        show(1);
+        m_fixture.tool.setScript(m_fixture.tool.gate("run"));
+        click("startQueue");
+        WAIT_FOR(shown("pauseQueue"));
+        click("pauseQueue");
+        click("pauseQueue");
+        m_fixture.tool.open("run");
+        WAIT_FOR(!shown("pauseQueue"));
+        click("urlField");
+        QCoreApplication::processEvents();
+        typeText("more");
+        QCOMPARE(textOf("urlField"), u"more"_s);
+        state().multiURL = QString();
+    }
+
+    void byKeyboardTheStartGoesOnAtPauseAndTheEndAtTheRows()
+    {
+        show(1);
+        m_fixture.tool.setScript(m_fixture.tool.gate("run"));
+        focusByTab("startQueue");
+        QCOMPARE(accessible("startQueue")->text(QAccessible::Description), QString());
+        QTest::keyClick(m_window, Qt::Key_Return);
+        WAIT_FOR(m_window->activeFocusItem() == item("pauseQueue"));
+        QCOMPARE(accessible("startQueue")->text(QAccessible::Description), u"Unavailable"_s);
+        m_fixture.tool.open("run");
+        WAIT_FOR(focusIsIn(item("queue0")));
+    }
+
     void removingTheLastEntryBringsBackTheEmptyState()
     {
         show(1);

@@ -2,6 +2,7 @@
 #include "RelativeDate.h"
 
 #include <QTest>
+#include <QTimeZone>
 
 #include <cmath>
 #include <limits>
@@ -46,14 +47,9 @@ private Q_SLOTS:
 
     void theYears1And30000AreFarAway()
     {
-        const ReferenceDate now =
-            ReferenceDate::fromDateTime(QDateTime({2026, 11, 21}, {12, 0}, Qt::UTC));
-        QCOMPARE(
-            relativeDate(ReferenceDate::fromDateTime(QDateTime({1, 1, 1}, {0, 0}, Qt::UTC)), now),
-            u"2,025 yr. ago"_s);
-        QCOMPARE(relativeDate(
-                     ReferenceDate::fromDateTime(QDateTime({30000, 1, 1}, {0, 0}, Qt::UTC)), now),
-                 u"in 27,973 yr."_s);
+        const ReferenceDate now = at({2026, 11, 21}, {12, 0});
+        QCOMPARE(relativeDate(at({1, 1, 1}, {0, 0}), now), u"2,025 yr. ago"_s);
+        QCOMPARE(relativeDate(at({30000, 1, 1}, {0, 0}), now), u"in 27,973 yr."_s);
     }
 
     void anyNumberGivesAText()
@@ -70,6 +66,12 @@ private Q_SLOTS:
         QCOMPARE(relativeDateLifetime(3), 1000);
         QVERIFY(relativeDateLifetime(300) <= 10'000);
         QVERIFY(relativeDateLifetime(86400) <= 60'000);
+    }
+
+private:
+    static ReferenceDate at(QDate date, QTime time)
+    {
+        return ReferenceDate::fromDateTime(QDateTime(date, time, QTimeZone::utc()));
     }
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "HomeDirectory.h"
 #include "SettingsModel.h"
+#include "HomeDirectory.h"
 #include "StateFixture.h"
 
 #include <QElapsedTimer>

@@ -23,6 +23,7 @@ Menu {
         rightPadding: 10
         topPadding: 6
 
+        Accessible.description: enabled ? "" : "Unavailable"
         Accessible.name: text
 
         background: Rectangle {

@@ -80,6 +80,7 @@ Column {
     }
 
     QueueControlsView {
+        next: rows.view
         queue: queue
         run: run
         visible: queue.count > 0

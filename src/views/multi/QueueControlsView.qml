@@ -10,16 +10,10 @@ Card {
     required property QueueModel queue
     required property QueueControlsModel run
 
+    // Where the keyboard goes on when a run has ended.
+    property Item next
 
     implicitHeight: content.height + 28
-
-    Timer {
-        id: leavePause
-
-        interval: 0
-
-        onTriggered: start.forceActiveFocus(Qt.TabFocusReason)
-    }
 
     Column {
         id: content
@@ -70,9 +64,12 @@ Card {
                 tint: root.run.isPaused ? Theme.green : Theme.orange
                 visible: root.run.isRunning
 
-                onActiveFocusChanged: if (!activeFocus && !root.run.isRunning)
-                    leavePause.start()
                 onClicked: root.run.togglePause()
+                onVisibleChanged: {
+                    const to = start.enabled ? start : root.next;
+                    if (!visible && visualFocus)
+                        to.forceActiveFocus(Qt.TabFocusReason);
+                }
             }
 
             Item {

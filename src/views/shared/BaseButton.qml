@@ -19,6 +19,8 @@ T.AbstractButton {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
+    // In words, since Qt 6.4 does not tell that a control is disabled.
+    Accessible.description: enabled ? "" : "Unavailable"
     Accessible.name: text !== "" ? text : help
 
     Accessible.onPressAction: if (enabled)

@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "QueueFixture.h"
+#include "QuillonApp.h"
+
+/// What a run does with the queue.
+class QueueRunTest : public QueueFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEmptyQueueDoesNotStart()
+    {
+        const QSignalSpy spy(&state(), &AppState::isQueueDownloadingChanged);
+        state().startQueueDownload();
+        QCOMPARE(spy.count(), 0);
+        QVERIFY(notifier().posted.isEmpty());
+    }
+
+    void entriesAreDownloadedInOrderAndRecorded()
+    {
+        add({u"https://x/1"_s, u"https://x/2"_s});
+        state().multiQuality = QualityOption::queueOptions().at(2);
+        QStringList course;
+        connect(&state(), &AppState::currentDownloadTitleChanged, &state(), [&] {
+            course.append(u"%1/%2 %3"_s.arg(state().currentDownloadIndex())
+                              .arg(state().totalDownloadCount())
+                              .arg(state().currentDownloadTitle()));
+        });
+        state().startQueueDownload();
+        QVERIFY(state().isQueueDownloading() && !state().isDownloading());
+        QCOMPARE(state().totalDownloadCount(), 2);
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(
+            course,
+            QStringList({u"1/2 Title of https://x/1"_s, u"2/2 Title of https://x/2"_s, u"2/2 "_s}));
+        QCOMPARE(statuses(), QList<Case>(2, Case::done));
+        QCOMPARE(item(1)->status().path(), u"/d/4.mp4"_s);
+        const HistoryItem record = state().history().first();
+        QCOMPARE(record.title, u"Title of https://x/2"_s);
+        QCOMPARE(record.thumbnailURL, u"http://x/t.jpg"_s);
+        QCOMPARE(record.url, u"https://x/2"_s);
+        QCOMPARE(record.format, u"mp4"_s);
+        QCOMPARE(record.quality, u"720p"_s);
+        QCOMPARE(record.savedPath, u"/d/4.mp4"_s);
+        QCOMPARE(state().totalDownloadCount(), 0);
+        QCOMPARE(state().currentDownloadIndex(), 0);
+        QCOMPARE(notifier().posted.first().body, u"2 files downloaded successfully"_s);
+    }
+
+    void reportsChangeTheEntryAlone()
+    {
+        add({u"https://x/1"_s, u"https://x/2"_s});
+        tool().setScript(script("echo '[download]  42.5% of 1MiB at 2MiB/s ETA 00:42'\n"
+                                + tool().gate("a") + "echo '[Merger] x'\n" + tool().gate("b")));
+        const QSignalSpy queueSpy(&state(), &AppState::queueChanged);
+        state().startQueueDownload();
+        WAIT_FOR(item(0)->status().progress() > 0);
+        QVERIFY(item(0)->status() == DownloadStatus::downloading(0.425, u"2MiB/s"_s, u"00:42"_s));
+        QVERIFY(item(1)->status() == DownloadStatus::waiting());
+        tool().open("a");
+        WAIT_FOR(item(0)->status() == DownloadStatus::processing());
+        QCOMPARE(state().downloadProgress(), 0.0);
+        QVERIFY(state().downloadStatus() == DownloadUIStatus::idle());
+        QCOMPARE(queueSpy.count(), 0);
+        for (const char *gate : {"b", "a", "b"})
+            tool().open(gate);
+        WAIT_FOR(!state().isQueueDownloading());
+    }
+
+    void ofThreeOneFailsAndTheNotificationCountsThree()
+    {
+        add({u"https://x/1"_s, u"https://x/bad"_s, u"https://x/3"_s});
+        tool().setScript(script("case $LAST in *bad) echo gone >&2; exit 1;; esac"));
+        state().startQueueDownload();
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(statuses(), QList({Case::done, Case::failed, Case::done}));
+        QCOMPARE(item(1)->status().message(), u"Download failed: gone\n"_s);
+        QCOMPARE(state().history().size(), 2);
+        QVERIFY(!state().history().first().savedPath.has_value());
+        QCOMPARE(notifier().posted.first().body, u"3 files downloaded successfully"_s);
+    }
+
+    void aRunOfOneAnnouncesQueueAlsoWhenItFailed()
+    {
+        add({u"https://x/1"_s});
+        tool().setScript("exit 1");
+        state().startQueueDownload();
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(statuses(), QList{Case::failed});
+        QCOMPARE(notifier().posted.first().body, u"\"Queue\" downloaded successfully"_s);
+    }
+
+    void doneAndFailedEntriesAreTakenAgain()
+    {
+        add({u"https://x/1"_s, u"https://x/bad"_s});
+        tool().setScript(script("case $LAST in *bad) exit 1;; esac"));
+        state().startQueueDownload();
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(statuses(), QList({Case::done, Case::failed}));
+        tool().setScript(script());
+        state().startQueueDownload();
+        QCOMPARE(state().totalDownloadCount(), 2);
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(statuses(), QList<Case>(2, Case::done));
+        QCOMPARE(state().history().size(), 3);
+    }
+
+    void anEntryThatIsFetchedIsNotTaken()
+    {
+        add({u"https://x/1"_s});
+        tool().setScript("case \"$*\" in *hang*) " + tool().gate("never") + ";; esac\n" + script());
+        state().addURLToQueue(u"https://x/hang"_s);
+        state().startQueueDownload();
+        QCOMPARE(state().totalDownloadCount(), 1);
+        WAIT_FOR(!state().isQueueDownloading());
+    }
+
+    void anEntryThatWasAddedLaterIsNotPartOfTheRun()
+    {
+        add({u"https://x/1"_s});
+        tool().setScript(script(tool().gate("run")));
+        state().startQueueDownload();
+        WAIT_FOR(statuses() == QList{Case::downloading});
+        add({u"https://x/2"_s});
+        tool().open("run");
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(statuses(), QList({Case::done, Case::waiting}));
+    }
+
+    void formatQualityAndFolderAreFixedAndTheOtherSettingsRead()
+    {
+        add({u"https://x/1"_s, u"https://x/2"_s});
+        tool().setScript(script(tool().gate("run")));
+        state().multiQuality = QualityOption::queueOptions().at(4);
+        state().startQueueDownload();
+        WAIT_FOR(tool().calls().size() == 3);
+        state().multiFormat = MediaFormat::mp3;
+        state().multiQuality = QualityOption::best(MediaFormat::mp3);
+        state().downloadDir = u"/elsewhere"_s;
+        state().speedLimit = u"2M"_s;
+        state().cookiesBrowser = u"edge"_s;
+        tool().open("run");
+        WAIT_FOR(tool().calls().size() == 4);
+        const QStringList second = tool().calls().last();
+        QVERIFY(second.contains(QualityOption::queueOptions().at(4).formatString));
+        QVERIFY(second.contains(m_fixture->folder.path() + u"/%(title)s.%(ext)s"_s));
+        QVERIFY(second.contains(u"2M"_s) && second.contains(u"edge"_s));
+        tool().open("run");
+        WAIT_FOR(!state().isQueueDownloading());
+    }
+
+    void mp3OverridesTheQuality()
+    {
+        add({u"https://x/1"_s});
+        state().multiFormat = MediaFormat::mp3;
+        state().multiQuality = QualityOption::queueOptions().at(2);
+        state().startQueueDownload();
+        WAIT_FOR(!state().isQueueDownloading());
+        QVERIFY(tool().calls().last().contains(u"bestaudio/best"_s));
+        QCOMPARE(state().history().first().format, u"mp3"_s);
+        QCOMPARE(state().history().first().quality, u"Best"_s);
+    }
+
+    void aSecondStartDuringARunIsRefused()
+    {
+        add({u"https://x/1"_s});
+        tool().setScript(script(tool().gate("run")));
+        state().startQueueDownload();
+        WAIT_FOR(statuses() == QList{Case::downloading});
+        state().startQueueDownload();
+        tool().open("run");
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(notifier().posted.size(), 1);
+        QCOMPARE(tool().calls().size(), 2);
+    }
+
+    void ofAHundredWhereEveryThirdFailsTheRunGoesOnToTheEnd()
+    {
+        for (int number = 0; number < 100; ++number)
+            state().addURLToQueue(u"https://x/%1"_s.arg(number));
+        WAIT_FOR(statuses() == QList<Case>(100, Case::waiting));
+        tool().setScript(
+            script("[ $(( ${LAST##*/} % 3 )) = 0 ] && { echo third >&2; exit 1; }; :"));
+        state().startQueueDownload();
+        QVERIFY(QTest::qWaitFor([this] { return !state().isQueueDownloading(); }, 120'000));
+        QCOMPARE(statuses().count(Case::failed), 34);
+        QCOMPARE(statuses().count(Case::done), 66);
+        QCOMPARE(item(99)->status().message(), u"Download failed: third\n"_s);
+    }
+
+    void aProcessThatIsKilledFromOutsideFailsItsEntryAlone()
+    {
+        add({u"https://x/1"_s, u"https://x/2"_s});
+        tool().setScript(script("case $LAST in */1) " + tool().gate("never") + ";; esac"));
+        state().startQueueDownload();
+        WAIT_FOR(tool().calls().size() == 3);
+        kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGKILL);
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(statuses(), QList({Case::failed, Case::done}));
+    }
+
+    // Clearing, removing, pausing
+
+    void clearingKeepsWhatIsGoingOnAndTheRunDownloadsTheRestUnseen()
+    {
+        add({u"https://x/1"_s, u"https://x/2"_s, u"https://x/3"_s});
+        tool().setScript(script(tool().gate("run")));
+        state().startQueueDownload();
+        WAIT_FOR(statuses().first() == Case::downloading);
+        tool().open("run");
+        WAIT_FOR(statuses().at(1) == Case::downloading);
+        state().clearQueue();
+        QCOMPARE(titles(), QStringList{u"Title of https://x/2"_s});
+        tool().open("run");
+        tool().open("run");
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(state().history().size(), 3);
+        QCOMPARE(notifier().posted.first().body, u"3 files downloaded successfully"_s);
+    }
+
+    void clearingKeepsEntriesThatAreFetched()
+    {
+        tool().setScript("case \"$*\" in *hang*) " + tool().gate("never") + ";; *) exit 1;; esac");
+        state().addURLToQueue(u"https://x/hang"_s);
+        state().addURLToQueue(u"https://x/bad"_s);
+        WAIT_FOR(statuses() == QList({Case::fetching, Case::failed}));
+        state().clearQueue();
+        QCOMPARE(statuses(), QList{Case::fetching});
+    }
+
+    void removingARunningEntryDoesNotStopIt()
+    {
+        add({u"https://x/1"_s});
+        tool().setScript(script(tool().gate("run")));
+        state().startQueueDownload();
+        WAIT_FOR(statuses() == QList{Case::downloading});
+        state().removeFromQueue(item(0)->id);
+        QVERIFY(state().queue().isEmpty());
+        tool().open("run");
+        WAIT_FOR(state().history().size() == 1);
+    }
+
+    void pauseStopsTheRunningToolAndTheEndUnsetsIt()
+    {
+        add({u"https://x/1"_s});
+        tool().setScript(script("echo '[Merger] x'\n" + tool().gate("run")));
+        state().startQueueDownload();
+        WAIT_FOR(statuses() == QList{Case::processing});
+        state().togglePause();
+        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QVERIFY(state().isPaused());
+        state().togglePause();
+        WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
+        state().togglePause();
+        kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGCONT);
+        tool().open("run");
+        WAIT_FOR(!state().isQueueDownloading());
+        QVERIFY(!state().isPaused());
+    }
+
+    void theEndOfTheProgramStartsNoFurtherEntry()
+    {
+        add({u"https://x/1"_s, u"https://x/2"_s});
+        tool().setScript(script("echo '[Merger] x'\n" + tool().gate("never")));
+        state().startQueueDownload();
+        WAIT_FOR(statuses().first() == Case::processing);
+        const qint64 process = tool().processIdentifiers().last();
+        m_fixture->state.reset();
+        QVERIFY(!isAlive(process));
+        QCOMPARE(tool().calls().size(), 3);
+        QVERIFY(notifier().posted.isEmpty());
+    }
+
+    void theMenusPauseIsForSingleModeAlone()
+    {
+        m_fixture->state.reset();
+        QuillonApp app(m_fixture->parts());
+        app.state().queue = AppState::Queue{std::make_shared<DownloadItem>(u"https://x/1"_s)};
+        tool().setScript(script(tool().gate("run")));
+        app.state().startQueueDownload();
+        WAIT_FOR(tool().calls().size() == 1);
+        QVERIFY(!app.canPause());
+        app.togglePause();
+        QVERIFY(!app.state().isPaused());
+        tool().open("run");
+        WAIT_FOR(!app.state().isQueueDownloading());
+    }
+
+    void singleModeAndTheQueueShareTitleCountAndPause()
+    {
+        add({u"https://x/1"_s});
+        state().singleInfo = StateFixture::video(u"a"_s);
+        const QByteArray single = tool().gate("single");
+        tool().setScript(
+            script("case $LAST in */1) " + tool().gate("queue") + ";; *) " + single + ";; esac"));
+        state().startSingleDownload();
+        WAIT_FOR(tool().calls().size() == 2);
+        state().isPaused = true;
+        state().startQueueDownload();
+        QVERIFY(!state().isPaused());
+        WAIT_FOR(tool().calls().size() == 3);
+        QCOMPARE(state().currentDownloadTitle(), u"Title of https://x/1"_s);
+        tool().open("queue");
+        WAIT_FOR(!state().isQueueDownloading());
+        // The single run goes on; what it showed was zeroed with the queue's.
+        QVERIFY(state().isDownloading());
+        QCOMPARE(state().totalDownloadCount(), 0);
+        QCOMPARE(state().currentDownloadTitle(), QString());
+        tool().open("single");
+        WAIT_FOR(!state().isDownloading());
+    }
+};
+
+QTEST_MAIN(QueueRunTest)
+#include "QueueRunTest.moc"
