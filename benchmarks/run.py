@@ -177,21 +177,39 @@ def measure_parser(desktop: Desktop) -> None:
             print("  " + re.sub(r"\s+", " ", line))
 
 
+def listed(desktop: Desktop, playlist: str, most: int = 5000) -> str:
+    """A file with what the tool prints of a playlist."""
+    file = desktop.home / f"{playlist}-{most}"
+    printed = subprocess.run(["yt-dlp", "--flat-playlist", "--dump-json",
+                              f"https://www.youtube.com/playlist?list={playlist}"],
+                             env=desktop.environment, stdout=subprocess.PIPE, check=True).stdout
+    file.write_bytes(b"".join(printed.splitlines(keepends=True)[:most]))
+    return str(file)
+
+
+def run_benchmark(desktop: Desktop, name: str, *arguments: str) -> None:
+    subprocess.run([str(BUILD / "benchmarks" / name), *arguments], env=desktop.environment,
+                   check=True)
+
+
 def measure_lists(desktop: Desktop, renderer: str) -> None:
     """Playlists as the tool prints them, and a long history."""
-    files = []
-    for playlist in ("PL12", "PL5000"):
-        files.append(desktop.home / playlist)
-        with files[-1].open("wb") as output:
-            subprocess.run(["yt-dlp", "--flat-playlist", "--dump-json",
-                            f"https://www.youtube.com/playlist?list={playlist}"],
-                           env=desktop.environment, stdout=output, check=True)
-    print(f"{renderer}:")
-    print(desktop.run(str(BUILD / "benchmarks/ListBenchmark"), *map(str, files)), end="", flush=True)
+    print(f"{renderer}:", flush=True)
+    run_benchmark(desktop, "ListBenchmark", listed(desktop, "PL12"), listed(desktop, "PL5000"))
+
+
+def measure_queue(desktop: Desktop, renderer: str) -> None:
+    print(f"{renderer}:", flush=True)
+    run_benchmark(desktop, "QueueBenchmark", listed(desktop, "PL12"),
+                  listed(desktop, "PL5000", 2000))
+
+
+def measure_run(desktop: Desktop) -> None:
+    run_benchmark(desktop, "QueueBenchmark")
 
 
 def main() -> None:
-    chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser", "lists"}
+    chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser", "lists", "queue", "run"}
     with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-"))) as desktop:
         start_site(desktop, ROOT / "build/site-media")
         for renderer in ("llvmpipe", "software"):
@@ -201,13 +219,17 @@ def main() -> None:
                 compare_starts(desktop, renderer)
             if "lists" in chosen:
                 measure_lists(desktop, renderer)
+            if "queue" in chosen:
+                measure_queue(desktop, renderer)
             if "download" in chosen:
                 measure_download(desktop, renderer, hidden=False)
                 if renderer == "software":
                     measure_download(desktop, renderer, hidden=True)
+        desktop.environment.pop("QT_QUICK_BACKEND")
         if "card" in chosen:
-            desktop.environment.pop("QT_QUICK_BACKEND")
             measure_card(desktop)
+        if "run" in chosen:
+            measure_run(desktop)
         if "parser" in chosen:
             measure_parser(desktop)
 
