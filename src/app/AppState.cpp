@@ -16,7 +16,8 @@ AppState::AppState()
 }
 
 AppState::AppState(AppStateParts parts)
-    : service(*parts.service)
+    : avPlayer(parts.platform.playerEngine)
+    , service(*parts.service)
     , m_preferences(*parts.preferences)
     , m_platform(std::move(parts.platform))
     , m_mailbox(std::make_shared<Mailbox>())
@@ -26,6 +27,7 @@ AppState::AppState(AppStateParts parts)
             &AppState::displayedDownloadStatusChanged);
     loadSettings();
     loadHistory();
+    setupAutoPlayNext();
 }
 
 AppState::~AppState()

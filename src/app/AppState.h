@@ -23,6 +23,7 @@
 #include <stop_token>
 
 class Preferences;
+struct BrowseDownload;
 struct QueueRun;
 struct SingleRun;
 template<typename Value>
@@ -178,6 +179,23 @@ public:
     /// Removes one entry, whatever is going on with it, which goes on unseen.
     void removeFromQueue(const QUuid &id);
 
+    // Browse mode (Browse.cpp).
+    /// Searches for the query; while a search is going on, or for a blank one, it
+    /// does nothing.
+    void searchYouTube();
+    /// Downloads a result at its best. The same download does not run twice at
+    /// once; one that has ended may be repeated.
+    void browseDownload(const SearchResult &result, bool isAudio);
+
+    // Playback (Playback.cpp).
+    /// Where the playing result stands in the results: the first of its identifier.
+    [[nodiscard]] std::optional<qsizetype> currentPlayIndex() const;
+    /// Plays a result, or stops the one that is playing or loading.
+    void playBrowseResult(SearchResult result);
+    void stopPlayback();
+    /// Plays the result behind the one that has ended, if there is one.
+    void playNext();
+
     // Pause (Pause.cpp).
     /// Stops the running download's process, or lets it go on. The flag flips
     /// also when there is no process to signal.
@@ -197,6 +215,15 @@ private:
     ReplyAwaiter<QString> requestDownload(const QStringList &arguments,
                                           const ProgressHandler &onProgress,
                                           const ProcessingHandler &onProcessing);
+    [[nodiscard]] QCoro::Task<> search(QString query);
+    ReplyAwaiter<Results> requestSearch(const QString &query, int limit);
+    [[nodiscard]] QCoro::Task<> downloadResult(BrowseDownload download);
+    void setBrowseStatus(const QString &key, const DownloadStatus &status);
+    void setBrowseProgress(const QString &key, double progress);
+    void setupAutoPlayNext();
+    [[nodiscard]] QCoro::Task<> loadStream(SearchResult result, std::stop_token task);
+    ReplyAwaiter<QUrl> requestStream(const QString &videoURL);
+    void cancelStreamLoad();
     void takeProgress(double progress, const QString &speed, const QString &eta);
     void takeProcessing();
     void setLastReport(Report report);

@@ -5,11 +5,13 @@
 #include "DesktopFolders.h"
 #include "DesktopNotifier.h"
 #include "DesktopSoundPlayer.h"
+#include "PlayerPlugin.h"
 
 PlatformServices PlatformServices::desktop()
 {
     return {.notifier = std::make_shared<DesktopNotifier>(),
             .sound = std::make_shared<DesktopSoundPlayer>(),
             .fileViewer = std::make_shared<DesktopFileViewer>(),
-            .folders = std::make_shared<DesktopFolders>()};
+            .folders = std::make_shared<DesktopFolders>(),
+            .playerEngine = loadPlayerPlugin};
 }

@@ -4,6 +4,7 @@
 #include "FileViewer.h"
 #include "Folders.h"
 #include "Notifier.h"
+#include "PlayerEngine.h"
 #include "SoundPlayer.h"
 
 #include <memory>
@@ -15,6 +16,7 @@ struct PlatformServices
     std::shared_ptr<SoundPlayer> sound;
     std::shared_ptr<FileViewer> fileViewer;
     std::shared_ptr<Folders> folders;
+    PlayerEngineFactory playerEngine;
 
     /// Those of the desktop that the program runs on.
     static PlatformServices desktop();

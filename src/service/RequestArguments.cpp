@@ -29,6 +29,21 @@ QStringList playlistArguments(const QString &url, const QString &cookiesBrowser)
                               << QStringLiteral("--quiet") << url;
 }
 
+QStringList searchArguments(const QString &query, int limit)
+{
+    return leadingArguments() << QStringLiteral("--dump-json") << QStringLiteral("--flat-playlist")
+                              << QStringLiteral("--no-warnings") << QStringLiteral("--quiet")
+                              << QStringLiteral("ytsearch%1:").arg(limit) + query;
+}
+
+QStringList streamArguments(const QString &videoURL)
+{
+    return leadingArguments() << QStringLiteral("-f") << QStringLiteral("best[ext=mp4]/best")
+                              << QStringLiteral("--get-url") << QStringLiteral("--no-playlist")
+                              << QStringLiteral("--no-warnings") << QStringLiteral("--quiet")
+                              << videoURL;
+}
+
 bool looksLikeOption(const QString &address)
 {
     return address.startsWith(u'-');

@@ -16,6 +16,12 @@ QStringList videoArguments(const QString &url, const QString &cookiesBrowser);
 /// The command line that lists a playlist without looking at each entry.
 QStringList playlistArguments(const QString &url, const QString &cookiesBrowser);
 
+/// The command line that lists what a search finds, at most so many.
+QStringList searchArguments(const QString &query, int limit);
+
+/// The command line that prints the address of a video's stream.
+QStringList streamArguments(const QString &videoURL);
+
 /// Whether the tool would take the address for an option.
 bool looksLikeOption(const QString &address);
 

@@ -5,6 +5,7 @@
 #include "HomeDirectory.h"
 #include "Metadata.h"
 #include "RequestArguments.h"
+#include "Search.h"
 #include "ToolText.h"
 
 #include <QCoreApplication>
@@ -74,15 +75,35 @@ QStringList YTDLPService::cookieArgs(const QString &browser)
     return cookieArguments(browser);
 }
 
+template<typename Value, typename Parse>
+void YTDLPService::request(const QStringList &arguments, Parse parse, Completion<Value> completion)
+{
+    collect(arguments,
+            [parse = std::move(parse),
+             completion = std::move(completion)](const Reply<QByteArray> &output) {
+                if (const auto *const bytes = std::get_if<QByteArray>(&output))
+                    completion(parse(*bytes));
+                else
+                    completion(std::get<YTDLPError>(output));
+            });
+}
+
+template<typename Value, typename Parse>
+void YTDLPService::fetch(const QString &url, const QStringList &arguments, Parse parse,
+                         Completion<Value> completion)
+{
+    if (looksLikeOption(url))
+        completion(YTDLPError::fetchFailed(optionAddressMessage(url)));
+    else
+        request<Value>(arguments, std::move(parse), std::move(completion));
+}
+
 void YTDLPService::runProcess(const QStringList &arguments, Completion<QString> completion)
 {
     m_worker.post([this, arguments, completion = std::move(completion)] {
-        collect(arguments, [completion](const Reply<QByteArray> &output) {
-            if (const auto *const bytes = std::get_if<QByteArray>(&output))
-                completion(QString::fromUtf8(*bytes));
-            else
-                completion(std::get<YTDLPError>(output));
-        });
+        request<QString>(
+            arguments, [](const QByteArray &output) { return QString::fromUtf8(output); },
+            completion);
     });
 }
 
@@ -90,7 +111,7 @@ void YTDLPService::fetchInfo(const QString &url, const QString &cookiesBrowser,
                              Completion<VideoInfo> completion)
 {
     m_worker.post([=, this, completion = std::move(completion)] {
-        fetch(
+        fetch<VideoInfo>(
             url, videoArguments(url, cookiesBrowser),
             [url](const QByteArray &output) { return videoFromOutput(output, url); }, completion);
     });
@@ -100,10 +121,25 @@ void YTDLPService::fetchPlaylistInfo(const QString &url, const QString &cookiesB
                                      Completion<VideoInfo> completion)
 {
     m_worker.post([=, this, completion = std::move(completion)] {
-        fetch(
+        fetch<VideoInfo>(
             url, playlistArguments(url, cookiesBrowser),
             [url](const QByteArray &output) { return playlistFromOutput(output, url); },
             completion);
+    });
+}
+
+void YTDLPService::search(const QString &query, int limit,
+                          Completion<QList<SearchResult>> completion)
+{
+    m_worker.post([=, this, completion = std::move(completion)] {
+        request<QList<SearchResult>>(searchArguments(query, limit), resultsFromOutput, completion);
+    });
+}
+
+void YTDLPService::getStreamURL(const QString &videoURL, Completion<QUrl> completion)
+{
+    m_worker.post([=, this, completion = std::move(completion)] {
+        fetch<QUrl>(videoURL, streamArguments(videoURL), streamFromOutput, completion);
     });
 }
 
@@ -150,24 +186,6 @@ void YTDLPService::collect(const QStringList &arguments, Completion<QByteArray> 
             }
             completion(isDecodable(*output) ? *output : QByteArray());
         });
-}
-
-void YTDLPService::fetch(const QString &url, const QStringList &arguments,
-                         std::function<Reply<VideoInfo>(const QByteArray &)> parse,
-                         Completion<VideoInfo> completion)
-{
-    if (looksLikeOption(url)) {
-        completion(YTDLPError::fetchFailed(optionAddressMessage(url)));
-        return;
-    }
-    collect(arguments,
-            [parse = std::move(parse),
-             completion = std::move(completion)](const Reply<QByteArray> &output) {
-                if (const auto *const bytes = std::get_if<QByteArray>(&output))
-                    completion(parse(*bytes));
-                else
-                    completion(std::get<YTDLPError>(output));
-            });
 }
 
 void YTDLPService::download(const QStringList &arguments,

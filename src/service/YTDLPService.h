@@ -3,6 +3,7 @@
 
 #include "DownloadOutput.h"
 #include "ProcessHandle.h"
+#include "SearchResult.h"
 #include "VideoInfo.h"
 #include "Worker.h"
 #include "YTDLPError.h"
@@ -10,6 +11,7 @@
 #include <QMap>
 #include <QSet>
 #include <QStringList>
+#include <QUrl>
 
 #include <memory>
 #include <mutex>
@@ -62,6 +64,12 @@ public:
     void fetchPlaylistInfo(const QString &url, const QString &cookiesBrowser,
                            Completion<VideoInfo> completion);
 
+    /// What a search of the video site finds, in its order, at most `limit`.
+    void search(const QString &query, int limit, Completion<QList<SearchResult>> completion);
+
+    /// Where a video can be streamed from. As for fetchInfo.
+    void getStreamURL(const QString &videoURL, Completion<QUrl> completion);
+
     /// Runs one download, whose address is the last argument, and yields the
     /// saved file's path, possibly empty.
     void runProcessWithProgress(const QStringList &arguments, ProgressHandler progressHandler,
@@ -84,9 +92,13 @@ private:
 
     // All on the worker thread:
     void collect(const QStringList &arguments, Completion<QByteArray> completion);
-    void fetch(const QString &url, const QStringList &arguments,
-               std::function<Reply<VideoInfo>(const QByteArray &)> parse,
-               Completion<VideoInfo> completion);
+    /// Collects, and parses what came.
+    template<typename Value, typename Parse>
+    void request(const QStringList &arguments, Parse parse, Completion<Value> completion);
+    /// As request(), for an address that must not be taken for an option.
+    template<typename Value, typename Parse>
+    void fetch(const QString &url, const QStringList &arguments, Parse parse,
+               Completion<Value> completion);
     void download(const QStringList &arguments, const std::shared_ptr<DownloadOutput> &output,
                   Completion<QString> completion);
     void launch(const QStringList &arguments, std::shared_ptr<ProcessHandle> handle,

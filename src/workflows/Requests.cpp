@@ -15,6 +15,20 @@ ReplyAwaiter<VideoInfo> AppState::requestInfo(const QString &address, bool asPla
             }};
 }
 
+ReplyAwaiter<AppState::Results> AppState::requestSearch(const QString &query, int limit)
+{
+    return {m_mailbox, [this, query, limit](const Completion<Results> &completion) {
+                service.search(query, limit, completion);
+            }};
+}
+
+ReplyAwaiter<QUrl> AppState::requestStream(const QString &videoURL)
+{
+    return {m_mailbox, [this, videoURL](const Completion<QUrl> &completion) {
+                service.getStreamURL(videoURL, completion);
+            }};
+}
+
 ReplyAwaiter<QString> AppState::requestDownload(const QStringList &arguments,
                                                 const ProgressHandler &onProgress,
                                                 const ProcessingHandler &onProcessing)

@@ -37,6 +37,36 @@ struct RecordingDesktop
         QStringList paths;
     };
 
+    /// Plays nothing; tests say what happens to the item.
+    class SilentEngine : public PlayerEngine
+    {
+    public:
+        explicit SilentEngine(Events told)
+            : events(std::move(told))
+        {
+        }
+        void load(const QUrl &address) override { addresses.append(address); }
+        void unload() override { ++unloads; }
+        void setPaused(bool paused) override { isPaused = paused; }
+        void seek(double position) override { sought.append(position); }
+        void setVolume(double wanted) override { volume = wanted; }
+        void setMuted(bool muted) override { isMuted = muted; }
+        void setPictureSize(const QSize &size) override { pictureSize = size; }
+        Events events;
+        QList<QUrl> addresses;
+        QList<double> sought;
+        QSize pictureSize;
+        int unloads = 0;
+        double volume = -1;
+        bool isPaused = true;
+        bool isMuted = false;
+    };
+
+    /// The engine, once it has been asked for.
+    std::shared_ptr<SilentEngine *> engine = std::make_shared<SilentEngine *>(nullptr);
+    /// What making one fails with, if anything.
+    std::shared_ptr<QString> engineError = std::make_shared<QString>();
+
     std::shared_ptr<RecordingNotifier> notifier = std::make_shared<RecordingNotifier>();
     std::shared_ptr<RecordingSound> sound = std::make_shared<RecordingSound>();
     std::shared_ptr<RecordingFileViewer> fileViewer = std::make_shared<RecordingFileViewer>();
@@ -44,6 +74,20 @@ struct RecordingDesktop
 
     [[nodiscard]] PlatformServices services() const
     {
-        return {.notifier = notifier, .sound = sound, .fileViewer = fileViewer, .folders = folders};
+        const auto makeEngine = [engine = engine, failure = engineError](
+                                    PlayerEngine::Events events,
+                                    QString &error) -> std::unique_ptr<PlayerEngine> {
+            error = *failure;
+            if (!failure->isEmpty())
+                return nullptr;
+            auto made = std::make_unique<SilentEngine>(std::move(events));
+            *engine = made.get();
+            return made;
+        };
+        return {.notifier = notifier,
+                .sound = sound,
+                .fileViewer = fileViewer,
+                .folders = folders,
+                .playerEngine = makeEngine};
     }
 };

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "AVPlayer.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+AVPlayer::AVPlayer(PlayerEngineFactory makeEngine)
+    : m_makeEngine(std::move(makeEngine))
+{
+}
+
+AVPlayer::~AVPlayer() = default;
+
+void AVPlayer::pause()
+{
+    m_isPaused = true;
+    if (m_engine)
+        m_engine->setPaused(true);
+    Q_EMIT statusChanged();
+}
+
+void AVPlayer::play()
+{
+    m_isPaused = false;
+    if (m_engine)
+        m_engine->setPaused(false);
+    Q_EMIT statusChanged();
+}
+
+void AVPlayer::replaceCurrentItem(const std::optional<AVPlayerItem> &item)
+{
+    m_hasItem = item.has_value();
+    ++m_itemNumber;
+    m_picture = QImage();
+    m_status = {};
+    Q_EMIT itemChanged();
+    Q_EMIT statusChanged();
+    Q_EMIT pictureChanged();
+    if (!item) {
+        if (m_engine)
+            m_engine->unload();
+        return;
+    }
+    const QString scheme = item->url.scheme().toLower();
+    QString error;
+    if (scheme != u"http" && scheme != u"https")
+        error = QStringLiteral("The stream's address is not one of the web");
+    else if (!loadEngine())
+        error = m_engineError;
+    if (error.isEmpty())
+        m_engine->load(item->url);
+    else
+        failLater(error);
+}
+
+// Not from inside of the call that brings the item.
+void AVPlayer::failLater(const QString &error)
+{
+    QTimer::singleShot(0, this, [this, error, number = m_itemNumber] {
+        if (number == m_itemNumber)
+            takeFailure(error);
+    });
+}
+
+void AVPlayer::togglePause()
+{
+    if (m_isPaused)
+        play();
+    else
+        pause();
+}
+
+void AVPlayer::seek(double position)
+{
+    if (!m_hasItem || !m_engine)
+        return;
+    const double last = m_status.duration > 0 ? m_status.duration : position;
+    const double target = std::clamp(position, 0.0, std::max(0.0, last));
+    m_status.position = target; // at once, for the one who drags
+    m_engine->seek(target);
+    Q_EMIT statusChanged();
+}
+
+void AVPlayer::setVolume(double volume)
+{
+    m_volume = std::clamp(volume, 0.0, 1.0);
+    if (m_engine)
+        m_engine->setVolume(m_volume);
+    Q_EMIT soundChanged();
+}
+
+void AVPlayer::setMuted(bool isMuted)
+{
+    m_isMuted = isMuted;
+    if (m_engine)
+        m_engine->setMuted(isMuted);
+    Q_EMIT soundChanged();
+}
+
+void AVPlayer::setPictureSize(const QSize &size)
+{
+    if (size.isEmpty() || size == m_pictureSize)
+        return;
+    m_pictureSize = size;
+    if (m_engine)
+        m_engine->setPictureSize(size);
+}
+
+bool AVPlayer::loadEngine()
+{
+    if (m_engine)
+        return true;
+    m_engine = m_makeEngine({.statusChanged = [this](const auto &status) { takeStatus(status); },
+                             .pictureChanged = [this](const auto &image) { takePicture(image); },
+                             .ended =
+                                 [this] {
+                                     if (m_hasItem)
+                                         Q_EMIT didPlayToEnd();
+                                 },
+                             .failed = [this](const auto &message) { takeFailure(message); }},
+                            m_engineError);
+    if (!m_engine)
+        return false;
+    m_engine->setPaused(m_isPaused);
+    m_engine->setVolume(m_volume);
+    m_engine->setMuted(m_isMuted);
+    if (!m_pictureSize.isEmpty())
+        m_engine->setPictureSize(m_pictureSize);
+    return true;
+}
+
+void AVPlayer::takeStatus(const PlayerStatus &status)
+{
+    if (!m_hasItem)
+        return;
+    m_status = status;
+    Q_EMIT statusChanged();
+}
+
+void AVPlayer::takePicture(const QImage &picture)
+{
+    if (!m_hasItem)
+        return;
+    m_picture = picture;
+    Q_EMIT pictureChanged();
+}
+
+void AVPlayer::takeFailure(const QString &message)
+{
+    if (!m_hasItem)
+        return;
+    replaceCurrentItem({});
+    Q_EMIT failed(message);
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Search.h"
+
+#include "JsonFields.h"
+#include "Metadata.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+// The public addresses of the video site.
+const QString thumbnailHost = QStringLiteral("https://i.ytimg.com");
+const QString watchHost = QStringLiteral("https://www.youtube.com");
+
+QString encoded(const QString &id)
+{
+    return QString::fromLatin1(QUrl::toPercentEncoding(id));
+}
+
+QString thumbnailOf(const QJsonObject &json, const QString &id)
+{
+    const QString thumbnail = bestThumbnail(json);
+    return thumbnail.isEmpty()
+        ? thumbnailHost + QStringLiteral("/vi/%1/mqdefault.jpg").arg(encoded(id))
+        : thumbnail;
+}
+
+/// The maps that a line of output stands for.
+QList<QJsonObject> candidates(const QJsonObject &line)
+{
+    const QJsonValue entries = line[QLatin1String("entries")];
+    if (!entries.isArray())
+        return {line};
+    QList<QJsonObject> maps;
+    const QJsonArray elements = entries.toArray();
+    for (const QJsonValue element : elements) {
+        if (element.isObject())
+            maps.append(element.toObject());
+    }
+    return maps;
+}
+
+} // namespace
+
+std::optional<SearchResult> parseSearchResult(const QJsonObject &json)
+{
+    const auto id = textAt(json, "id");
+    if (!id)
+        return {};
+    return SearchResult{
+        .id = *id,
+        .title = textAt(json, "title").value_or(QStringLiteral("Unknown")),
+        .uploader = firstTextAt(json, {"uploader", "channel", "uploader_id"}),
+        .duration = numberAt(json, "duration"),
+        .thumbnailURL = thumbnailOf(json, *id),
+        .videoURL = watchHost + QStringLiteral("/watch?v=") + encoded(*id),
+    };
+}
+
+QList<SearchResult> resultsFromOutput(const QByteArray &output)
+{
+    QList<SearchResult> results;
+    const QList<QByteArray> lines = output.split('\n');
+    for (const QByteArray &line : lines) {
+        const QJsonDocument document = QJsonDocument::fromJson(line.trimmed());
+        if (!document.isObject())
+            continue;
+        const QList<QJsonObject> maps = candidates(document.object());
+        for (const QJsonObject &map : maps) {
+            if (const auto result = parseSearchResult(map))
+                results.append(*result);
+        }
+    }
+    return results;
+}
+
+Reply<QUrl> streamFromOutput(const QByteArray &output)
+{
+    const QList<QByteArray> lines = output.trimmed().split('\n');
+    const QUrl address = QUrl::fromEncoded(lines.first(), QUrl::StrictMode);
+    if (address.isEmpty() || !address.isValid())
+        return YTDLPError::fetchFailed(QStringLiteral("Could not retrieve stream URL"));
+    return address;
+}

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "QualityOption.h"
+#include "SearchResult.h"
+
+/// All that one download from a search needs, fixed at its start.
+struct BrowseDownload
+{
+    SearchResult result;
+    QString key;
+    QualityOption quality;
+    QString folder;
+};
+
+/// What a download of this result and kind is known by.
+QString downloadKey(const QString &resultID, bool isAudio);
