@@ -14,6 +14,7 @@ ALLOWED = {
     "models": {"models"},
     "service": {"service", "models"},
     "platform": {"platform"},
+    "player": {"player", "platform", "service"},
     "workflows": {"workflows", "service", "models", "app"},
     "app": {"app", "workflows", "service", "platform", "models"},
     "presentation": {"presentation", "app", "platform", "service", "models"},

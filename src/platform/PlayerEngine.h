@@ -11,7 +11,6 @@
 /// What a player is at.
 struct PlayerStatus
 {
-    bool isPaused = false;
     bool isBuffering = false; ///< waits for the stream
     double position = 0;      ///< seconds
     double duration = 0;      ///< seconds; 0 while it is unknown

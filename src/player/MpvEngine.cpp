@@ -1,0 +1,360 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MpvEngine.h"
+
+#include <mpv/client.h>
+
+#include <algorithm>
+#include <chrono>
+#include <clocale>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+struct Option
+{
+    const char *name;
+    const char *value;
+};
+
+// Nothing of the user's own mpv, no drawing over the picture, no help by other
+// programs; only the web, also behind redirects and in playlists.
+constexpr Option options[] = {
+    {"config", "no"},
+    {"load-scripts", "no"},
+    {"ytdl", "no"},
+    {"osc", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"load-auto-profiles", "no"},
+    {"terminal", "no"},
+    {"input-default-bindings", "no"},
+    {"input-vo-keyboard", "no"},
+    {"vo", "libmpv"},
+    {"hwdec", "auto-safe"},
+    {"idle", "yes"},
+    {"sub-auto", "no"},
+    {"audio-file-auto", "no"},
+    {"cover-art-auto", "no"},
+    {"tls-verify", "yes"},
+    {"network-timeout", "15"},
+    {"demuxer-max-bytes", "32MiB"},
+    {"demuxer-max-back-bytes", "8MiB"},
+    {"demuxer-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto,data]"},
+    {"stream-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto]"},
+    // Without the last one a machine without sound plays nothing at all.
+    {"ao", "pipewire,pulse,alsa,null"},
+    // What has ended stays to be seen.
+    {"keep-open", "yes"},
+    {"keep-open-pause", "no"},
+};
+
+struct Observed
+{
+    const char *name;
+    mpv_format format;
+};
+
+constexpr Observed observed[] = {
+    {"time-pos", MPV_FORMAT_DOUBLE},
+    {"duration", MPV_FORMAT_DOUBLE},
+    {"demuxer-cache-time", MPV_FORMAT_DOUBLE},
+    {"paused-for-cache", MPV_FORMAT_FLAG},
+    {"seeking", MPV_FORMAT_FLAG},
+    {"eof-reached", MPV_FORMAT_FLAG},
+};
+
+// How far before its end a stream may stop and still count as played: sound and
+// picture are seldom of one length.
+constexpr double endTolerance = 2; // seconds
+
+// How fine the position is told; a bar shows no more.
+constexpr double positionStep = 0.1; // seconds
+
+// The reason of a failure is logged a moment after the failure itself.
+constexpr auto reasonDelay = 100ms;
+
+qint64 entryOf(const mpv_event_command &reply)
+{
+    if (reply.result.format != MPV_FORMAT_NODE_MAP)
+        return -1;
+    const mpv_node_list &map = *reply.result.u.list;
+    for (int index = 0; index < map.num; ++index) {
+        if (qstrcmp(map.keys[index], "playlist_entry_id") == 0
+            && map.values[index].format == MPV_FORMAT_INT64)
+            return map.values[index].u.int64;
+    }
+    return -1;
+}
+
+} // namespace
+
+std::unique_ptr<MpvEngine> MpvEngine::create(Events events, QString &error)
+{
+    std::unique_ptr<MpvEngine> engine(new MpvEngine(std::move(events)));
+    return engine->start(error) ? std::move(engine) : nullptr;
+}
+
+MpvEngine::MpvEngine(Events events)
+    : m_events(std::move(events))
+    , m_mailbox(std::make_shared<Mailbox>())
+    , m_delivery(m_mailbox->open())
+{
+    m_failure.setSingleShot(true);
+    m_failure.setInterval(reasonDelay);
+    QObject::connect(&m_failure, &QTimer::timeout, &m_failure, [this] { fail(); });
+}
+
+MpvEngine::~MpvEngine()
+{
+    if (!m_mpv)
+        return;
+    mpv_set_wakeup_callback(m_mpv, nullptr, nullptr);
+    m_picture.reset();
+    mpv_terminate_destroy(m_mpv);
+    m_mailbox->close();
+}
+
+bool MpvEngine::start(QString &error)
+{
+    // mpv refuses a locale with a decimal comma.
+    std::setlocale(LC_NUMERIC, "C");
+    m_mpv = mpv_create();
+    if (!m_mpv || !setOptions() || mpv_initialize(m_mpv) < 0) {
+        error = QStringLiteral("The player cannot be started");
+        return false;
+    }
+    m_picture = std::make_unique<MpvPicture>(m_mpv, [this](const QImage &image) { passOn(image); });
+    if (!m_picture->isValid()) {
+        error = QStringLiteral("The player cannot draw");
+        return false;
+    }
+    mpv_request_log_messages(m_mpv, "warn");
+    for (const Observed &property : observed)
+        mpv_observe_property(m_mpv, 0, property.name, property.format);
+    mpv_set_wakeup_callback(
+        m_mpv,
+        [](void *self) {
+            auto *const engine = static_cast<MpvEngine *>(self);
+            if (!engine->m_isAwake.exchange(true))
+                engine->m_mailbox->post([engine] { engine->readEvents(); });
+        },
+        this);
+    return true;
+}
+
+bool MpvEngine::setOptions()
+{
+    return std::all_of(std::begin(options), std::end(options), [this](const Option &option) {
+        return mpv_set_option_string(m_mpv, option.name, option.value) >= 0;
+    });
+}
+
+void MpvEngine::load(const QUrl &address)
+{
+    forget();
+    command({"loadfile", address.toEncoded(), "replace"}, ++m_loadNumber);
+}
+
+void MpvEngine::unload()
+{
+    forget();
+    ++m_loadNumber;
+    command({"stop"});
+}
+
+void MpvEngine::setPaused(bool isPaused)
+{
+    setFlag("pause", isPaused);
+}
+
+void MpvEngine::seek(double position)
+{
+    // Before it has begun to play, mpv forgets it.
+    m_seekLater = m_hasBegun ? std::nullopt : std::optional(position);
+    if (m_hasBegun)
+        command({"seek", QByteArray::number(position, 'f', 3), "absolute"});
+}
+
+void MpvEngine::setVolume(double volume)
+{
+    double percent = volume * 100;
+    mpv_set_property_async(m_mpv, 0, "volume", MPV_FORMAT_DOUBLE, &percent);
+}
+
+void MpvEngine::setMuted(bool isMuted)
+{
+    setFlag("mute", isMuted);
+}
+
+void MpvEngine::setPictureSize(const QSize &size)
+{
+    m_picture->setSize(size);
+}
+
+void MpvEngine::command(std::initializer_list<QByteArray> words, quint64 number)
+{
+    std::vector<const char *> pointers;
+    for (const QByteArray &word : words)
+        pointers.push_back(word.constData());
+    pointers.push_back(nullptr);
+    mpv_command_async(m_mpv, number, pointers.data());
+}
+
+void MpvEngine::setFlag(const char *property, bool value)
+{
+    int flag = value ? 1 : 0;
+    mpv_set_property_async(m_mpv, 0, property, MPV_FORMAT_FLAG, &flag);
+}
+
+void MpvEngine::readEvents()
+{
+    m_isAwake = false; // before reading: what comes later wakes it again
+    while (true) {
+        const mpv_event *const event = mpv_wait_event(m_mpv, 0);
+        if (event->event_id == MPV_EVENT_NONE)
+            break;
+        take(*event);
+    }
+    tellStatus();
+}
+
+void MpvEngine::take(const mpv_event &event)
+{
+    switch (event.event_id) {
+    case MPV_EVENT_COMMAND_REPLY:
+        if (event.reply_userdata != 0 && event.reply_userdata == m_loadNumber)
+            m_entry = entryOf(*static_cast<const mpv_event_command *>(event.data));
+        break;
+    case MPV_EVENT_START_FILE:
+        m_startedEntry = static_cast<const mpv_event_start_file *>(event.data)->playlist_entry_id;
+        break;
+    case MPV_EVENT_FILE_LOADED:
+        m_picture->drawAgain();
+        break;
+    case MPV_EVENT_PLAYBACK_RESTART:
+        m_hasBegun = isCurrent();
+        if (m_hasBegun && m_seekLater)
+            seek(*m_seekLater);
+        break;
+    case MPV_EVENT_END_FILE:
+        takeEnd(*static_cast<const mpv_event_end_file *>(event.data));
+        break;
+    case MPV_EVENT_PROPERTY_CHANGE:
+        takeProperty(*static_cast<const mpv_event_property *>(event.data));
+        break;
+    case MPV_EVENT_LOG_MESSAGE: {
+        const auto &message = *static_cast<const mpv_event_log_message *>(event.data);
+        if (QByteArrayView(message.prefix).startsWith("ffmpeg"))
+            m_complaint = QString::fromUtf8(message.text).trimmed();
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void MpvEngine::takeProperty(const mpv_event_property &property)
+{
+    const QByteArrayView name(property.name);
+    const double number =
+        property.format == MPV_FORMAT_DOUBLE ? *static_cast<const double *>(property.data) : 0;
+    const bool flag =
+        property.format == MPV_FORMAT_FLAG && *static_cast<const int *>(property.data) != 0;
+    if (name == "time-pos" && property.format == MPV_FORMAT_DOUBLE)
+        m_status.position = number;
+    else if (name == "duration")
+        m_status.duration = number;
+    else if (name == "demuxer-cache-time")
+        m_status.loadedTo = number;
+    else if (name == "paused-for-cache")
+        m_isWaitingForData = flag;
+    else if (name == "seeking")
+        m_isSeeking = flag;
+    else if (name == "eof-reached")
+        takeEndReached(flag);
+}
+
+void MpvEngine::takeEndReached(bool isReached)
+{
+    if (isReached == m_isAtEnd || !isCurrent())
+        return;
+    m_isAtEnd = isReached;
+    if (!isReached)
+        return;
+    // A connection that is lost looks like an end, too.
+    if (m_status.duration > 0 && m_status.duration - m_status.position > endTolerance) {
+        m_complaint = QStringLiteral("the connection was lost");
+        m_failure.start();
+        return;
+    }
+    m_status.position = std::max(m_status.position, m_status.duration);
+    tellStatus();
+    m_events.ended();
+}
+
+void MpvEngine::takeEnd(const mpv_event_end_file &end)
+{
+    if (end.playlist_entry_id != m_entry || end.reason == MPV_END_FILE_REASON_STOP
+        || end.reason == MPV_END_FILE_REASON_QUIT)
+        return;
+    // Played to its end it would have stayed open.
+    if (m_complaint.isEmpty())
+        m_complaint = QString::fromUtf8(mpv_error_string(end.error));
+    m_failure.start();
+}
+
+void MpvEngine::tellStatus()
+{
+    m_status.isBuffering = m_isWaitingForData || m_isSeeking;
+    PlayerStatus told = m_status;
+    told.position = std::floor(told.position / positionStep) * positionStep;
+    told.loadedTo = std::floor(told.loadedTo);
+    if (!isCurrent() || told == m_toldStatus)
+        return;
+    m_toldStatus = told;
+    m_events.statusChanged(told);
+}
+
+void MpvEngine::fail()
+{
+    const QString reason = m_complaint;
+    forget();
+    m_events.failed(QStringLiteral("The stream cannot be played: ") + reason);
+}
+
+void MpvEngine::forget()
+{
+    m_failure.stop();
+    m_entry = -1;
+    m_isAtEnd = false;
+    m_hasBegun = false;
+    m_seekLater.reset();
+    m_status = {};
+    m_toldStatus = {};
+    m_complaint.clear();
+}
+
+// On the thread that draws. At most one picture is on its way.
+void MpvEngine::passOn(const QImage &picture)
+{
+    const std::scoped_lock lock(m_pictureMutex);
+    const bool isOnItsWay = !m_newPicture.isNull();
+    m_newPicture = picture;
+    if (!isOnItsWay)
+        m_mailbox->post([this] { tellPicture(); });
+}
+
+void MpvEngine::tellPicture()
+{
+    QImage picture;
+    {
+        const std::scoped_lock lock(m_pictureMutex);
+        picture = std::exchange(m_newPicture, QImage());
+    }
+    if (isCurrent())
+        m_events.pictureChanged(picture);
+}

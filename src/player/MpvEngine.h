@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Mailbox.h"
+#include "MpvPicture.h"
+#include "PlayerEngine.h"
+
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <atomic>
+#include <optional>
+
+struct mpv_event;
+struct mpv_event_end_file;
+struct mpv_event_property;
+
+/// Plays by libmpv. What mpv tells, on threads of its own, is only passed on from
+/// there; mpv is called on the main thread alone, and never waited for.
+class MpvEngine : public PlayerEngine
+{
+    Q_DISABLE_COPY_MOVE(MpvEngine)
+
+public:
+    /// Nothing if mpv does not start, which `error` explains.
+    static std::unique_ptr<MpvEngine> create(Events events, QString &error);
+    ~MpvEngine() override;
+
+    void load(const QUrl &address) override;
+    void unload() override;
+    void setPaused(bool isPaused) override;
+    void seek(double position) override;
+    void setVolume(double volume) override;
+    void setMuted(bool isMuted) override;
+    void setPictureSize(const QSize &size) override;
+
+private:
+    explicit MpvEngine(Events events);
+    bool start(QString &error);
+    bool setOptions();
+    void command(std::initializer_list<QByteArray> words, quint64 number = 0);
+    void setFlag(const char *property, bool value);
+
+    void readEvents();
+    void take(const mpv_event &event);
+    void takeProperty(const mpv_event_property &property);
+    void takeEnd(const mpv_event_end_file &end);
+    void takeEndReached(bool isReached);
+    void tellStatus();
+    void fail();
+    void forget();
+    [[nodiscard]] bool isCurrent() const { return m_entry >= 0 && m_entry == m_startedEntry; }
+
+    void passOn(const QImage &picture);
+    void tellPicture();
+
+    Events m_events;
+    mpv_handle *m_mpv = nullptr;
+    std::unique_ptr<MpvPicture> m_picture;
+
+    PlayerStatus m_status;
+    PlayerStatus m_toldStatus;
+    bool m_isWaitingForData = false;
+    bool m_isSeeking = false;
+    bool m_isAtEnd = false;
+    bool m_hasBegun = false;
+    std::optional<double> m_seekLater;
+    quint64 m_loadNumber = 0;
+    qint64 m_entry = -1;        // mpv's number of what was loaded last
+    qint64 m_startedEntry = -1; // and of what it is at
+    QString m_complaint;        // the last that the stream's reader had
+    QTimer m_failure;
+
+    std::mutex m_pictureMutex;
+    QImage m_newPicture; // the newest that has not been told
+    std::atomic<bool> m_isAwake = false;
+
+    // Shared with the threads of mpv's that may still wake it.
+    const std::shared_ptr<Mailbox> m_mailbox;
+    const std::unique_ptr<QSocketNotifier> m_delivery;
+};
