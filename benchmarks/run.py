@@ -204,7 +204,8 @@ def measure_queue(desktop: Desktop, renderer: str) -> None:
                   listed(desktop, "PL5000", 2000))
 
 
-def measure_run(desktop: Desktop) -> None:
+def measure_run(desktop: Desktop, renderer: str) -> None:
+    print(f"{renderer}:", flush=True)
     run_benchmark(desktop, "QueueBenchmark")
 
 
@@ -221,6 +222,8 @@ def main() -> None:
                 measure_lists(desktop, renderer)
             if "queue" in chosen:
                 measure_queue(desktop, renderer)
+            if "run" in chosen:
+                measure_run(desktop, renderer)
             if "download" in chosen:
                 measure_download(desktop, renderer, hidden=False)
                 if renderer == "software":
@@ -228,8 +231,6 @@ def main() -> None:
         desktop.environment.pop("QT_QUICK_BACKEND")
         if "card" in chosen:
             measure_card(desktop)
-        if "run" in chosen:
-            measure_run(desktop)
         if "parser" in chosen:
             measure_parser(desktop)
 

@@ -4,8 +4,12 @@
 # shows it here. Only these are embedded.
 set(quillon_symbols
     arrow.clockwise arrow-clockwise
+    arrow.counterclockwise arrow-counterclockwise
     arrow.down.circle arrow-down-circle
     arrow.down.circle.fill arrow-down-circle-fill
+    arrow.down.right.and.arrow.up.left fullscreen-exit
+    arrow.up.left.and.arrow.down.right fullscreen
+    backward.end.fill skip-start-fill
     bell.fill bell-fill
     bolt.fill lightning-charge-fill
     checkmark check-lg
@@ -16,11 +20,15 @@ set(quillon_symbols
     circle circle
     circle.lefthalf.filled circle-half
     clock.arrow.circlepath clock-history
+    clock clock
     clock.fill clock-fill
+    exclamationmark.triangle exclamation-triangle
     exclamationmark.triangle.fill exclamation-triangle-fill
+    film film
     folder folder
     folder.badge.plus folder-plus
     folder.fill folder-fill
+    forward.end.fill skip-end-fill
     gearshape gear
     gearshape.fill gear-fill
     globe globe
@@ -36,13 +44,19 @@ set(quillon_symbols
     pause.fill pause-fill
     person.circle.fill person-circle
     photo image
+    pip.enter pip
+    pip.exit pip-fill
     play.fill play-fill
     play.rectangle.fill play-btn-fill
     plus plus-lg
+    speaker.slash.fill volume-mute-fill
+    speaker.wave.2.fill volume-up-fill
     speedometer speedometer
     square.and.arrow.down box-arrow-in-down
+    stop.fill stop-fill
     sun.max.fill sun-fill
     tray inbox
+    waveform soundwave
     xmark x-lg
     xmark.circle.fill x-circle-fill)
 

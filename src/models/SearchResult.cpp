@@ -7,3 +7,8 @@ QString SearchResult::formattedDuration() const
 {
     return ::formattedDuration(duration);
 }
+
+QString SearchResult::downloadKey(const QString &id, bool isAudio)
+{
+    return id + (isAudio ? QStringLiteral("_mp3") : QStringLiteral("_mp4"));
+}

@@ -17,5 +17,8 @@ struct SearchResult
 
     [[nodiscard]] QString formattedDuration() const;
 
+    /// What a download of the result with this id, as video or sound, is known by.
+    [[nodiscard]] static QString downloadKey(const QString &id, bool isAudio);
+
     bool operator==(const SearchResult &other) const = default;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MpvEngine.h"
 
+#include "MpvOptions.h"
+
 #include <mpv/client.h>
 
 #include <algorithm>
@@ -13,44 +15,6 @@
 namespace {
 
 using namespace std::chrono_literals;
-
-struct Option
-{
-    const char *name;
-    const char *value;
-};
-
-// Nothing of the user's own mpv, no drawing over the picture, no help by other
-// programs; only the web, also behind redirects and in playlists.
-constexpr Option options[] = {
-    {"config", "no"},
-    {"load-scripts", "no"},
-    {"ytdl", "no"},
-    {"osc", "no"},
-    {"load-stats-overlay", "no"},
-    {"load-osd-console", "no"},
-    {"load-auto-profiles", "no"},
-    {"terminal", "no"},
-    {"input-default-bindings", "no"},
-    {"input-vo-keyboard", "no"},
-    {"vo", "libmpv"},
-    {"hwdec", "auto-safe"},
-    {"idle", "yes"},
-    {"sub-auto", "no"},
-    {"audio-file-auto", "no"},
-    {"cover-art-auto", "no"},
-    {"tls-verify", "yes"},
-    {"network-timeout", "15"},
-    {"demuxer-max-bytes", "32MiB"},
-    {"demuxer-max-back-bytes", "8MiB"},
-    {"demuxer-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto,data]"},
-    {"stream-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto]"},
-    // Without the last one a machine without sound plays nothing at all.
-    {"ao", "pipewire,pulse,alsa,null"},
-    // What has ended stays to be seen.
-    {"keep-open", "yes"},
-    {"keep-open-pause", "no"},
-};
 
 struct Observed
 {
@@ -148,9 +112,10 @@ bool MpvEngine::start(QString &error)
 
 bool MpvEngine::setOptions()
 {
-    return std::all_of(std::begin(options), std::end(options), [this](const Option &option) {
-        return mpv_set_option_string(m_mpv, option.name, option.value) >= 0;
-    });
+    return std::all_of(std::begin(mpvOptions), std::end(mpvOptions),
+                       [this](const MpvOption &option) {
+                           return mpv_set_option_string(m_mpv, option.name, option.value) >= 0;
+                       });
 }
 
 void MpvEngine::load(const QUrl &address)

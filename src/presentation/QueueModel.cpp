@@ -1,31 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "QueueModel.h"
 
+#include "StatusName.h"
+
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
 
 namespace {
-
-QString statusName(const DownloadStatus &status)
-{
-    switch (status.kind()) {
-    case DownloadStatus::Case::waiting:
-        return QStringLiteral("waiting");
-    case DownloadStatus::Case::fetching:
-        return QStringLiteral("fetching");
-    case DownloadStatus::Case::downloading:
-        return QStringLiteral("downloading");
-    case DownloadStatus::Case::processing:
-        return QStringLiteral("processing");
-    case DownloadStatus::Case::done:
-        return QStringLiteral("done");
-    case DownloadStatus::Case::failed:
-        return QStringLiteral("failed");
-    }
-    Q_UNREACHABLE();
-}
 
 QString statusLine(const DownloadStatus &status)
 {

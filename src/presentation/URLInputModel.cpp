@@ -142,7 +142,8 @@ void URLInputModel::handleSubmit()
         state().multiURL = QString();
         break;
     case AppMode::browse:
-        break; // The search is not there yet.
+        state().searchYouTube();
+        break;
     }
 }
 

@@ -40,7 +40,7 @@ QCoro::Task<> AppState::search(QString query)
 
 void AppState::browseDownload(const SearchResult &result, bool isAudio)
 {
-    const QString key = downloadKey(result.id, isAudio);
+    const QString key = SearchResult::downloadKey(result.id, isAudio);
     const auto entry = browseDownloadStatuses().constFind(key);
     if (entry != browseDownloadStatuses().constEnd() && isActive(*entry))
         return;

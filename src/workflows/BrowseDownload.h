@@ -12,6 +12,3 @@ struct BrowseDownload
     QualityOption quality;
     QString folder;
 };
-
-/// What a download of this result and kind is known by.
-QString downloadKey(const QString &resultID, bool isAudio);

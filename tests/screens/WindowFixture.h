@@ -44,8 +44,13 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        WAIT_FOR(!state().isDownloading() && !state().isQueueDownloading()
-                 && !state().isFetching());
+        WAIT_FOR(!state().isDownloading() && !state().isQueueDownloading() && !state().isFetching()
+                 && !state().isBrowseSearching());
+        state().browseSearchQuery = QString();
+        state().browseResults = AppState::Results();
+        state().browseSearchError = AppState::Text();
+        state().browseDownloadStatuses = AppState::DownloadStatuses();
+        state().browseDownloadProgress = AppState::DownloadFractions();
         state().queue = AppState::Queue();
         state().singleURL = QString();
         state().singleInfo = AppState::Info();
@@ -111,6 +116,17 @@ protected:
     {
         const QQuickItem *const found = item(name);
         return found && found->isVisible();
+    }
+
+    static SearchResult result(int number)
+    {
+        const QString id = QString::number(number);
+        return {.id = id,
+                .title = u"Title "_s + id,
+                .uploader = u"Harbour"_s,
+                .duration = 61,
+                .thumbnailURL = QString(),
+                .videoURL = u"https://x/"_s + id};
     }
 
     /// What a screen reader knows of it.

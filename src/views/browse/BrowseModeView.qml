@@ -1,6 +1,95 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillon
 import Quillon.Shared
 
-EmptyNote {
-    text: "Browsing is not there yet."
+// The player, and below it what a search has found.
+Column {
+    id: root
+
+    bottomPadding: 12
+    leftPadding: Theme.margin
+    rightPadding: Theme.margin
+    spacing: 10
+    topPadding: 8
+
+    readonly property real innerWidth: width - leftPadding - rightPadding
+    readonly property bool showsResults: browse.area === BrowseModel.Area.Results
+
+    Component.onDestruction: panel.stop()
+
+    BrowseModel {
+        id: browse
+    }
+
+    PlayerPanelModel {
+        id: panel
+    }
+
+    Reveal {
+        shown: panel.isPresent
+        width: root.innerWidth
+
+        BrowsePlayerPanel {
+            objectName: "playerPanel"
+            panel: panel
+            width: root.innerWidth
+        }
+    }
+
+    BrowsePlaceholder {
+        loading: true
+        title: "Searching…"
+        visible: browse.area === BrowseModel.Area.Searching
+        width: root.innerWidth
+    }
+
+    BrowsePlaceholder {
+        subtitle: browse.errorText
+        symbol: "exclamationmark.triangle"
+        title: "Search failed"
+        visible: browse.area === BrowseModel.Area.Failed
+        width: root.innerWidth
+    }
+
+    BrowsePlaceholder {
+        subtitle: "Type a query above and press Search"
+        symbol: "magnifyingglass"
+        title: "Search YouTube"
+        visible: browse.area === BrowseModel.Area.Empty
+        width: root.innerWidth
+    }
+
+    PlainText {
+        color: Theme.secondary
+        leftPadding: 4
+        objectName: "resultCount"
+        size: 12
+        text: browse.countText
+        visible: root.showsResults
+    }
+
+    LazyGrid {
+        id: rows
+
+        cellHeight: 70
+        model: browse
+        objectName: "resultList"
+        spacing: 8
+        view.objectName: "resultRows"
+        visible: root.showsResults
+        width: root.innerWidth
+
+        delegate: BrowseResultRow {
+            grid: rows
+            height: rows.cellHeight
+            objectName: "result" + index
+            width: rows.cellWidth
+
+            onActivated: browse.play(index)
+            onDownloaded: isAudio => browse.download(index, isAudio)
+        }
+    }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quillon
 import Quillon.Shared
 
@@ -111,7 +112,7 @@ FocusScope {
         Connections {
             function onActiveFocusItemChanged() {
                 const item = root.Window.activeFocusItem as Item;
-                const byMouse = (item as Control)?.focusReason === Qt.MouseFocusReason;
+                const byMouse = (item as T.Control)?.focusReason === Qt.MouseFocusReason;
                 if (item && !byMouse && Pages.of(item) === page)
                     Pages.reveal(item);
             }

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "AVPlayer.h"
 #include "AppState.h"
 #include "Appearance.h"
+#include "BrowseModel.h"
 #include "DownloadSectionModel.h"
 #include "FormatQualityModel.h"
 #include "HistoryModel.h"
 #include "ModeModel.h"
+#include "PlayerPanelModel.h"
+#include "PlayerViewRepresentable.h"
 #include "PlaylistModel.h"
 #include "QueueControlsModel.h"
 #include "QueueModel.h"
@@ -77,6 +81,21 @@ struct FormatQualityModelForQml
     QML_FOREIGN(FormatQualityModel)
     QML_NAMED_ELEMENT(FormatQualityModel)
     QML_UNCREATABLE("Single mode and the queue have one each.")
+};
+
+struct AVPlayerForQml
+{
+    Q_GADGET
+    QML_FOREIGN(AVPlayer)
+    QML_NAMED_ELEMENT(AVPlayer)
+    QML_UNCREATABLE("There is one, and the state has it.")
+};
+
+struct PlayerViewRepresentableForQml
+{
+    Q_GADGET
+    QML_FOREIGN(PlayerViewRepresentable)
+    QML_NAMED_ELEMENT(PlayerViewRepresentable)
 };
 
 // Presenters as screens make them: on the one state.
@@ -209,6 +228,30 @@ class QueueControlsModelForQml : public QueueControlsModel
 public:
     QueueControlsModelForQml()
         : QueueControlsModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class BrowseModelForQml : public BrowseModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(BrowseModel)
+
+public:
+    BrowseModelForQml()
+        : BrowseModel(*AppStateForQml::instance)
+    {
+    }
+};
+
+class PlayerPanelModelForQml : public PlayerPanelModel
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(PlayerPanelModel)
+
+public:
+    PlayerPanelModelForQml()
+        : PlayerPanelModel(*AppStateForQml::instance)
     {
     }
 };

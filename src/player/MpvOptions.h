@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+/// An option of mpv's, in its own words.
+struct MpvOption
+{
+    const char *name;
+    const char *value;
+};
+
+// Nothing of the user's own mpv, no drawing over the picture, no help by other
+// programs; only the web, also behind redirects and in playlists.
+inline constexpr MpvOption mpvOptions[] = {
+    {"config", "no"},
+    {"load-scripts", "no"},
+    {"ytdl", "no"},
+    {"osc", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"load-auto-profiles", "no"},
+    {"terminal", "no"},
+    {"input-default-bindings", "no"},
+    {"input-vo-keyboard", "no"},
+    {"vo", "libmpv"},
+    {"hwdec", "auto-safe"},
+    {"idle", "yes"},
+    {"sub-auto", "no"},
+    {"audio-file-auto", "no"},
+    {"cover-art-auto", "no"},
+    {"tls-verify", "yes"},
+    {"network-timeout", "15"},
+    {"demuxer-max-bytes", "32MiB"},
+    {"demuxer-max-back-bytes", "8MiB"},
+    {"demuxer-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto,data]"},
+    {"stream-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto]"},
+    // Without the last one a machine without sound plays nothing at all.
+    {"ao", "pipewire,pulse,alsa,null"},
+    // What has ended stays to be seen.
+    {"keep-open", "yes"},
+    {"keep-open-pause", "no"},
+};

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "BrowseModel.h"
+
+#include "StatusName.h"
+
+BrowseModel::BrowseModel(AppState &state)
+    : m_state(state)
+    , m_results(state.browseResults)
+{
+    connect(&state, &AppState::browseResultsChanged, this, &BrowseModel::follow);
+    connect(&state, &AppState::isBrowseSearchingChanged, this, &BrowseModel::areaChanged);
+    connect(&state, &AppState::browseSearchErrorChanged, this, &BrowseModel::areaChanged);
+    connect(&state, &AppState::nowPlayingChanged, this, [this] { tell({IsNowPlayingRole}); });
+    connect(&state, &AppState::browseDownloadStatusesChanged, this, [this] {
+        tell({VideoStatusRole, AudioStatusRole});
+    });
+    connect(&state, &AppState::browseDownloadProgressChanged, this, [this] {
+        tell({VideoProgressRole, AudioProgressRole});
+    });
+}
+
+BrowseModel::Area BrowseModel::area() const
+{
+    if (m_state.isBrowseSearching)
+        return Area::Searching;
+    if (m_state.browseSearchError())
+        return Area::Failed;
+    return m_results.isEmpty() ? Area::Empty : Area::Results;
+}
+
+QString BrowseModel::errorText() const
+{
+    return m_state.browseSearchError().value_or(QString()).trimmed();
+}
+
+QString BrowseModel::countText() const
+{
+    return QStringLiteral("%1 results").arg(m_results.size());
+}
+
+int BrowseModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_results.size());
+}
+
+QVariant BrowseModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const SearchResult &result = m_results[index.row()];
+    switch (role) {
+    case Qt::DisplayRole:
+    case TitleRole:
+        return result.title;
+    case UploaderRole:
+        return result.uploader;
+    case DurationRole:
+        return result.formattedDuration();
+    case ThumbnailRole:
+        return result.thumbnailURL;
+    case IsNowPlayingRole:
+        return m_state.nowPlaying() && m_state.nowPlaying()->id == result.id;
+    case VideoStatusRole:
+    case AudioStatusRole:
+        return browseStatusName(m_state, result.id, role == AudioStatusRole);
+    case VideoProgressRole:
+    case AudioProgressRole:
+        return browseProgress(m_state, result.id, role == AudioProgressRole);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> BrowseModel::roleNames() const
+{
+    return {{TitleRole, "title"},
+            {UploaderRole, "uploader"},
+            {DurationRole, "duration"},
+            {ThumbnailRole, "thumbnailURL"},
+            {IsNowPlayingRole, "isNowPlaying"},
+            {VideoStatusRole, "videoStatus"},
+            {VideoProgressRole, "videoProgress"},
+            {AudioStatusRole, "audioStatus"},
+            {AudioProgressRole, "audioProgress"}};
+}
+
+void BrowseModel::play(int row)
+{
+    if (isRow(row))
+        m_state.playBrowseResult(m_results[row]);
+}
+
+void BrowseModel::download(int row, bool isAudio)
+{
+    if (isRow(row))
+        m_state.browseDownload(m_results[row], isAudio);
+}
+
+void BrowseModel::follow()
+{
+    beginResetModel();
+    m_results = m_state.browseResults;
+    endResetModel();
+    Q_EMIT areaChanged();
+}
+
+void BrowseModel::tell(const QList<int> &roles)
+{
+    if (!m_results.isEmpty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), roles);
+}

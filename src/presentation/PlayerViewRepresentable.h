@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "AVPlayer.h"
+
+#include <QPointer>
+#include <QQuickItem>
+
+/// Shows what the player plays, whole and in the middle, on black. There may be
+/// several; each asks for the picture as large as it is itself.
+class PlayerViewRepresentable : public QQuickItem
+{
+    Q_OBJECT
+    Q_PROPERTY(AVPlayer *player READ player WRITE setPlayer NOTIFY playerChanged REQUIRED FINAL)
+
+public:
+    explicit PlayerViewRepresentable(QQuickItem *parent = nullptr);
+
+    [[nodiscard]] AVPlayer *player() const { return m_player; }
+    void setPlayer(AVPlayer *player);
+
+Q_SIGNALS:
+    void playerChanged();
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+    void geometryChange(const QRectF &geometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
+
+private:
+    void askForSize();
+    void takePicture();
+
+    QPointer<AVPlayer> m_player;
+    bool m_hasNewPicture = false;
+};

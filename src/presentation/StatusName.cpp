@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "StatusName.h"
+
+#include "AppState.h"
+
+QString statusName(const DownloadStatus &status)
+{
+    switch (status.kind()) {
+    case DownloadStatus::Case::waiting:
+        return QStringLiteral("waiting");
+    case DownloadStatus::Case::fetching:
+        return QStringLiteral("fetching");
+    case DownloadStatus::Case::downloading:
+        return QStringLiteral("downloading");
+    case DownloadStatus::Case::processing:
+        return QStringLiteral("processing");
+    case DownloadStatus::Case::done:
+        return QStringLiteral("done");
+    case DownloadStatus::Case::failed:
+        return QStringLiteral("failed");
+    }
+    Q_UNREACHABLE();
+}
+
+QString browseStatusName(const AppState &state, const QString &resultID, bool isAudio)
+{
+    const auto &statuses = state.browseDownloadStatuses();
+    const auto found = statuses.constFind(SearchResult::downloadKey(resultID, isAudio));
+    return found == statuses.constEnd() ? QString() : statusName(*found);
+}
+
+double browseProgress(const AppState &state, const QString &resultID, bool isAudio)
+{
+    return state.browseDownloadProgress().value(SearchResult::downloadKey(resultID, isAudio));
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// What stands where the results will be.
+Column {
+    id: root
+
+    property string symbol
+    property string title
+    property string subtitle
+    property bool loading: false
+
+    bottomPadding: 72
+    spacing: 10
+    topPadding: 88
+
+    Spinner {
+        anchors.horizontalCenter: parent.horizontalCenter
+        color: Theme.secondary
+        size: 28
+        visible: root.loading
+    }
+
+    SymbolIcon {
+        anchors.horizontalCenter: parent.horizontalCenter
+        color: Theme.at(Theme.secondary, 0.7)
+        size: 36
+        symbol: root.symbol
+        visible: !root.loading
+    }
+
+    PlainText {
+        anchors.horizontalCenter: parent.horizontalCenter
+        font.weight: Font.DemiBold
+        objectName: "browsePlaceholder"
+        size: 15
+        text: root.title
+        topPadding: 2
+
+        Accessible.role: Accessible.Heading
+    }
+
+    PlainText {
+        anchors.horizontalCenter: parent.horizontalCenter
+        color: Theme.secondary
+        elide: Text.ElideRight
+        horizontalAlignment: Text.AlignHCenter
+        maximumLineCount: 6
+        text: root.subtitle
+        visible: text !== ""
+        width: Math.min(implicitWidth, root.width - 2 * Theme.margin)
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// The player above the results.
+Card {
+    id: root
+
+    required property PlayerPanelModel panel
+
+    // Where the picture is: in the panel, over the screen, or in a small window.
+    property string place: "panel"
+
+    function toggle(other: string) {
+        place = place === other ? "panel" : other;
+    }
+
+    implicitHeight: surface.height + bar.height + 20
+
+    PlayerSurface {
+        id: surface
+
+        height: Math.round(Math.min(width * 9 / 16, 320))
+        panel: root.panel
+        radius: Theme.radius
+        visible: root.place === "panel"
+        width: root.width - 20
+        x: 10
+        y: 10
+
+        onFullScreenToggled: root.toggle("screen")
+        onPictureInPictureToggled: root.toggle("window")
+    }
+
+    Rectangle {
+        anchors.fill: surface
+        color: "black"
+        radius: Theme.radius
+        visible: root.place !== "panel"
+
+        PlainText {
+            anchors.centerIn: parent
+            color: Theme.overAccent
+            text: root.place === "screen" ? "Playing in full screen" : "Playing in picture in picture"
+        }
+    }
+
+    Loader {
+        active: root.place !== "panel"
+
+        sourceComponent: PlayerWindow {
+            fillsScreen: root.place === "screen"
+            panel: root.panel
+
+            onFullScreenToggled: root.toggle("screen")
+            onDismissed: root.place = "panel"
+        }
+    }
+
+    Item {
+        id: bar
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.leftMargin: 12
+        anchors.right: parent.right
+        anchors.rightMargin: 12
+        height: 48
+
+        PlainText {
+            id: number
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.secondary
+            objectName: "playerPlace"
+            size: 12
+            text: root.panel.place
+        }
+
+        PlayerNavButton {
+            id: previous
+
+            anchors.left: number.right
+            anchors.leftMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            enabled: root.panel.hasPrevious
+            help: "Previous"
+            symbol: "backward.end.fill"
+            objectName: "playPrevious"
+
+            onClicked: root.panel.playPrevious()
+        }
+
+        PlayerNavButton {
+            id: next
+
+            anchors.left: previous.right
+            anchors.leftMargin: 6
+            anchors.verticalCenter: parent.verticalCenter
+            enabled: root.panel.hasNext
+            help: "Next"
+            symbol: "forward.end.fill"
+            objectName: "playNext"
+
+            onClicked: root.panel.playNext()
+        }
+
+        PlainText {
+            anchors.left: next.right
+            anchors.leftMargin: 12
+            anchors.right: video.left
+            anchors.rightMargin: 12
+            anchors.verticalCenter: parent.verticalCenter
+            font.weight: Font.Medium
+            objectName: "playerTitle"
+            text: root.panel.title
+        }
+
+        BrowseDownloadButton {
+            id: video
+
+            anchors.right: audio.left
+            anchors.rightMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            isAudio: false
+            label: "MP4"
+            objectName: "panelVideo"
+            progress: root.panel.videoProgress
+            status: root.panel.videoStatus
+
+            onClicked: root.panel.download(false)
+        }
+
+        BrowseDownloadButton {
+            id: audio
+
+            anchors.right: close.left
+            anchors.rightMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            isAudio: true
+            label: "MP3"
+            objectName: "panelAudio"
+            progress: root.panel.audioProgress
+            status: root.panel.audioStatus
+
+            onClicked: root.panel.download(true)
+        }
+
+        RowActionButton {
+            id: close
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            help: "Close player"
+            objectName: "closePlayer"
+            symbol: "xmark"
+
+            onClicked: root.panel.stop()
+        }
+    }
+}

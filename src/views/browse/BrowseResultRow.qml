@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon.Shared
+
+// One result of a search.
+ListRow {
+    id: root
+
+    required property string title
+    required property string uploader
+    required property string duration
+    required property string thumbnailURL
+    required property bool isNowPlaying
+    required property string videoStatus
+    required property real videoProgress
+    required property string audioStatus
+    required property real audioProgress
+
+    signal downloaded(isAudio: bool)
+
+    Accessible.name: title + (uploader !== "" ? ", " + uploader : "") + (duration !== "" ? ", " + duration : "")
+    Accessible.selectable: true
+    Accessible.selected: isNowPlaying
+
+    Rectangle {
+        anchors.fill: parent
+        color: root.isNowPlaying ? Theme.at(Theme.accentFill, 0.12) : Theme.primaryAt(0.05)
+        radius: Theme.radius
+        visible: root.isNowPlaying || root.isHovered || root.activeFocus
+        z: -1
+    }
+
+    Item {
+        id: number
+
+        anchors.verticalCenter: parent.verticalCenter
+        height: 20
+        width: 26
+        x: 8
+
+        PlainText {
+            anchors.centerIn: parent
+            color: Theme.secondary
+            size: 12
+            text: root.index + 1
+            visible: !root.isNowPlaying
+
+            Accessible.ignored: true
+        }
+
+        SymbolIcon {
+            anchors.centerIn: parent
+            color: Theme.accent
+            size: 14
+            symbol: "waveform"
+            visible: root.isNowPlaying
+        }
+    }
+
+    ThumbnailView {
+        id: thumbnail
+
+        anchors.left: number.right
+        anchors.leftMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        height: 54
+        placeholder: "play.rectangle.fill"
+        placeholderWhileLoading: true
+        url: root.thumbnailURL
+        width: 96
+
+        BaseButton {
+            id: play
+
+            anchors.centerIn: parent
+            activeFocusOnTab: false
+            help: root.isNowPlaying ? "Stop" : "Play"
+            implicitHeight: 34
+            implicitWidth: 34
+            objectName: "play" + root.index
+            ringRadius: 17
+            visible: root.isHovered || root.isNowPlaying || root.activeFocus
+
+            onClicked: root.activated()
+
+            background: Rectangle {
+                color: Theme.badge
+                radius: 17
+            }
+            contentItem: Item {
+                SymbolIcon {
+                    anchors.centerIn: parent
+                    color: Theme.overAccent
+                    size: 18
+                    symbol: root.isNowPlaying ? "stop.fill" : "play.fill"
+                }
+            }
+        }
+    }
+
+    Column {
+        anchors.left: thumbnail.right
+        anchors.leftMargin: 12
+        anchors.right: buttons.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 4
+
+        PlainText {
+            font.weight: Font.Medium
+            text: root.title
+            width: parent.width
+
+            Accessible.ignored: true
+        }
+
+        Row {
+            spacing: 12
+
+            PlainText {
+                color: Theme.secondary
+                size: 12
+                text: root.uploader
+                visible: text !== ""
+                width: Math.min(implicitWidth, root.width / 3)
+
+                Accessible.ignored: true
+            }
+
+            IconLabel {
+                color: Theme.secondary
+                size: 12
+                spacing: 4
+                symbol: "clock"
+                text: root.duration
+                visible: root.duration !== ""
+            }
+        }
+    }
+
+    Row {
+        id: buttons
+
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 10
+
+        BrowseDownloadButton {
+            isAudio: false
+            isTabStop: root.isCurrent
+            label: "MP4"
+            objectName: "video" + root.index
+            progress: root.videoProgress
+            status: root.videoStatus
+
+            onClicked: root.downloaded(false)
+        }
+
+        BrowseDownloadButton {
+            isAudio: true
+            isTabStop: root.isCurrent
+            label: "MP3"
+            objectName: "audio" + root.index
+            progress: root.audioProgress
+            status: root.audioStatus
+
+            onClicked: root.downloaded(true)
+        }
+    }
+}

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// What lies over the lower edge of the picture.
+Rectangle {
+    id: root
+
+    required property AVPlayer player
+    property bool isFullScreen: false
+    property bool isPictureInPicture: false
+    // Not all fit into a small window.
+    readonly property bool isNarrow: width < 420
+
+    signal fullScreenToggled
+    signal pictureInPictureToggled
+
+    function clock(seconds: real): string {
+        const whole = Math.max(0, Math.floor(seconds));
+        const rest = n => String(n).padStart(2, "0");
+        const hours = Math.floor(whole / 3600);
+        const minutes = Math.floor(whole / 60) % 60;
+        return hours > 0 ? hours + ":" + rest(minutes) + ":" + rest(whole % 60) : minutes + ":" + rest(whole % 60);
+    }
+
+    height: 72
+    gradient: Gradient {
+        GradientStop {
+            color: "transparent"
+            position: 0
+        }
+
+        GradientStop {
+            color: Theme.badge
+            position: 1
+        }
+    }
+
+    Row {
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 4
+        spacing: 6
+        width: parent.width - 2 * x
+        x: 8
+
+        PlayerButton {
+            id: play
+
+            help: root.player.isPaused ? "Resume" : "Pause"
+            objectName: "playPause"
+            symbol: root.player.isPaused ? "play.fill" : "pause.fill"
+
+            onClicked: root.player.togglePause()
+        }
+
+        PlainText {
+            id: elapsed
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.overAccent
+            objectName: "elapsed"
+            size: 12
+            text: root.clock(root.player.position)
+        }
+
+        PlayerSlider {
+            id: bar
+
+            anchors.verticalCenter: parent.verticalCenter
+            current: root.player.position
+            enabled: root.player.duration > 0
+            mark: root.player.loadedTo
+            name: "Position"
+            objectName: "positionBar"
+            stepSize: 5
+            to: Math.max(0.1, root.player.duration)
+            width: Math.max(20, parent.width - x - right.width - parent.spacing)
+
+            onMoved: root.player.seek(value)
+        }
+
+        Row {
+            id: right
+
+            spacing: 2
+
+            PlainText {
+                anchors.verticalCenter: parent.verticalCenter
+                color: Theme.overAccent
+                objectName: "total"
+                rightPadding: 6
+                size: 12
+                text: root.clock(root.player.duration)
+            }
+
+            PlayerButton {
+                help: root.player.isMuted ? "Unmute" : "Mute"
+                objectName: "mute"
+                symbol: root.player.isMuted || root.player.volume === 0 ? "speaker.slash.fill" : "speaker.wave.2.fill"
+                visible: !root.isNarrow
+
+                onClicked: root.player.isMuted = !root.player.isMuted
+            }
+
+            PlayerSlider {
+                current: root.player.isMuted ? 0 : root.player.volume
+                name: "Volume"
+                objectName: "volumeBar"
+                stepSize: 0.05
+                to: 1
+                visible: !root.isNarrow
+
+                onMoved: {
+                    root.player.isMuted = false;
+                    root.player.volume = value;
+                }
+            }
+
+            PlayerButton {
+                help: root.isPictureInPicture ? "Back into the window" : "Picture in picture"
+                objectName: "pictureInPicture"
+                symbol: root.isPictureInPicture ? "pip.exit" : "pip.enter"
+
+                onClicked: root.pictureInPictureToggled()
+            }
+
+            PlayerButton {
+                help: root.isFullScreen ? "Leave full screen" : "Full screen"
+                objectName: "fullScreen"
+                symbol: root.isFullScreen ? "arrow.down.right.and.arrow.up.left" : "arrow.up.left.and.arrow.down.right"
+
+                onClicked: root.fullScreenToggled()
+            }
+        }
+    }
+}

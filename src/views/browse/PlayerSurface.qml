@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// The picture with its controls, its keys, and what is to be said in its place.
+FocusScope {
+    id: root
+
+    required property PlayerPanelModel panel
+    property alias isFullScreen: controls.isFullScreen
+    property alias isPictureInPicture: controls.isPictureInPicture
+    property int radius: 0
+
+    readonly property AVPlayer player: panel.player
+    readonly property bool showsControls: player.hasItem && (player.isPaused || lately.running || hover.hoversControls || controlsHaveFocus)
+    readonly property bool controlsHaveFocus: controls.visible && activeFocus && !face.activeFocus
+
+    signal fullScreenToggled
+    signal pictureInPictureToggled
+    signal dismissed
+
+    function wake() {
+        lately.restart();
+    }
+
+    Timer {
+        id: lately
+
+        interval: 2500
+    }
+
+    HoverHandler {
+        id: hover
+
+        readonly property bool hoversControls: hovered && place.y > root.height - controls.height
+        readonly property point place: point.position
+
+        onPlaceChanged: root.wake()
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: "black"
+        radius: root.radius
+    }
+
+    PlayerViewRepresentable {
+        anchors.fill: parent
+        anchors.margins: root.radius > 0 ? 1 : 0
+        player: root.player
+        visible: root.player.hasItem
+    }
+
+    Item {
+        id: face
+
+        activeFocusOnTab: true
+        anchors.fill: parent
+        focus: true
+        objectName: "video"
+
+        Accessible.focusable: true
+        Accessible.name: "Video"
+        Accessible.onPressAction: root.player.togglePause()
+        Accessible.role: Accessible.Graphic
+
+        onActiveFocusChanged: root.wake()
+
+        TapHandler {
+            onDoubleTapped: root.fullScreenToggled()
+            onTapped: {
+                face.forceActiveFocus(Qt.MouseFocusReason);
+                root.player.togglePause();
+            }
+        }
+
+        FocusRing {
+            gap: -3
+            innerRadius: root.radius
+            shown: face.activeFocus && !root.isFullScreen && !root.isPictureInPicture
+        }
+    }
+
+    Column {
+        anchors.centerIn: parent
+        spacing: 10
+        visible: root.panel.isLoading || (root.player.hasItem && root.player.isBuffering)
+
+        Spinner {
+            anchors.horizontalCenter: parent.horizontalCenter
+            color: Theme.overAccent
+            size: 28
+        }
+
+        PlainText {
+            color: Theme.overAccent
+            objectName: "loadingStream"
+            text: "Loading stream…"
+            visible: root.panel.isLoading
+        }
+    }
+
+    PlainText {
+        anchors.centerIn: parent
+        color: Theme.overAccent
+        horizontalAlignment: Text.AlignHCenter
+        maximumLineCount: 8
+        objectName: "playerError"
+        text: root.panel.errorText
+        visible: text !== ""
+        width: parent.width - 48
+        wrapMode: Text.Wrap
+
+        Accessible.role: Accessible.AlertMessage
+    }
+
+    PlayerControls {
+        id: controls
+
+        anchors.bottom: parent.bottom
+        opacity: root.showsControls ? 1 : 0
+        player: root.player
+        radius: root.radius
+        visible: opacity > 0
+        width: parent.width
+
+        onFullScreenToggled: root.fullScreenToggled()
+        onPictureInPictureToggled: root.pictureInPictureToggled()
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.calm
+            }
+        }
+    }
+
+    Keys.onPressed: event => {
+        const seconds = {
+            [Qt.Key_Left]: -5,
+            [Qt.Key_Right]: 5,
+            [Qt.Key_J]: -10,
+            [Qt.Key_L]: 10
+        }[event.key];
+        if (event.modifiers !== Qt.NoModifier && event.modifiers !== Qt.KeypadModifier)
+            return;
+        if (seconds !== undefined)
+            root.player.seek(root.player.position + seconds);
+        else if (event.key === Qt.Key_Space || event.key === Qt.Key_K)
+            root.player.togglePause();
+        else if (event.key === Qt.Key_M)
+            root.player.isMuted = !root.player.isMuted;
+        else if (event.key === Qt.Key_F)
+            root.fullScreenToggled();
+        else if (event.key === Qt.Key_Escape && (root.isFullScreen || root.isPictureInPicture))
+            root.dismissed();
+        else
+            return;
+        root.wake();
+        event.accepted = true;
+    }
+}

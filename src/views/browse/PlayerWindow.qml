@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// The picture in a window of its own: over the whole screen, or small and above
+// the others.
+Window {
+    id: root
+
+    required property PlayerPanelModel panel
+    required property bool fillsScreen
+
+    signal fullScreenToggled
+    signal dismissed
+
+    color: "black"
+    flags: fillsScreen ? Qt.Window : Qt.Window | Qt.WindowStaysOnTopHint
+    height: 203
+    minimumHeight: 135
+    minimumWidth: 240
+    title: panel.title
+    visibility: fillsScreen ? Window.FullScreen : Window.Windowed
+    width: 360
+
+    Component.onCompleted: {
+        if (!fillsScreen) {
+            x = Screen.virtualX + Screen.desktopAvailableWidth - width - 24;
+            y = Screen.virtualY + Screen.desktopAvailableHeight - height - 48;
+        }
+        requestActivate();
+    }
+    onClosing: root.dismissed()
+
+    PlayerSurface {
+        anchors.fill: parent
+        focus: true
+        isFullScreen: root.fillsScreen
+        isPictureInPicture: !root.fillsScreen
+        panel: root.panel
+
+        onFullScreenToggled: root.fullScreenToggled()
+        onDismissed: root.dismissed()
+        onPictureInPictureToggled: root.dismissed()
+    }
+}
