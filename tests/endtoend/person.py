@@ -109,9 +109,10 @@ class Person:
 
     def complaints(self) -> str:
         """What the program said on standard error; machines without a sound card
-        make the sound library talk."""
+        or a video decoder make the libraries for these talk."""
         lines = (self.folder / "stderr").read_text(errors="replace").splitlines()
-        return "\n".join(line for line in lines if not line.startswith("ALSA lib"))
+        machine = re.compile(r"ALSA lib|\[[EW]\]\[[\d.]+\] pw\.|Failed to open VDPAU|libva")
+        return "\n".join(line for line in lines if not machine.match(line))
 
     def tools(self) -> list[int]:
         """The process numbers of the tool and its ffmpeg that run for this home."""
@@ -200,10 +201,23 @@ class Person:
 
     def focused(self) -> str:
         from gi.repository import Atspi
-        node = self._find(self._application(),
-                          lambda _node, states: states.contains(Atspi.StateType.FOCUSED)
-                          and states.contains(Atspi.StateType.FOCUSABLE)
-                          and _node.get_role_name() not in ("frame", "application", "window"))
+
+        def has_focus(node, states):
+            if node.get_role_name() in ("frame", "application", "window") \
+                    or not states.contains(Atspi.StateType.FOCUSED):
+                return False
+            node.clear_cache()  # it may have lost it without a word
+            states = node.get_state_set()
+            return states.contains(Atspi.StateType.FOCUSED) \
+                and states.contains(Atspi.StateType.FOCUSABLE)
+
+        # What lies around it has the focus, too.
+        node, place = None, self._application()
+        while place:
+            children = (place.get_child_at_index(index) for index in range(place.get_child_count()))
+            place = next((found for child in children
+                          if child and (found := self._find(child, has_focus))), None)
+            node = place or node
         return node.get_name() if node else ""
 
     def text_of(self, name: str) -> str:
@@ -221,6 +235,14 @@ class Person:
         while place != (place := self._place(control)) or self._turns_wheel_for(place):
             self.desktop.run("sleep", "0.1")
         self.desktop.run("xdotool", "mousemove", "--sync", str(place[0]), str(place[1]), "click", "1")
+
+    def hover(self, name: str):
+        """Over a control, or over the row whose name begins so."""
+        def matches(node, _states):
+            return node.get_name() == name or node.get_name().startswith(name + ", ")
+
+        place = self._place(wait_until(lambda: self._find(self._application(), matches), name))
+        self.desktop.run("xdotool", "mousemove", "--sync", str(place[0]), str(place[1]))
 
     def _turns_wheel_for(self, place) -> bool:
         geometry = dict(line.split("=") for line in self.desktop.run(

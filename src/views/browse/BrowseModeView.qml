@@ -88,7 +88,12 @@ Column {
             objectName: "result" + index
             width: rows.cellWidth
 
-            onActivated: browse.play(index)
+            // What begins to play is seen, from however far down it was chosen.
+            onActivated: {
+                browse.play(index);
+                if (panel.isPresent)
+                    Pages.show(rows.page, 0, 0);
+            }
             onDownloaded: isAudio => browse.download(index, isAudio)
         }
     }

@@ -36,6 +36,13 @@ FocusScope {
     Item {
         id: face
 
+        // So that the way back from the row's buttons leads here. Late, since what
+        // has the keyboard cannot cease to be a stop.
+        Binding on activeFocusOnTab {
+            delayed: true
+            value: root.isCurrent
+        }
+
         anchors.fill: parent
         focus: true
 

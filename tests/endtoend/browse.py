@@ -1,0 +1,151 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Searching, watching and taking in the real window, with the real tool."""
+
+import unittest
+
+from case import Case, probe
+from person import wait_until
+from scenarios import TITLES
+
+FIELD = "Search YouTube..."
+FIRST, SECOND, THIRD, FOURTH = (TITLES[video] for video in ("boat", "caulking", "nocturne", "bridges"))
+
+
+class Browse(Case):
+    def setUp(self):
+        super().setUp()
+        self.person.desktop.run("xdotool", "windowsize", "--sync", self.person.window, "960", "860")
+
+    def picture(self) -> str:
+        """What is seen in the middle of the player: changes while it plays."""
+        return self.person.desktop.run("import", "-window", self.person.window, "-crop",
+                                       "300x120+330+220", "-depth", "8", "-format", "%# %k", "info:-")
+
+    def check_plays(self):
+        """There is a picture of many colours, and it changes."""
+        wait_until(lambda: int(self.picture().split()[1]) > 4, "the picture")
+        first = self.picture()
+        wait_until(lambda: self.picture() != first, "the picture to move")
+
+    def is_still(self) -> bool:
+        before = self.picture()
+        self.person.desktop.run("sleep", "1")
+        return self.picture() == before
+
+    def check_downloads(self):
+        person = self.person
+        wait_until(lambda: len(person.history()) == 2, "the records", 120)
+        kinds = {(record["title"], record["format"], record["quality"]) for record in person.history()}
+        self.assertEqual(kinds, {(THIRD, "mp3", "Best"), (FOURTH, "mp4", "Best")})
+        self.assertEqual(probe(self.downloads / f"{THIRD}.mp3"), {"audio": "mp3", "height": 0})
+        self.assertEqual(probe(self.downloads / f"{FOURTH}.mp4")["height"], 1080)
+        wait_until(lambda: len(person.services("Notify")) == 2, "the notifications")
+
+    def check_calls(self, query: str):
+        search = self.person.calls()[0][0]
+        self.assertEqual(search[-1], f"ytsearch25:{query}")
+        for call, _environment in self.person.calls():
+            self.assertNotIn("--cookies-from-browser", call)
+        wait_until(lambda: not self.person.tools(), "the tools to end")
+
+    def test_by_mouse(self):
+        person = self.person
+        person.click("Browse")
+        person.see("Type a query above and press Search")
+        person.click(FIELD)
+        person.desktop.type("wooden boats")
+        person.click("Search")
+        person.see("13 results")
+        person.hover(FIRST)
+        person.click("Play", row=FIRST)
+        person.see("1 / 13")
+        self.check_plays()
+        person.see("2 / 13", 30)  # by itself
+        self.check_plays()
+        person.click("Next")
+        person.see("3 / 13")
+        person.click("Previous")
+        person.see("2 / 13")
+        self.check_plays()
+        person.click("MP3", row=THIRD)
+        person.click("MP4", row=FOURTH)
+        self.check_downloads()
+        person.click("Close player")
+        wait_until(lambda: not person.look_for("Close player"), "the player to go")
+        self.check_calls("wooden boats")
+
+    def test_by_keyboard_alone(self):
+        person = self.person
+        keys = person.desktop.keys
+        person.tab_to("Single", "shift+Tab")
+        keys("Left")
+        person.see(FIELD)
+        person.tab_to(FIELD)
+        person.desktop.type("--boats \"x\"")
+        keys("Return")
+        person.see("13 results")
+        person.tab_to(FIRST)
+        keys("Return")
+        person.see("1 / 13")
+        self.check_plays()
+        # Another one while this one resolves.
+        keys("Down", "Return", "Down", "Return")
+        person.see("3 / 13")
+        self.check_plays()
+        person.tab_to("Video", "shift+Tab")
+        keys("space")
+        person.see("Resume")
+        still = self.picture()
+        keys("Right", "j")
+        keys("space")
+        person.see("Pause")
+        wait_until(lambda: self.picture() != still, "the picture to move")
+        person.tab_to(THIRD)
+        keys("Tab", "Tab")
+        wait_until(lambda: person.focused() == "MP3", "the row's MP3")
+        keys("Return")
+        person.tab_to(THIRD, "shift+Tab")
+        keys("Down", "Tab")
+        wait_until(lambda: person.focused() == "MP4", "the next row's MP4")
+        keys("Return")
+        self.check_downloads()
+        person.tab_to("Close player", "shift+Tab")
+        keys("Return")
+        wait_until(lambda: not person.look_for("Close player"), "the player to go")
+        self.check_calls("--boats \"x\"")
+
+    def test_the_last_one_ends_and_stays_and_leaving_stops(self):
+        person = self.person
+        person.click("Browse")
+        person.click(FIELD)
+        person.desktop.type("boats")
+        person.desktop.keys("Return")
+        person.see("13 results")
+        person.tab_to(FIRST)
+        person.desktop.keys("End", "Return")
+        person.see("13 / 13")
+        self.check_plays()
+        wait_until(self.is_still, "the end")
+        self.assertGreater(int(self.picture().split()[1]), 4)  # the last picture stays
+        person.see("13 / 13")
+        self.assertEqual(len([call for call, _ in person.calls() if "--get-url" in call]), 1)
+        person.click("Single")
+        wait_until(lambda: not person.look_for("Close player"), "the player to go")
+        wait_until(lambda: not person.tools(), "the tools to end")
+
+    def test_a_stream_that_is_gone_is_an_error_to_read(self):
+        person = self.person
+        person.click("Browse")
+        person.click(FIELD)
+        person.desktop.type("missing streams")
+        person.desktop.keys("Return")
+        person.see("2 results")
+        person.tab_to("Test video missing")
+        person.desktop.keys("Return")
+        person.see("The stream cannot be played: http: HTTP error 404 Not Found")
+        person.see("1 / 2")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
