@@ -80,9 +80,9 @@ public:
         std::printf("processor time per progress report, with its frame: %.2f ms with a queue of "
                     "%d, %.2f ms with %d, %.2f ms with 1; of it on the window's thread %.2f, %.2f "
                     "and %.2f\n",
-                    median(all[2]) * 1000, lines(longFile), median(all[1]) * 1000,
-                    lines(shortFile), median(all[0]) * 1000, median(own[2]) * 1000,
-                    median(own[1]) * 1000, median(own[0]) * 1000);
+                    median(all[2]) * 1000, lines(longFile), median(all[1]) * 1000, lines(shortFile),
+                    median(all[0]) * 1000, median(own[2]) * 1000, median(own[1]) * 1000,
+                    median(own[0]) * 1000);
     }
 
 private:
