@@ -22,6 +22,12 @@ class Browse(Case):
         return self.person.desktop.run("import", "-window", self.person.window, "-crop",
                                        "300x120+330+220", "-depth", "8", "-format", "%# %k", "info:-")
 
+    def search(self, query: str):
+        self.person.click("Browse")
+        self.person.click(FIELD)
+        self.person.desktop.type(query)
+        self.person.desktop.keys("Return")
+
     def check_plays(self):
         """There is a picture of many colours, and it changes."""
         wait_until(lambda: int(self.picture().split()[1]) > 4, "the picture")
@@ -117,10 +123,7 @@ class Browse(Case):
 
     def test_the_last_one_ends_and_stays_and_leaving_stops(self):
         person = self.person
-        person.click("Browse")
-        person.click(FIELD)
-        person.desktop.type("boats")
-        person.desktop.keys("Return")
+        self.search("boats")
         person.see("13 results")
         person.tab_to(FIRST)
         person.desktop.keys("End", "Return")
@@ -136,10 +139,7 @@ class Browse(Case):
 
     def test_a_stream_that_is_gone_is_an_error_to_read(self):
         person = self.person
-        person.click("Browse")
-        person.click(FIELD)
-        person.desktop.type("missing streams")
-        person.desktop.keys("Return")
+        self.search("missing streams")
         person.see("2 results")
         person.tab_to("Test video missing")
         person.desktop.keys("Return")
