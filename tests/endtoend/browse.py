@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Searching, watching and taking in the real window, with the real tool."""
 
+import subprocess
 import unittest
 
 from case import Case, probe
@@ -120,6 +121,40 @@ class Browse(Case):
         keys("Return")
         wait_until(lambda: not person.look_for("Close player"), "the player to go")
         self.check_calls("--boats \"x\"")
+
+    def player_window(self) -> str | None:
+        """A window of the player's own: its title begins with that of a video."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name",
+                                "wooden boat|Nocturne|bridges|She said"], stdout=subprocess.PIPE,
+                               env=self.person.desktop.environment, text=True).stdout.split()
+        return found[-1] if found else None
+
+    def state_of(self, window: str) -> str:
+        return self.person.desktop.run("xprop", "-id", window, "_NET_WM_STATE")
+
+    def test_full_screen_and_picture_in_picture_and_back(self):
+        person = self.person
+        self.search("boats")
+        person.see("13 results")
+        person.tab_to(FIRST)
+        person.desktop.keys("Return")
+        person.see("1 / 13")
+        self.check_plays()
+        person.tab_to("Video", "shift+Tab")
+        person.desktop.keys("f")
+        window = wait_until(self.player_window, "the player's window")
+        wait_until(lambda: "FULLSCREEN" in self.state_of(window), "the whole screen")
+        person.desktop.keys("Escape")
+        wait_until(lambda: not self.player_window(), "the player to be back")
+        self.check_plays()
+        person.click("Picture in picture")
+        window = wait_until(self.player_window, "the small window")
+        wait_until(lambda: "ABOVE" in self.state_of(window), "the window to stay above")
+        person.desktop.run("xdotool", "windowsize", "--sync", window, "480", "290")
+        # Closed by its frame, while it plays.
+        person.desktop.keys("alt+F4")
+        wait_until(lambda: not self.player_window(), "the player to be back")
+        self.check_plays()
 
     def test_the_last_one_ends_and_stays_and_leaving_stops(self):
         person = self.person

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Quillon
 import Quillon.Shared
@@ -14,9 +12,53 @@ Card {
     // Where the picture is: in the panel, over the screen, or in a small window.
     property string place: "panel"
 
+    property Window window: null
+
     function toggle(other: string) {
         place = place === other ? "panel" : other;
     }
+
+    function toggleFullScreen() {
+        toggle("screen");
+    }
+
+    function comeBack() {
+        place = "panel";
+    }
+
+    function open() {
+        const made = Qt.createComponent("PlayerWindow.qml").createObject(root, {
+            panel: panel,
+            fillsScreen: place === "screen"
+        }) as PlayerWindow;
+        made.dismissed.connect(comeBack);
+        made.fullScreenToggled.connect(toggleFullScreen);
+        window = made;
+    }
+
+    function forget() {
+        if (window)
+            window.destroy();
+        window = null;
+    }
+
+    onPlaceChanged: {
+        forget();
+        if (place !== "panel")
+            open();
+    }
+
+    // What is stopped is not shown anywhere.
+    Connections {
+        function onChanged() {
+            if (!root.panel.isPresent)
+                root.comeBack();
+        }
+
+        target: root.panel
+    }
+
+    Component.onDestruction: forget()
 
     implicitHeight: surface.height + bar.height + 20
 
@@ -31,7 +73,7 @@ Card {
         x: 10
         y: 10
 
-        onFullScreenToggled: root.toggle("screen")
+        onFullScreenToggled: root.toggleFullScreen()
         onPictureInPictureToggled: root.toggle("window")
     }
 
@@ -45,18 +87,6 @@ Card {
             anchors.centerIn: parent
             color: Theme.overAccent
             text: root.place === "screen" ? "Playing in full screen" : "Playing in picture in picture"
-        }
-    }
-
-    Loader {
-        active: root.place !== "panel"
-
-        sourceComponent: PlayerWindow {
-            fillsScreen: root.place === "screen"
-            panel: root.panel
-
-            onFullScreenToggled: root.toggle("screen")
-            onDismissed: root.place = "panel"
         }
     }
 

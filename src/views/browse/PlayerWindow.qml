@@ -20,13 +20,15 @@ Window {
     minimumHeight: 135
     minimumWidth: 240
     title: panel.title
-    visibility: fillsScreen ? Window.FullScreen : Window.Windowed
     width: 360
 
     Component.onCompleted: {
-        if (!fillsScreen) {
+        if (fillsScreen) {
+            showFullScreen();
+        } else {
             x = Screen.virtualX + Screen.desktopAvailableWidth - width - 24;
             y = Screen.virtualY + Screen.desktopAvailableHeight - height - 48;
+            show();
         }
         requestActivate();
     }
