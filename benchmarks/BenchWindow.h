@@ -89,11 +89,13 @@ class BenchWindow
     Q_DISABLE_COPY_MOVE(BenchWindow)
 
 public:
-    /// Without a tool of its own it runs the real one.
-    explicit BenchWindow(bool hasRealTool = false)
+    /// Without a tool of its own it runs the real one; without an engine it plays
+    /// nothing.
+    explicit BenchWindow(bool hasRealTool = false, const PlayerEngineFactory &engine = {})
         : m_service(hasRealTool ? YTDLPService::standardSearchPaths()
                                 : QStringList{m_folder.filePath(u"yt-dlp"_s)})
     {
+        m_desktop.realEngine = engine;
         m_desktop.folders->paths = {m_folder.path()};
         letToolPrint(QString());
         m_app.emplace(AppStateParts{.service = &m_service,

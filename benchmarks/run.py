@@ -209,10 +209,56 @@ def measure_run(desktop: Desktop, renderer: str) -> None:
     run_benchmark(desktop, "QueueBenchmark")
 
 
+def run_player_benchmark(desktop: Desktop, renderer: str, *arguments: str) -> None:
+    print(f"{renderer}:", flush=True)
+    subprocess.run([str(BUILD / "src/PlayerBenchmark"), *arguments], env=desktop.environment,
+                   check=True)
+
+
+def long_stream(media: pathlib.Path, height: int) -> str:
+    """The name of a minute of this height, made at first use."""
+    name = f"minute{height}.mp4"
+    if not (media / name).exists():
+        subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-y", "-f", "lavfi", "-i",
+                        f"testsrc2=size={height * 16 // 9}x{height}:rate=25:duration=60", "-f", "lavfi",
+                        "-i", "sine=frequency=440:duration=60", "-c:v", "libx264", "-preset", "veryfast",
+                        "-pix_fmt", "yuv420p", "-c:a", "aac", "-movflags", "+faststart",
+                        str(media / name)], check=True)
+    return name
+
+
+def bare_player(desktop: Desktop, address: str) -> tuple[float, float]:
+    """The part of a core and the megabytes (PSS) of a player with the same engine,
+    with a picture as large as the panel's."""
+    player = desktop.start("mpv", "--no-config", "--vo=x11", "--ao=null", "--hwdec=no",
+                           "--geometry=569x320", address)
+    time.sleep(4)
+    before, began = processor_time(player.pid), time.monotonic()
+    time.sleep(20)
+    share = (processor_time(player.pid) - before) / (time.monotonic() - began)
+    rollup = pathlib.Path(f"/proc/{player.pid}/smaps_rollup").read_text()
+    player.terminate()
+    player.wait()
+    return share, int(re.search(r"^Pss:\s+(\d+)", rollup, re.M)[1]) / 1024
+
+
+def measure_player(desktop: Desktop, renderer: str, site: str, media: pathlib.Path) -> None:
+    for height in (720, 1080):
+        address = f"{site}/media/{long_stream(media, height)}"
+        for _round in range(3):
+            ours = desktop.run(str(BUILD / "src/PlayerBenchmark"), address).split()
+            share, memory = bare_player(desktop, address)
+            print(f"{renderer}: playing {height}p: {float(ours[0]):.1%} of a core, {ours[1]} MB, "
+                  f"{ours[2]} frames/s; bare player {share:.1%}, {memory:.1f} MB; ratios "
+                  f"{float(ours[0]) / share:.2f}, {float(ours[1]) / memory:.2f}", flush=True)
+
+
 def main() -> None:
-    chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser", "lists", "queue", "run"}
+    chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser", "lists", "queue", "run",
+                                "player", "picture", "idle"}
     with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-"))) as desktop:
-        start_site(desktop, ROOT / "build/site-media")
+        media = ROOT / "build/site-media"
+        site = start_site(desktop, media)
         for renderer in ("llvmpipe", "software"):
             if renderer == "software":
                 desktop.environment["QT_QUICK_BACKEND"] = "software"
@@ -224,6 +270,12 @@ def main() -> None:
                 measure_queue(desktop, renderer)
             if "run" in chosen:
                 measure_run(desktop, renderer)
+            if "player" in chosen:
+                measure_player(desktop, renderer, site, media)
+            if "idle" in chosen:
+                run_player_benchmark(desktop, renderer, "idle")
+            if "picture" in chosen:
+                run_player_benchmark(desktop, renderer)
             if "download" in chosen:
                 measure_download(desktop, renderer, hidden=False)
                 if renderer == "software":

@@ -16,10 +16,11 @@ from scenarios import WATCH
 HERE = pathlib.Path(__file__).parent
 
 
-def start_site(desktop: Desktop, media: pathlib.Path) -> None:
+def start_site(desktop: Desktop, media: pathlib.Path) -> str:
+    """Its address, when it is ready."""
     site = desktop.start(sys.executable, str(HERE / "site.py"), "--home", str(desktop.home),
                          "--media", str(media), stdout=subprocess.PIPE)
-    site.stdout.readline()  # it prints its address when it is ready
+    return site.stdout.readline().decode().strip()
 
 
 def tool_runs() -> bool:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Appearance.h"
+#include "MediaSession.h"
 #include "Preferences.h"
 #include "QmlTypes.h"
 #include "QuillonApp.h"
@@ -72,6 +73,9 @@ int main(int argc, char *argv[])
     Appearance appearance(preferences, systemAppearance);
     QuillonApp app;
     AppStateForQml::instance = &app.state();
+    MediaControl mediaControl;
+    SleepInhibitor sleepInhibitor;
+    const MediaSession mediaSession(app.state(), mediaControl, sleepInhibitor);
 
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -84,6 +88,8 @@ int main(int argc, char *argv[])
         return 1;
     }
     QObject::connect(&instance, &SingleInstance::activationRequested, &engine,
+                     [&engine] { bringForward(engine); });
+    QObject::connect(&mediaControl, &MediaControl::raiseRequested, &engine,
                      [&engine] { bringForward(engine); });
     const int status = QGuiApplication::exec();
     instance.stopListening();

@@ -32,6 +32,7 @@ void AVPlayer::play()
 void AVPlayer::replaceCurrentItem(const std::optional<AVPlayerItem> &item)
 {
     m_hasItem = item.has_value();
+    m_hasEnded = false;
     ++m_itemNumber;
     m_picture = QImage();
     m_status = {};
@@ -64,10 +65,17 @@ void AVPlayer::failLater(const QString &error)
     });
 }
 
+void AVPlayer::resume()
+{
+    if (m_hasEnded)
+        seek(0);
+    play();
+}
+
 void AVPlayer::togglePause()
 {
     if (m_isPaused)
-        play();
+        resume();
     else
         pause();
 }
@@ -79,8 +87,10 @@ void AVPlayer::seek(double position)
     const double last = m_status.duration > 0 ? m_status.duration : position;
     const double target = std::clamp(position, 0.0, std::max(0.0, last));
     m_status.position = target; // at once, for the one who drags
+    m_hasEnded = false;
     m_engine->seek(target);
     Q_EMIT statusChanged();
+    Q_EMIT sought(target);
 }
 
 void AVPlayer::setVolume(double volume)
@@ -114,11 +124,7 @@ bool AVPlayer::loadEngine()
         return true;
     m_engine = m_makeEngine({.statusChanged = [this](const auto &status) { takeStatus(status); },
                              .pictureChanged = [this](const auto &image) { takePicture(image); },
-                             .ended =
-                                 [this] {
-                                     if (m_hasItem)
-                                         Q_EMIT didPlayToEnd();
-                                 },
+                             .ended = [this] { takeEnd(); },
                              .failed = [this](const auto &message) { takeFailure(message); }},
                             m_engineError);
     if (!m_engine)
@@ -137,6 +143,15 @@ void AVPlayer::takeStatus(const PlayerStatus &status)
         return;
     m_status = status;
     Q_EMIT statusChanged();
+}
+
+void AVPlayer::takeEnd()
+{
+    if (!m_hasItem)
+        return;
+    m_hasEnded = true;
+    pause();
+    Q_EMIT didPlayToEnd();
 }
 
 void AVPlayer::takePicture(const QImage &picture)

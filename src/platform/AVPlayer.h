@@ -20,6 +20,7 @@ class AVPlayer : public QObject
     Q_OBJECT
     Q_PROPERTY(bool hasItem READ hasItem NOTIFY itemChanged)
     Q_PROPERTY(bool isPaused READ isPaused NOTIFY statusChanged)
+    Q_PROPERTY(bool hasEnded READ hasEnded NOTIFY statusChanged)
     Q_PROPERTY(bool isBuffering READ isBuffering NOTIFY statusChanged)
     Q_PROPERTY(double position READ position NOTIFY statusChanged)
     Q_PROPERTY(double duration READ duration NOTIFY statusChanged)
@@ -31,7 +32,7 @@ public:
     explicit AVPlayer(PlayerEngineFactory makeEngine);
     ~AVPlayer() override;
 
-    void pause();
+    Q_INVOKABLE void pause();
     void play();
     /// Plays this instead, or nothing. Only http and https are opened.
     void replaceCurrentItem(const std::optional<AVPlayerItem> &item);
@@ -39,6 +40,8 @@ public:
     // What its view offers beside.
     [[nodiscard]] bool hasItem() const { return m_hasItem; }
     [[nodiscard]] bool isPaused() const { return m_isPaused; }
+    /// Whether it has been played to its end and nothing has been done with it since.
+    [[nodiscard]] bool hasEnded() const { return m_hasEnded; }
     [[nodiscard]] bool isBuffering() const { return m_status.isBuffering; }
     [[nodiscard]] double position() const { return m_status.position; }
     [[nodiscard]] double duration() const { return m_status.duration; }
@@ -48,6 +51,8 @@ public:
     /// What is to be seen now; null without an item.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
 
+    /// Goes on, from the beginning again if it has ended.
+    void resume();
     Q_INVOKABLE void togglePause();
     /// To so many seconds from the beginning, within the item.
     Q_INVOKABLE void seek(double position);
@@ -57,7 +62,7 @@ public:
     void setPictureSize(const QSize &size);
 
 Q_SIGNALS:
-    /// The item has been played to its end. It stays.
+    /// The item has been played to its end. It stays, paused.
     void didPlayToEnd();
     /// The item cannot be opened, or has broken off; it is gone.
     void failed(const QString &message);
@@ -65,11 +70,14 @@ Q_SIGNALS:
     void statusChanged();
     void soundChanged();
     void pictureChanged();
+    /// Somebody has moved the position, in seconds.
+    void sought(double position);
 
 private:
     bool loadEngine();
     void failLater(const QString &error);
     void takeStatus(const PlayerStatus &status);
+    void takeEnd();
     void takePicture(const QImage &picture);
     void takeFailure(const QString &message);
 
@@ -83,5 +91,6 @@ private:
     int m_itemNumber = 0;
     bool m_hasItem = false;
     bool m_isPaused = true;
+    bool m_hasEnded = false;
     bool m_isMuted = false;
 };

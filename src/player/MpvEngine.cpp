@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MpvEngine.h"
 
-#include "MpvOptions.h"
-
 #include <mpv/client.h>
 
 #include <algorithm>
@@ -10,7 +8,6 @@
 #include <clocale>
 #include <cmath>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -56,10 +53,11 @@ qint64 entryOf(const mpv_event_command &reply)
 
 } // namespace
 
-std::unique_ptr<MpvEngine> MpvEngine::create(Events events, QString &error)
+std::unique_ptr<MpvEngine> MpvEngine::create(Events events, QString &error,
+                                             const std::vector<MpvOption> &options)
 {
     std::unique_ptr<MpvEngine> engine(new MpvEngine(std::move(events)));
-    return engine->start(error) ? std::move(engine) : nullptr;
+    return engine->start(error, options) ? std::move(engine) : nullptr;
 }
 
 MpvEngine::MpvEngine(Events events)
@@ -82,12 +80,14 @@ MpvEngine::~MpvEngine()
     m_mailbox->close();
 }
 
-bool MpvEngine::start(QString &error)
+bool MpvEngine::start(QString &error, const std::vector<MpvOption> &options)
 {
     // mpv refuses a locale with a decimal comma.
     std::setlocale(LC_NUMERIC, "C");
     m_mpv = mpv_create();
-    if (!m_mpv || !setOptions() || mpv_initialize(m_mpv) < 0) {
+    const auto set = [this](const MpvOption &option) { return setOption(option); };
+    if (!m_mpv || !std::all_of(std::begin(mpvOptions), std::end(mpvOptions), set)
+        || !std::all_of(options.begin(), options.end(), set) || mpv_initialize(m_mpv) < 0) {
         error = QStringLiteral("The player cannot be started");
         return false;
     }
@@ -110,12 +110,9 @@ bool MpvEngine::start(QString &error)
     return true;
 }
 
-bool MpvEngine::setOptions()
+bool MpvEngine::setOption(const MpvOption &option)
 {
-    return std::all_of(std::begin(mpvOptions), std::end(mpvOptions),
-                       [this](const MpvOption &option) {
-                           return mpv_set_option_string(m_mpv, option.name, option.value) >= 0;
-                       });
+    return mpv_set_option_string(m_mpv, option.name, option.value) >= 0;
 }
 
 void MpvEngine::load(const QUrl &address)
@@ -197,11 +194,9 @@ void MpvEngine::take(const mpv_event &event)
     case MPV_EVENT_START_FILE:
         m_startedEntry = static_cast<const mpv_event_start_file *>(event.data)->playlist_entry_id;
         break;
-    case MPV_EVENT_FILE_LOADED:
-        m_picture->drawAgain();
-        break;
     case MPV_EVENT_PLAYBACK_RESTART:
         m_hasBegun = isCurrent();
+        m_picture->drawAgain(); // what was drawn before may have been of another
         if (m_hasBegun && m_seekLater)
             seek(*m_seekLater);
         break;
@@ -320,6 +315,6 @@ void MpvEngine::tellPicture()
         const std::scoped_lock lock(m_pictureMutex);
         picture = std::exchange(m_newPicture, QImage());
     }
-    if (isCurrent())
+    if (m_hasBegun)
         m_events.pictureChanged(picture);
 }

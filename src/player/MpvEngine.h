@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Mailbox.h"
+#include "MpvOptions.h"
 #include "MpvPicture.h"
 #include "PlayerEngine.h"
 
@@ -10,6 +11,7 @@
 
 #include <atomic>
 #include <optional>
+#include <vector>
 
 struct mpv_event;
 struct mpv_event_end_file;
@@ -22,8 +24,10 @@ class MpvEngine : public PlayerEngine
     Q_DISABLE_COPY_MOVE(MpvEngine)
 
 public:
-    /// Nothing if mpv does not start, which `error` explains.
-    static std::unique_ptr<MpvEngine> create(Events events, QString &error);
+    /// Nothing if mpv does not start, which `error` explains. Options that are given
+    /// take the place of the program's own.
+    static std::unique_ptr<MpvEngine> create(Events events, QString &error,
+                                             const std::vector<MpvOption> &options = {});
     ~MpvEngine() override;
 
     void load(const QUrl &address) override;
@@ -36,8 +40,8 @@ public:
 
 private:
     explicit MpvEngine(Events events);
-    bool start(QString &error);
-    bool setOptions();
+    bool start(QString &error, const std::vector<MpvOption> &options);
+    bool setOption(const MpvOption &option);
     void command(std::initializer_list<QByteArray> words, quint64 number = 0);
     void setFlag(const char *property, bool value);
 

@@ -35,10 +35,22 @@ class Browse(Case):
         first = self.picture()
         wait_until(lambda: self.picture() != first, "the picture to move")
 
-    def is_still(self) -> bool:
-        before = self.picture()
-        self.person.desktop.run("sleep", "1")
-        return self.picture() == before
+    def media_control(self, *call: str) -> str:
+        """What the desktop's media control is answered."""
+        return self.person.desktop.run(
+            "gdbus", "call", "--session", "--dest", "org.mpris.MediaPlayer2.quillon",
+            "--object-path", "/org/mpris/MediaPlayer2", "--method", *call)
+
+    def control(self, method: str, *arguments: str):
+        self.media_control(f"org.mpris.MediaPlayer2.Player.{method}", *arguments)
+
+    def told(self, name: str) -> str:
+        return self.media_control("org.freedesktop.DBus.Properties.Get",
+                                  "org.mpris.MediaPlayer2.Player", name)
+
+    def is_awake(self) -> bool:
+        """Whether the screen is kept from sleeping."""
+        return len(self.person.services("Inhibit")) > len(self.person.services("UnInhibit"))
 
     def check_downloads(self):
         person = self.person
@@ -164,13 +176,54 @@ class Browse(Case):
         person.desktop.keys("End", "Return")
         person.see("13 / 13")
         self.check_plays()
-        wait_until(self.is_still, "the end")
-        self.assertGreater(int(self.picture().split()[1]), 4)  # the last picture stays
+        person.see("Play again", 30)
+        last = self.picture()
+        self.assertGreater(int(last.split()[1]), 4)  # the last picture stays
+        wait_until(lambda: not self.is_awake(), "the screen to sleep as it likes")
+        self.assertEqual(self.picture(), last)
         person.see("13 / 13")
         self.assertEqual(len([call for call, _ in person.calls() if "--get-url" in call]), 1)
         person.click("Single")
         wait_until(lambda: not person.look_for("Close player"), "the player to go")
         wait_until(lambda: not person.tools(), "the tools to end")
+
+    def test_the_desktops_media_control_and_the_media_keys(self):
+        person = self.person
+        self.search("boats")
+        person.see("13 results")
+        self.assertFalse(self.is_awake())
+        person.tab_to(FIRST)
+        person.desktop.keys("Return")
+        self.check_plays()
+        wait_until(self.is_awake, "the screen to stay awake")
+        self.assertIn(FIRST, self.told("Metadata"))
+        self.assertIn("Harbour Workshop", self.told("Metadata"))
+        self.assertIn("thumbnail.png", self.told("Metadata"))
+        self.control("Pause")
+        person.see("Resume")
+        wait_until(lambda: not self.is_awake(), "the screen to sleep as it likes")
+        self.assertIn("Paused", self.told("PlaybackStatus"))
+        self.control("Seek", "int64 -600000000")
+        wait_until(lambda: "<int64 0>" in self.told("Position"), "the beginning")
+        first = self.picture()
+        self.control("PlayPause")
+        wait_until(lambda: self.picture() != first, "the picture to move")
+        self.control("Next")
+        person.see("2 / 13")
+        self.control("Previous")
+        person.see("1 / 13")
+        person.desktop.keys("XF86AudioNext")
+        person.see("2 / 13")
+        person.desktop.keys("XF86AudioPrev")
+        person.see("1 / 13")
+        self.check_plays()
+        person.desktop.keys("XF86AudioPlay")
+        wait_until(lambda: "Paused" in self.told("PlaybackStatus"), "the pause")
+        self.control("Stop")
+        wait_until(lambda: not person.look_for("Close player"), "the player to go")
+        self.assertNotIn("org.mpris", person.desktop.run(
+            "gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path", "/",
+            "--method", "org.freedesktop.DBus.ListNames"))
 
     def test_a_stream_that_is_gone_is_an_error_to_read(self):
         person = self.person

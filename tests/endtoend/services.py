@@ -26,6 +26,12 @@ INTERFACES = """
     <method name="ShowItems"><arg type="as" direction="in"/><arg type="s" direction="in"/></method>
     <method name="ShowFolders"><arg type="as" direction="in"/><arg type="s" direction="in"/></method>
   </interface>
+  <interface name="org.freedesktop.ScreenSaver">
+    <method name="Inhibit">
+      <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="u" direction="out"/>
+    </method>
+    <method name="UnInhibit"><arg type="u" direction="in"/></method>
+  </interface>
   <interface name="org.freedesktop.portal.Settings">
     <method name="ReadAll">
       <arg type="as" direction="in"/><arg type="a{sa{sv}}" direction="out"/>
@@ -38,12 +44,15 @@ LIGHT, DARK = GLib.Variant("u", 2), GLib.Variant("u", 1)
 APPEARANCE = "org.freedesktop.appearance"
 ANSWERS = {"ReadAll": GLib.Variant("(a{sa{sv}})", ({APPEARANCE: {"color-scheme": LIGHT}},)),
            "GetCapabilities": GLib.Variant("(as)", (["body", "body-markup"],)),
+           "Inhibit": GLib.Variant("(u)", (7,)),
            "Notify": GLib.Variant("(u)", (1,))}
 NAMES = {"org.freedesktop.Notifications": "org.freedesktop.Notifications",
          "org.freedesktop.FileManager1": "org.freedesktop.FileManager1",
+         "org.freedesktop.ScreenSaver": "org.freedesktop.ScreenSaver",
          "org.freedesktop.portal.Desktop": "org.freedesktop.portal.Settings"}
 PATHS = {"org.freedesktop.Notifications": "/org/freedesktop/Notifications",
          "org.freedesktop.FileManager1": "/org/freedesktop/FileManager1",
+         "org.freedesktop.ScreenSaver": "/org/freedesktop/ScreenSaver",
          "org.freedesktop.portal.Desktop": "/org/freedesktop/portal/desktop"}
 
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WindowFixture.h"
+#include "BrowseFixture.h"
 
-/// Browse mode, with a player that plays nothing.
-class BrowseScreenTest : public WindowFixture
+/// What browse mode shows of a search and its results.
+class BrowseScreenTest : public BrowseFixture
 {
     Q_OBJECT
 
@@ -93,50 +93,6 @@ private Q_SLOTS:
         WAIT_FOR(!shown("playerPanel"));
     }
 
-    void previousAndNextEndWithTheList()
-    {
-        show(3);
-        play(0);
-        QVERIFY(!item("playPrevious")->isEnabled());
-        QCOMPARE(textOf("playerPlace"), u"1 / 3"_s);
-        click("playNext");
-        QCOMPARE(state().nowPlaying()->id, u"1"_s);
-        QVERIFY(item("playPrevious")->isEnabled());
-        click("playNext");
-        QCOMPARE(textOf("playerPlace"), u"3 / 3"_s);
-        QVERIFY(!item("playNext")->isEnabled());
-        click("playPrevious");
-        QCOMPARE(state().nowPlaying()->id, u"1"_s);
-    }
-
-    void anErrorOfThePlayerIsReadOverThePicture()
-    {
-        show(1);
-        play(0);
-        engine()->events.failed(u"The connection was lost"_s);
-        WAIT_FOR(shown("playerError"));
-        QCOMPARE(textOf("playerError"), u"The connection was lost"_s);
-        QVERIFY(accessible("playerError")->role() == QAccessible::AlertMessage);
-    }
-
-    void closingThePlayerStopsIt()
-    {
-        show(1);
-        play(0);
-        QCOMPARE(accessible("closePlayer")->text(QAccessible::Name), u"Close player"_s);
-        click("closePlayer");
-        QVERIFY(!state().nowPlaying());
-    }
-
-    void leavingBrowseStopsPlayback()
-    {
-        show(1);
-        play(0);
-        click("modeSingle");
-        WAIT_FOR(!state().nowPlaying());
-        QVERIFY(!state().avPlayer.hasItem());
-    }
-
     void theTwoButtonsOfARowShowTheirOwnProgress()
     {
         show(1);
@@ -166,95 +122,57 @@ private Q_SLOTS:
         QCOMPARE(symbol("video0"), u"film"_s);
     }
 
-    void thePlayersKeysAct()
+    void aResultThatLacksNearlyEverythingIsARowLikeOthers()
     {
+        show(0);
+        m_fixture.tool.setScript(R"(echo '{"id":"a","title":null,"thumbnails":[]}')");
+        state().browseSearchQuery = u"x"_s;
+        state().searchYouTube();
+        WAIT_FOR(shown("result0"));
+        QVERIFY(accessible("result0")->text(QAccessible::Name).startsWith(u"Unknown"));
+        const double height = item("result0")->height();
         show(1);
-        play(0);
-        engine()->events.statusChanged({.position = 30, .duration = 60, .loadedTo = 50});
-        focusByTab("video");
-        press(Qt::Key_Left);
-        press(Qt::Key_L);
-        QCOMPARE(engine()->sought, QList({25.0, 35.0}));
-        press(Qt::Key_Space);
-        QVERIFY(engine()->isPaused);
-        press(Qt::Key_K);
-        QVERIFY(!engine()->isPaused);
-        press(Qt::Key_M);
-        QVERIFY(engine()->isMuted);
-        QCOMPARE(textOf("elapsed"), u"0:35"_s);
-        QCOMPARE(textOf("total"), u"1:00"_s);
+        QCOMPARE(item("result0")->height(), height);
     }
 
-    void thePositionBarSeeksByClickAndDrag()
+    void longAndForeignQueriesAreSearchedAsTheyAre()
+    {
+        show(0);
+        m_fixture.tool.setScript("true");
+        for (const QString &query : {QString(2000, u'x'), u"--exec \"rm\" 'a' -o /x"_s,
+                                     u"\u05e9\u05dc\u05d5\u05dd \u0645\u0631\u062d"_s}) {
+            state().browseSearchQuery = query;
+            focusField();
+            QTest::keyClick(m_window, Qt::Key_Return);
+            WAIT_FOR(!state().isBrowseSearching() && !m_fixture.tool.calls().isEmpty());
+            WAIT_FOR(m_fixture.tool.calls().last().last() == u"ytsearch25:"_s + query);
+        }
+    }
+
+    void aLaterSearchBringsTheStatusesBack()
     {
         show(1);
-        play(0);
-        engine()->events.statusChanged({.position = 0, .duration = 100});
-        state().avPlayer.pause(); // so that the controls stay
-        WAIT_FOR(shown("positionBar"));
-        m_window->grabWindow();
-        const QPoint middle = centreOf("positionBar");
-        QTest::mousePress(m_window, Qt::LeftButton, {}, middle);
-        QTest::mouseMove(m_window, middle + QPoint(60, 0));
-        QTest::mouseRelease(m_window, Qt::LeftButton, {}, middle + QPoint(60, 0));
-        QVERIFY(engine()->sought.size() >= 2);
-        QVERIFY(std::abs(engine()->sought.first() - 50) < 2);
-        QVERIFY(engine()->sought.last() > engine()->sought.first() + 5);
-        QVERIFY(accessible("positionBar")->role() == QAccessible::Slider);
+        m_fixture.tool.setScript("true");
+        click("audio0");
+        WAIT_FOR(symbol("audio0") == u"checkmark");
+        state().browseResults = AppState::Results();
+        WAIT_FOR(!item("audio0"));
+        m_fixture.tool.setScript("echo '{\"id\":\"new\"}'; echo '{\"id\":\"0\"}'");
+        state().browseSearchQuery = u"again"_s;
+        state().searchYouTube();
+        WAIT_FOR(shown("result1"));
+        QCOMPARE(symbol("audio1"), u"checkmark"_s);
+        QCOMPARE(symbol("audio0"), u"music.note"_s);
+        QCOMPARE(symbol("video1"), u"film"_s);
     }
 
 private:
-    void show(int count)
-    {
-        AppState::Results results;
-        for (int number = 0; number < count; ++number)
-            results.append(result(number));
-        state().browseResults = results;
-        state().mode = AppMode::browse;
-        m_fixture.tool.setScript("echo http://127.0.0.1/a.mp4");
-        WAIT_FOR(count == 0 ? !placeholder().isEmpty() : shown("result0"));
-    }
-
-    /// Plays a result until it is the engine's turn.
-    void play(int row)
-    {
-        state().playBrowseResult(state().browseResults()[row]);
-        WAIT_FOR(!state().isLoadingStream() && state().avPlayer.hasItem());
-        WAIT_FOR(shown("playerPanel") && item("playerPanel")->parentItem()->opacity() > 0.99);
-        engine()->sought.clear();
-    }
-
-    RecordingDesktop::SilentEngine *engine() { return *m_fixture.desktop.engine; }
-
-    /// The title of what stands in the place of results.
-    QString placeholder() { return placeholderIn(m_window->contentItem()); }
-
-    static QString placeholderIn(const QQuickItem *parent)
-    {
-        const QList<QQuickItem *> children = parent->childItems();
-        for (const QQuickItem *const child : children) {
-            if (child->objectName() == u"browsePlaceholder" && child->isVisible())
-                return child->property("text").toString();
-            if (const QString found = placeholderIn(child); !found.isEmpty())
-                return found;
-        }
-        return {};
-    }
-
     double ring(const char *button)
     {
         return find(item(button), u"downloadRing"_s)->property("progress").toDouble();
     }
 
     QString symbol(const char *button) { return item(button)->property("symbol").toString(); }
-
-    QPoint centreOf(const char *name)
-    {
-        const QQuickItem *const target = item(name);
-        return target->mapToScene({target->width() / 2, target->height() / 2}).toPoint();
-    }
-
-    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
 };
 
 QTEST_MAIN(BrowseScreenTest)

@@ -31,7 +31,7 @@ private Q_SLOTS:
         AppStateForQml::instance = &m_app->state();
         m_engine = std::make_unique<QQmlApplicationEngine>();
         m_engine->addImportPath(u"qrc:/qt/qml"_s);
-        m_engine->addImageProvider(u"thumbnail"_s, new ThumbnailProvider);
+        m_engine->addImageProvider(u"thumbnail"_s, makeThumbnails());
         m_engine->setInitialProperties(
             {{u"app"_s, QVariant::fromValue(m_app.get())},
              {u"appearance"_s, QVariant::fromValue(m_appearance.get())}});
@@ -72,6 +72,8 @@ private Q_SLOTS:
     }
 
 protected:
+    virtual QQmlImageProviderBase *makeThumbnails() { return new ThumbnailProvider; }
+
     /// Without a picture: one that cannot be had makes Qt warn.
     static VideoInfo video()
     {

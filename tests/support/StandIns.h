@@ -62,6 +62,8 @@ struct RecordingDesktop
         bool isMuted = false;
     };
 
+    /// What plays in place of the silent one, if anything.
+    PlayerEngineFactory realEngine;
     /// The engine, once it has been asked for.
     std::shared_ptr<SilentEngine *> engine = std::make_shared<SilentEngine *>(nullptr);
     /// What making one fails with, if anything.
@@ -88,6 +90,6 @@ struct RecordingDesktop
                 .sound = sound,
                 .fileViewer = fileViewer,
                 .folders = folders,
-                .playerEngine = makeEngine};
+                .playerEngine = realEngine ? realEngine : makeEngine};
     }
 };

@@ -101,6 +101,37 @@ private Q_SLOTS:
         QCOMPARE(m_player->position(), 10.0);
     }
 
+    void atItsEndItStaysPausedAndIsPlayedAgainFromTheBeginning()
+    {
+        const QSignalSpy spy(m_player.get(), &AVPlayer::didPlayToEnd);
+        m_player->replaceCurrentItem(AVPlayerItem{m_address});
+        m_player->play();
+        engine()->events.ended();
+        QCOMPARE(spy.count(), 1);
+        QVERIFY(m_player->hasItem() && m_player->hasEnded() && m_player->isPaused());
+        QVERIFY(engine()->isPaused);
+        m_player->togglePause();
+        QCOMPARE(engine()->sought, QList<double>{0});
+        QVERIFY(!m_player->hasEnded() && !engine()->isPaused);
+        m_player->togglePause();
+        m_player->togglePause(); // goes on where it was
+        QCOMPARE(engine()->sought.size(), 1);
+    }
+
+    void afterTheEndSeekingOrAnotherItemIsNoNewBeginning()
+    {
+        m_player->replaceCurrentItem(AVPlayerItem{m_address});
+        engine()->events.ended();
+        m_player->seek(5);
+        m_player->resume();
+        QCOMPARE(engine()->sought, QList<double>{5});
+        engine()->events.ended();
+        m_player->replaceCurrentItem(AVPlayerItem{m_address});
+        QVERIFY(!m_player->hasEnded());
+        m_player->resume();
+        QCOMPARE(engine()->sought.size(), 1);
+    }
+
     void anItemThatBreaksIsGone()
     {
         const QSignalSpy spy(m_player.get(), &AVPlayer::failed);

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MpvEngine.h"
+#include "Clip.h"
 
-#include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <algorithm>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -26,8 +29,8 @@ private Q_SLOTS:
     void initTestCase()
     {
         qunsetenv("PULSE_SERVER");
-        m_clip = made(3);
-        m_longClip = made(8);
+        m_clip = madeClip(3);
+        m_longClip = madeClip(8);
         QVERIFY(m_clip.size() > 10000);
         QVERIFY(m_server.listen(QHostAddress::LocalHost));
         connect(&m_server, &QTcpServer::newConnection, this, [this] {
@@ -43,15 +46,7 @@ private Q_SLOTS:
         m_failures.clear();
         m_ends = 0;
         m_status = {};
-        QString error;
-        m_engine = MpvEngine::create(
-            {.statusChanged = [this](const PlayerStatus &status) { m_status = status; },
-             .pictureChanged = [this](const QImage &picture) { m_pictures.append(picture); },
-             .ended = [this] { ++m_ends; },
-             .failed = [this](const QString &message) { m_failures.append(message); }},
-            error);
-        QVERIFY2(m_engine, qPrintable(error));
-        m_engine->setPictureSize({321, 181});
+        make();
     }
     void cleanup() { m_engine.reset(); }
 
@@ -157,13 +152,75 @@ private Q_SLOTS:
         m_engine->unload();
         m_pictures.clear();
         m_status = {};
-        QTest::qWait(300);
+        load("missing"); // until this has failed nothing else is told
+        WAIT_FOR(m_failures.size() == 1);
         QCOMPARE(m_pictures.size(), 0);
         QCOMPARE(m_status.position, 0.0);
         QCOMPARE(m_ends, 0);
     }
 
+    void theSoundReachesTheOutputAsLoudAsItIsWanted()
+    {
+        const int whole = loudness(1, false);
+        QVERIFY2(whole > 2000, qPrintable(QString::number(whole)));
+        const int low = loudness(0.5, false);
+        QVERIFY2(low > 0 && low < whole / 2, qPrintable(QString::number(low)));
+        QCOMPARE(loudness(1, true), 0);
+    }
+
+    void withoutASoundDeviceItPlays()
+    {
+        // No server and no card that could be meant.
+        for (const char *const name : {"PULSE_SERVER", "PIPEWIRE_REMOTE", "ALSA_CONFIG_PATH"})
+            qputenv(name, "/nowhere");
+        make();
+        load("clip.mp4");
+        WAIT_FOR(m_ends == 1);
+        QVERIFY(m_failures.isEmpty());
+        QVERIFY(!isBlack(m_pictures.last()));
+        for (const char *const name : {"PULSE_SERVER", "PIPEWIRE_REMOTE", "ALSA_CONFIG_PATH"})
+            qunsetenv(name);
+    }
+
 private:
+    void make(const std::vector<MpvOption> &options = {})
+    {
+        QString error;
+        m_engine = MpvEngine::create(
+            {.statusChanged = [this](const PlayerStatus &status) { m_status = status; },
+             .pictureChanged = [this](const QImage &picture) { m_pictures.append(picture); },
+             .ended = [this] { ++m_ends; },
+             .failed = [this](const QString &message) { m_failures.append(message); }},
+            error, options);
+        QVERIFY2(m_engine, qPrintable(error));
+        m_engine->setPictureSize({321, 181});
+    }
+
+    /// The greatest sample of what the clip brings to an output that is a file.
+    int loudness(double volume, bool isMuted)
+    {
+        const QTemporaryDir folder;
+        const QByteArray path = folder.filePath(u"sound"_s).toUtf8();
+        m_ends = 0;
+        make({{"ao", "pcm"},
+              {"ao-pcm-file", path.constData()},
+              {"ao-pcm-waveheader", "no"},
+              {"audio-format", "s16"}});
+        m_engine->setVolume(volume);
+        m_engine->setMuted(isMuted);
+        load("clip.mp4");
+        if (!QTest::qWaitFor([this] { return m_ends == 1; }, patience))
+            return -1;
+        m_engine.reset(); // writes what is left
+        QFile file(QString::fromUtf8(path));
+        if (!file.open(QIODevice::ReadOnly) || file.size() < 100'000)
+            return -1;
+        const QByteArray bytes = file.readAll();
+        const std::span samples(reinterpret_cast<const qint16 *>(bytes.constData()),
+                                static_cast<size_t>(bytes.size()) / sizeof(qint16));
+        return *std::max_element(samples.begin(), samples.end());
+    }
+
     void load(const QByteArray &path)
     {
         m_engine->load(
@@ -205,20 +262,6 @@ private:
                       + "/" + size
                       + "\r\nContent-Length: " + QByteArray::number(content.size() - first)
                       + "\r\nConnection: close\r\n\r\n" + content.mid(first));
-    }
-
-    static QByteArray made(int seconds)
-    {
-        QTemporaryDir folder;
-        const QString path = folder.filePath(u"clip.mp4"_s);
-        const QString duration = u"duration=%1"_s.arg(seconds);
-        QProcess::execute(u"ffmpeg"_s,
-                          {u"-v"_s, u"error"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                           u"testsrc=size=320x180:rate=25:"_s + duration, u"-f"_s, u"lavfi"_s,
-                           u"-i"_s, u"sine="_s + duration, u"-g"_s, u"25"_s, u"-pix_fmt"_s,
-                           u"yuv420p"_s, u"-movflags"_s, u"+faststart"_s, path});
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     static bool isBlack(const QImage &picture)

@@ -60,6 +60,10 @@ Card {
 
     Component.onDestruction: forget()
 
+    MediaKeys {
+        panel: root.panel
+    }
+
     implicitHeight: surface.height + bar.height + 20
 
     PlayerSurface {

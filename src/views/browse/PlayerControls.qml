@@ -47,7 +47,7 @@ Rectangle {
         PlayerButton {
             id: play
 
-            help: root.player.isPaused ? "Resume" : "Pause"
+            help: root.player.hasEnded ? "Play again" : root.player.isPaused ? "Resume" : "Pause"
             objectName: "playPause"
             symbol: root.player.isPaused ? "play.fill" : "pause.fill"
 

@@ -22,7 +22,8 @@ T.Slider {
 
     Binding on value {
         restoreMode: Binding.RestoreNone
-        value: root.current
+        // What lies beyond the end would be cut off, and stay so when the end grows.
+        value: Math.min(root.to, root.current)
         when: !root.pressed
     }
 

@@ -90,6 +90,7 @@ FocusScope {
         Spinner {
             anchors.horizontalCenter: parent.horizontalCenter
             color: Theme.overAccent
+            objectName: "buffering"
             size: 28
         }
 

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MediaControl.h"
+
+#include "MprisAdaptors.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+
+namespace {
+
+const QString objectPath = QStringLiteral("/org/mpris/MediaPlayer2");
+const QString busName = QStringLiteral("org.mpris.MediaPlayer2.quillon");
+
+} // namespace
+
+MediaControl::MediaControl(const QDBusConnection &bus)
+    : m_bus(bus)
+{
+    new MprisRoot(this);
+    m_player = new MprisPlayer(this);
+}
+
+MediaControl::~MediaControl()
+{
+    hide();
+}
+
+void MediaControl::show(const NowPlaying &nowPlaying)
+{
+    const QVariantMap before = m_player->told();
+    m_shown = nowPlaying;
+    if (m_name.isEmpty())
+        appear();
+    else
+        tellChanges(before);
+}
+
+void MediaControl::hide()
+{
+    if (m_name.isEmpty())
+        return;
+    m_bus.unregisterService(m_name);
+    m_bus.unregisterObject(objectPath);
+    m_name.clear();
+    m_shown = {};
+}
+
+void MediaControl::appear()
+{
+    m_bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
+    // Another of this program's, on preferences of its own, may have the name.
+    const QString own =
+        busName + QStringLiteral(".instance%1").arg(QCoreApplication::applicationPid());
+    for (const QString &name : {busName, own}) {
+        if (m_bus.registerService(name)) {
+            m_name = name;
+            return;
+        }
+    }
+}
+
+void MediaControl::tellChanges(const QVariantMap &before) const
+{
+    QVariantMap changes;
+    const QVariantMap now = m_player->told();
+    for (auto property = now.begin(); property != now.end(); ++property) {
+        if (before[property.key()] != *property)
+            changes.insert(property.key(), *property);
+    }
+    if (changes.isEmpty())
+        return;
+    auto signal =
+        QDBusMessage::createSignal(objectPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                   QStringLiteral("PropertiesChanged"));
+    signal << QStringLiteral("org.mpris.MediaPlayer2.Player") << changes << QStringList();
+    m_bus.send(signal);
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+
+class MprisPlayer;
+
+/// What the desktop is told of the item that is chosen.
+struct NowPlaying
+{
+    QString id; ///< of the item
+    QString title;
+    QString artist;
+    QString artAddress;
+    QString address;
+    double duration = 0;     ///< seconds; 0 while it is unknown
+    double volume = 1;       ///< from 0 to 1
+    bool isPlayable = false; ///< nothing to pause or seek in without this
+    bool isPaused = false;
+    bool hasNext = false;
+    bool hasPrevious = false;
+
+    bool operator==(const NowPlaying &other) const = default;
+};
+
+/// The desktop's media control and its media keys, by MPRIS on the session bus.
+/// It is on the bus only while something is shown; without a bus it does nothing.
+/// Main thread.
+class MediaControl : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MediaControl(const QDBusConnection &bus = QDBusConnection::sessionBus());
+    ~MediaControl() override;
+
+    void show(const NowPlaying &nowPlaying);
+    void hide();
+    /// Seconds; told to whoever asks.
+    void setPosition(double position) { m_position = position; }
+
+    [[nodiscard]] const NowPlaying &shown() const { return m_shown; }
+    [[nodiscard]] double position() const { return m_position; }
+
+Q_SIGNALS:
+    // What the user wants.
+    void playRequested();
+    void pauseRequested();
+    void togglePauseRequested();
+    void stopRequested();
+    void nextRequested();
+    void previousRequested();
+    void seekRequested(double position); ///< in seconds
+    void volumeRequested(double volume);
+    void raiseRequested();
+
+    /// To be emitted when the position has jumped, in seconds.
+    void sought(double position);
+
+private:
+    void appear();
+    void tellChanges(const QVariantMap &before) const;
+
+    QDBusConnection m_bus;
+    MprisPlayer *m_player; // owned by this, as its child
+    QString m_name;        // on the bus; empty while it is not there
+    NowPlaying m_shown;
+    double m_position = 0;
+};

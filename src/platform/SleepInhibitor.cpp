@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SleepInhibitor.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <utility>
+
+namespace {
+
+QDBusMessage screenSaverCall(const QString &method)
+{
+    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.ScreenSaver"),
+                                          QStringLiteral("/org/freedesktop/ScreenSaver"),
+                                          QStringLiteral("org.freedesktop.ScreenSaver"), method);
+}
+
+} // namespace
+
+SleepInhibitor::SleepInhibitor(const QDBusConnection &bus)
+    : m_bus(bus)
+{
+}
+
+void SleepInhibitor::setInhibited(bool isInhibited)
+{
+    m_isWanted = isInhibited;
+    if (m_isWanted && !m_cookie && !m_isAsking)
+        inhibit();
+    else if (!m_isWanted && m_cookie)
+        release();
+}
+
+void SleepInhibitor::inhibit()
+{
+    m_isAsking = true;
+    auto call = screenSaverCall(QStringLiteral("Inhibit"));
+    call << QStringLiteral("quillon") << QStringLiteral("Playing a video");
+    auto *const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        m_isAsking = false;
+        const QDBusPendingReply<uint> reply(*watcher);
+        if (reply.isError())
+            return;
+        m_cookie = reply.value();
+        setInhibited(m_isWanted); // it may not be wanted any more
+    });
+}
+
+void SleepInhibitor::release()
+{
+    auto call = screenSaverCall(QStringLiteral("UnInhibit"));
+    call << *std::exchange(m_cookie, std::nullopt);
+    m_bus.asyncCall(call);
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <optional>
+
+/// Keeps the screen from sleeping, by the desktop's screen saver service. Without
+/// one nothing happens; it also forgets a program that has ended. Main thread.
+class SleepInhibitor : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SleepInhibitor(const QDBusConnection &bus = QDBusConnection::sessionBus());
+
+    void setInhibited(bool isInhibited);
+
+private:
+    void inhibit();
+    void release();
+
+    QDBusConnection m_bus;
+    bool m_isWanted = false;
+    bool m_isAsking = false;
+    std::optional<uint> m_cookie; // while the service holds it
+};

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "MediaControl.h"
+#include "PlayerPanelModel.h"
+#include "SleepInhibitor.h"
+
+/// Shows the desktop what is played, does what its media keys ask for as the
+/// panel's buttons would, and keeps the screen awake while a picture moves.
+class MediaSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All of them outlive the session.
+    MediaSession(AppState &state, MediaControl &control, SleepInhibitor &inhibitor);
+
+private:
+    void takeRequests();
+    void show();
+    [[nodiscard]] NowPlaying nowPlaying() const;
+
+    AppState &m_state;
+    MediaControl &m_control;
+    SleepInhibitor &m_inhibitor;
+    PlayerPanelModel m_panel;
+};
