@@ -31,6 +31,7 @@ class Browse(Case):
 
     def check_plays(self):
         """There is a picture of many colours, and it changes."""
+        wait_until(lambda: not self.person.look_for("Loading stream…"), "the stream")
         wait_until(lambda: int(self.picture().split()[1]) > 4, "the picture")
         first = self.picture()
         wait_until(lambda: self.picture() != first, "the picture to move")
