@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Searching, watching and taking in the real window, with the real tool."""
 
+import re
 import subprocess
 import unittest
 
@@ -49,6 +50,10 @@ class Browse(Case):
         return self.media_control("org.freedesktop.DBus.Properties.Get",
                                   "org.mpris.MediaPlayer2.Player", name)
 
+    def position(self) -> int:
+        """Microseconds."""
+        return int(re.search(r"<(?:int64 )?(\d+)>", self.told("Position"))[1])
+
     def is_awake(self) -> bool:
         """Whether the screen is kept from sleeping."""
         return len(self.person.services("Inhibit")) > len(self.person.services("UnInhibit"))
@@ -88,6 +93,11 @@ class Browse(Case):
         person.click("Previous")
         person.see("2 / 13")
         self.check_plays()
+        self.control("Pause")
+        person.click("Position")  # its middle
+        wait_until(lambda: 2.5e6 < self.position() < 3.5e6, "the middle")
+        person.click("Resume")
+        self.check_plays()
         person.click("MP3", row=THIRD)
         person.click("MP4", row=FOURTH)
         self.check_downloads()
@@ -117,7 +127,8 @@ class Browse(Case):
         keys("space")
         person.see("Resume")
         still = self.picture()
-        keys("Right", "j")
+        keys("j", "Right")
+        wait_until(lambda: self.position() == 5e6, "five seconds")
         keys("space")
         person.see("Pause")
         wait_until(lambda: self.picture() != still, "the picture to move")
@@ -159,6 +170,24 @@ class Browse(Case):
         wait_until(lambda: "FULLSCREEN" in self.state_of(window), "the whole screen")
         person.desktop.keys("Escape")
         wait_until(lambda: not self.player_window(), "the player to be back")
+        self.check_plays()
+        person.click("Full screen")
+        window = wait_until(self.player_window, "the player's window")
+        wait_until(lambda: "FULLSCREEN" in self.state_of(window), "the whole screen")
+        person.desktop.run("xdotool", "mousemove", "--sync", "600", "400", "click", "--repeat", "2",
+                           "--delay", "60", "1")
+        wait_until(lambda: not self.player_window(), "the player to be back")
+        self.check_plays()
+        person.tab_to("Video")
+        person.desktop.keys("space")  # so that the controls stay
+        place = self.told("Position")
+        person.tab_to("Picture in picture")
+        person.desktop.keys("Return")
+        window = wait_until(self.player_window, "the small window")
+        person.desktop.keys("Escape")
+        wait_until(lambda: not self.player_window(), "the player to be back")
+        self.assertEqual(self.told("Position"), place)
+        self.control("Play")
         self.check_plays()
         person.click("Picture in picture")
         window = wait_until(self.player_window, "the small window")

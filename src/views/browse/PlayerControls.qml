@@ -70,10 +70,10 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             current: root.player.position
             enabled: root.player.duration > 0
+            keyStep: 5
             mark: root.player.loadedTo
             name: "Position"
             objectName: "positionBar"
-            stepSize: 5
             to: Math.max(0.1, root.player.duration)
             width: Math.max(20, parent.width - x - right.width - parent.spacing)
 
@@ -105,9 +105,9 @@ Rectangle {
 
             PlayerSlider {
                 current: root.player.isMuted ? 0 : root.player.volume
+                keyStep: 0.05
                 name: "Volume"
                 objectName: "volumeBar"
-                stepSize: 0.05
                 to: 1
                 visible: !root.isNarrow
 

@@ -11,6 +11,13 @@ T.Slider {
     property real current: 0
     property real mark: from
     property string name
+    // What an arrow key adds; a stepSize would round what the mouse asks for, too.
+    property real keyStep: 1
+
+    function nudge(by: real) {
+        value = Math.max(from, Math.min(to, value + by));
+        moved();
+    }
 
     hoverEnabled: true
     implicitHeight: 32
@@ -19,6 +26,8 @@ T.Slider {
     rightPadding: 6
 
     Accessible.name: name
+    Keys.onLeftPressed: nudge(-keyStep)
+    Keys.onRightPressed: nudge(keyStep)
 
     Binding on value {
         restoreMode: Binding.RestoreNone

@@ -47,7 +47,9 @@ FocusScope {
 
     PlayerViewRepresentable {
         anchors.fill: parent
-        anchors.margins: root.radius > 0 ? 1 : 0
+        // The panel is broader than any picture: its round corners stay free.
+        anchors.leftMargin: root.radius
+        anchors.rightMargin: root.radius
         player: root.player
         visible: root.player.hasItem
     }
