@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int rounds = 9;
-constexpr int playSeconds = 20;
+constexpr int playSeconds = 15;
 constexpr int idleSeconds = 30;
 constexpr int resultCount = 25;
 
@@ -83,7 +83,12 @@ public:
         const double single = idleShare(AppMode::single);
         AppState::Results results;
         for (int number = 0; number < resultCount; ++number)
-            results.append({.id = QString::number(number), .title = u"A result"_s, .duration = 60});
+            results.append({.id = QString::number(number),
+                            .title = u"A result"_s,
+                            .uploader = u"Someone"_s,
+                            .duration = 60,
+                            .thumbnailURL = QString(),
+                            .videoURL = QString()});
         state().browseResults = results;
         const double browse = idleShare(AppMode::browse);
         std::printf("processor time while nothing plays: %.3f %% of a core in browse mode with %d "

@@ -234,7 +234,7 @@ def bare_player(desktop: Desktop, address: str) -> tuple[float, float]:
                            "--geometry=569x320", address)
     time.sleep(4)
     before, began = processor_time(player.pid), time.monotonic()
-    time.sleep(20)
+    time.sleep(15)
     share = (processor_time(player.pid) - before) / (time.monotonic() - began)
     rollup = pathlib.Path(f"/proc/{player.pid}/smaps_rollup").read_text()
     player.terminate()

@@ -25,6 +25,7 @@ TITLES = {
 SERVING = {
     "steady": "rate=800000",
     "caulking": "rate=800000",
+    "bridges": "rate=4000000",
     "slow": "rate=60000",
     "trickle": "rate=20000",
     "missing": "status=404",

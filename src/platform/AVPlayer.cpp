@@ -35,7 +35,7 @@ void AVPlayer::replaceCurrentItem(const std::optional<AVPlayerItem> &item)
     m_hasEnded = false;
     ++m_itemNumber;
     m_picture = QImage();
-    m_status = {};
+    m_status = {.isBuffering = m_hasItem}; // until the engine says more
     Q_EMIT itemChanged();
     Q_EMIT statusChanged();
     Q_EMIT pictureChanged();

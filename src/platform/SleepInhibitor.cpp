@@ -25,7 +25,14 @@ SleepInhibitor::SleepInhibitor(const QDBusConnection &bus)
 
 void SleepInhibitor::setInhibited(bool isInhibited)
 {
+    if (m_isWanted == isInhibited)
+        return; // a service that has refused is not asked at every step
     m_isWanted = isInhibited;
+    follow();
+}
+
+void SleepInhibitor::follow()
+{
     if (m_isWanted && !m_cookie && !m_isAsking)
         inhibit();
     else if (!m_isWanted && m_cookie)
@@ -45,7 +52,7 @@ void SleepInhibitor::inhibit()
         if (reply.isError())
             return;
         m_cookie = reply.value();
-        setInhibited(m_isWanted); // it may not be wanted any more
+        follow(); // it may not be wanted any more
     });
 }
 

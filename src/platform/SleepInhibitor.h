@@ -18,6 +18,7 @@ public:
     void setInhibited(bool isInhibited);
 
 private:
+    void follow();
     void inhibit();
     void release();
 

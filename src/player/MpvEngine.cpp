@@ -28,9 +28,12 @@ constexpr Observed observed[] = {
     {"eof-reached", MPV_FORMAT_FLAG},
 };
 
-// How far before its end a stream may stop and still count as played: sound and
-// picture are seldom of one length.
-constexpr double endTolerance = 2; // seconds
+// How far before its end, in seconds, a stream may stop and still count as played:
+// sound and picture are seldom of one length.
+double endTolerance(double duration)
+{
+    return std::min(2.0, 0.25 + duration / 20);
+}
 
 // How fine the position is told; a bar shows no more.
 constexpr double positionStep = 0.1; // seconds
@@ -224,7 +227,7 @@ void MpvEngine::takeProperty(const mpv_event_property &property)
         property.format == MPV_FORMAT_DOUBLE ? *static_cast<const double *>(property.data) : 0;
     const bool flag =
         property.format == MPV_FORMAT_FLAG && *static_cast<const int *>(property.data) != 0;
-    if (name == "time-pos" && property.format == MPV_FORMAT_DOUBLE)
+    if (name == "time-pos")
         m_status.position = number;
     else if (name == "duration")
         m_status.duration = number;
@@ -246,7 +249,8 @@ void MpvEngine::takeEndReached(bool isReached)
     if (!isReached)
         return;
     // A connection that is lost looks like an end, too.
-    if (m_status.duration > 0 && m_status.duration - m_status.position > endTolerance) {
+    if (m_status.duration > 0
+        && m_status.duration - m_status.position > endTolerance(m_status.duration)) {
         m_complaint = QStringLiteral("the connection was lost");
         m_failure.start();
         return;
@@ -262,14 +266,18 @@ void MpvEngine::takeEnd(const mpv_event_end_file &end)
         || end.reason == MPV_END_FILE_REASON_QUIT)
         return;
     // Played to its end it would have stayed open.
-    if (m_complaint.isEmpty())
+    if (end.reason == MPV_END_FILE_REASON_REDIRECT) {
+        m_complaint = QStringLiteral("it is a list of other addresses");
+        command({"stop"});
+    } else if (m_complaint.isEmpty()) {
         m_complaint = QString::fromUtf8(mpv_error_string(end.error));
+    }
     m_failure.start();
 }
 
 void MpvEngine::tellStatus()
 {
-    m_status.isBuffering = m_isWaitingForData || m_isSeeking;
+    m_status.isBuffering = !m_hasBegun || m_isWaitingForData || m_isSeeking;
     PlayerStatus told = m_status;
     told.position = std::floor(told.position / positionStep) * positionStep;
     told.loadedTo = std::floor(told.loadedTo);

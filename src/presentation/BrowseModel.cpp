@@ -12,7 +12,7 @@ BrowseModel::BrowseModel(AppState &state)
     connect(&state, &AppState::browseSearchErrorChanged, this, &BrowseModel::areaChanged);
     connect(&state, &AppState::nowPlayingChanged, this, [this] { tell({IsNowPlayingRole}); });
     connect(&state, &AppState::browseDownloadStatusesChanged, this, [this] {
-        tell({VideoStatusRole, AudioStatusRole});
+        tell({VideoStatusRole, AudioStatusRole, VideoFailureRole, AudioFailureRole});
     });
     connect(&state, &AppState::browseDownloadProgressChanged, this, [this] {
         tell({VideoProgressRole, AudioProgressRole});
@@ -63,6 +63,9 @@ QVariant BrowseModel::data(const QModelIndex &index, int role) const
     case VideoStatusRole:
     case AudioStatusRole:
         return browseStatusName(m_state, result.id, role == AudioStatusRole);
+    case VideoFailureRole:
+    case AudioFailureRole:
+        return browseFailure(m_state, result.id, role == AudioFailureRole);
     case VideoProgressRole:
     case AudioProgressRole:
         return browseProgress(m_state, result.id, role == AudioProgressRole);
@@ -79,8 +82,10 @@ QHash<int, QByteArray> BrowseModel::roleNames() const
             {ThumbnailRole, "thumbnailURL"},
             {IsNowPlayingRole, "isNowPlaying"},
             {VideoStatusRole, "videoStatus"},
+            {VideoFailureRole, "videoFailure"},
             {VideoProgressRole, "videoProgress"},
             {AudioStatusRole, "audioStatus"},
+            {AudioFailureRole, "audioFailure"},
             {AudioProgressRole, "audioProgress"}};
 }
 

@@ -24,9 +24,11 @@ public:
         DurationRole,
         ThumbnailRole,
         IsNowPlayingRole,
-        VideoStatusRole, ///< by name; empty where nothing was downloaded
+        VideoStatusRole,
+        VideoFailureRole, ///< by name; empty where nothing was downloaded
         VideoProgressRole,
         AudioStatusRole,
+        AudioFailureRole,
         AudioProgressRole,
     };
 

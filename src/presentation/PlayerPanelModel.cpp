@@ -46,6 +46,11 @@ QString PlayerPanelModel::videoStatus() const
     return browseStatusName(state(), id(), false);
 }
 
+QString PlayerPanelModel::videoFailure() const
+{
+    return browseFailure(state(), id(), false);
+}
+
 double PlayerPanelModel::videoProgress() const
 {
     return browseProgress(state(), id(), false);
@@ -54,6 +59,11 @@ double PlayerPanelModel::videoProgress() const
 QString PlayerPanelModel::audioStatus() const
 {
     return browseStatusName(state(), id(), true);
+}
+
+QString PlayerPanelModel::audioFailure() const
+{
+    return browseFailure(state(), id(), true);
 }
 
 double PlayerPanelModel::audioProgress() const

@@ -17,8 +17,10 @@ class PlayerPanelModel : public StatePresenter
     Q_PROPERTY(bool hasPrevious READ hasPrevious NOTIFY changed)
     Q_PROPERTY(bool hasNext READ hasNext NOTIFY changed)
     Q_PROPERTY(QString videoStatus READ videoStatus NOTIFY changed)
+    Q_PROPERTY(QString videoFailure READ videoFailure NOTIFY changed)
     Q_PROPERTY(double videoProgress READ videoProgress NOTIFY changed)
     Q_PROPERTY(QString audioStatus READ audioStatus NOTIFY changed)
+    Q_PROPERTY(QString audioFailure READ audioFailure NOTIFY changed)
     Q_PROPERTY(double audioProgress READ audioProgress NOTIFY changed)
 
 public:
@@ -34,8 +36,10 @@ public:
     [[nodiscard]] bool hasPrevious() const;
     [[nodiscard]] bool hasNext() const;
     [[nodiscard]] QString videoStatus() const;
+    [[nodiscard]] QString videoFailure() const;
     [[nodiscard]] double videoProgress() const;
     [[nodiscard]] QString audioStatus() const;
+    [[nodiscard]] QString audioFailure() const;
     [[nodiscard]] double audioProgress() const;
 
     Q_INVOKABLE void playPrevious();

@@ -22,11 +22,29 @@ QString statusName(const DownloadStatus &status)
     Q_UNREACHABLE();
 }
 
-QString browseStatusName(const AppState &state, const QString &resultID, bool isAudio)
+namespace {
+
+std::optional<DownloadStatus> browseStatus(const AppState &state, const QString &resultID,
+                                           bool isAudio)
 {
     const auto &statuses = state.browseDownloadStatuses();
     const auto found = statuses.constFind(SearchResult::downloadKey(resultID, isAudio));
-    return found == statuses.constEnd() ? QString() : statusName(*found);
+    return found == statuses.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+} // namespace
+
+QString browseStatusName(const AppState &state, const QString &resultID, bool isAudio)
+{
+    const auto status = browseStatus(state, resultID, isAudio);
+    return status ? statusName(*status) : QString();
+}
+
+QString browseFailure(const AppState &state, const QString &resultID, bool isAudio)
+{
+    const auto status = browseStatus(state, resultID, isAudio);
+    const bool hasFailed = status && status->kind() == DownloadStatus::Case::failed;
+    return hasFailed ? status->message().trimmed() : QString();
 }
 
 double browseProgress(const AppState &state, const QString &resultID, bool isAudio)

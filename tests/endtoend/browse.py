@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Searching, watching and taking in the real window, with the real tool."""
 
+import pathlib
 import re
 import subprocess
 import unittest
@@ -20,9 +21,10 @@ class Browse(Case):
         self.person.desktop.run("xdotool", "windowsize", "--sync", self.person.window, "960", "860")
 
     def picture(self) -> str:
-        """What is seen in the middle of the player: changes while it plays."""
+        """What is seen at the left of the player, where no spinner is: it changes while
+        it plays."""
         return self.person.desktop.run("import", "-window", self.person.window, "-crop",
-                                       "300x120+330+220", "-depth", "8", "-format", "%# %k", "info:-")
+                                       "250x200+200+215", "-depth", "8", "-format", "%# %k", "info:-")
 
     def search(self, query: str):
         self.person.click("Browse")
@@ -57,6 +59,10 @@ class Browse(Case):
     def is_awake(self) -> bool:
         """Whether the screen is kept from sleeping."""
         return len(self.person.services("Inhibit")) > len(self.person.services("UnInhibit"))
+
+    def downloads_running(self) -> list[int]:
+        return [tool for tool in self.person.tools()
+                if b"--newline" in pathlib.Path(f"/proc/{tool}/cmdline").read_bytes()]
 
     def check_downloads(self):
         person = self.person
@@ -98,8 +104,10 @@ class Browse(Case):
         wait_until(lambda: 2.5e6 < self.position() < 3.5e6, "the middle")
         person.click("Resume")
         self.check_plays()
-        person.click("MP3", row=THIRD)
         person.click("MP4", row=FOURTH)
+        person.click("MP3", row=THIRD)
+        wait_until(lambda: len(self.downloads_running()) == 2, "both to run at once")
+        self.check_plays()
         self.check_downloads()
         person.click("Close player")
         wait_until(lambda: not person.look_for("Close player"), "the player to go")
@@ -193,10 +201,32 @@ class Browse(Case):
         window = wait_until(self.player_window, "the small window")
         wait_until(lambda: "ABOVE" in self.state_of(window), "the window to stay above")
         person.desktop.run("xdotool", "windowsize", "--sync", window, "480", "290")
+        person.desktop.run("xdotool", "windowmove", "--sync", window, "40", "50")
+        geometry = person.desktop.run("xdotool", "getwindowgeometry", window)
+        self.assertIn("480x290", geometry)
+        person.desktop.run("xdotool", "windowminimize", "--sync", person.window)
+        self.assertEqual(self.player_window(), window)  # it stays where the film is
+        person.desktop.run("xdotool", "windowactivate", "--sync", person.window)
+        person.desktop.run("xdotool", "windowactivate", "--sync", window)
         # Closed by its frame, while it plays.
         person.desktop.keys("alt+F4")
         wait_until(lambda: not self.player_window(), "the player to be back")
         self.check_plays()
+
+    def test_the_program_ends_with_its_window_whatever_the_player_shows(self):
+        person = self.person
+        self.search("boats")
+        person.see("13 results")
+        person.tab_to(FIRST)
+        person.desktop.keys("Return")
+        self.check_plays()
+        self.control("Pause")  # so that the controls stay
+        person.click("Picture in picture")
+        wait_until(self.player_window, "the small window")
+        person.desktop.run("xdotool", "windowactivate", "--sync", person.window)
+        person.desktop.keys("alt+F4")
+        self.assertEqual(person.program.wait(timeout=30), 0)
+        self.assertEqual(person.tools(), [])
 
     def test_the_last_one_ends_and_stays_and_leaving_stops(self):
         person = self.person

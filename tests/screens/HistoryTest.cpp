@@ -44,7 +44,7 @@ private Q_SLOTS:
         fill(2);
         state().singleInfo = video();
         state().startSingleDownload();
-        WAIT_FOR(state().history().size() == 3 && shown("history2"));
+        WAIT_FOR(state().history().size() == 3 && shown("history0") && shown("history2"));
         QCOMPARE(item("history0")->property("title").toString(), u"Title a"_s);
     }
 

@@ -59,14 +59,15 @@ private Q_SLOTS:
         focusByTab("video");
         press(Qt::Key_Left);
         press(Qt::Key_L);
-        QCOMPARE(engine()->sought, QList({25.0, 35.0}));
+        press(Qt::Key_J);
+        QCOMPARE(engine()->sought, QList({25.0, 35.0, 25.0}));
         press(Qt::Key_Space);
         QVERIFY(engine()->isPaused);
         press(Qt::Key_K);
         QVERIFY(!engine()->isPaused);
         press(Qt::Key_M);
         QVERIFY(engine()->isMuted);
-        QCOMPARE(textOf("elapsed"), u"0:35"_s);
+        QCOMPARE(textOf("elapsed"), u"0:25"_s);
         QCOMPARE(textOf("total"), u"1:00"_s);
     }
 
@@ -80,6 +81,7 @@ private Q_SLOTS:
         m_window->grabWindow();
         const QPoint middle = centreOf("positionBar");
         QTest::mousePress(m_window, Qt::LeftButton, {}, middle);
+        WAIT_FOR(engine()->sought.size() == 1);
         QTest::mouseMove(m_window, middle + QPoint(60, 0));
         QTest::mouseRelease(m_window, Qt::LeftButton, {}, middle + QPoint(60, 0));
         QVERIFY(engine()->sought.size() >= 2);
@@ -146,6 +148,48 @@ private Q_SLOTS:
         QTest::mouseMove(m_window, centreOf("video"));
         QTest::mouseMove(m_window, centreOf("video") + QPoint(9, 0));
         WAIT_FOR(shown("positionBar"));
+    }
+
+    void aClickOnAControlDoesNotHoldTheControls()
+    {
+        playPaused({.position = 10, .duration = 100});
+        click("playPause"); // goes on
+        QVERIFY(!engine()->isPaused);
+        QTest::mouseMove(m_window, QPoint(5, 5));
+        WAIT_FOR(!shown("positionBar"));
+    }
+
+    void draggedToItsEndItDoesNotEndBeforeItIsLetGo()
+    {
+        playPaused({.position = 0, .duration = 100});
+        const QPoint middle = centreOf("positionBar");
+        const QPoint end = middle + QPoint(static_cast<int>(item("positionBar")->width() / 2), 0);
+        QTest::mousePress(m_window, Qt::LeftButton, {}, middle);
+        QTest::mouseMove(m_window, end);
+        WAIT_FOR(!engine()->sought.isEmpty());
+        QCOMPARE(engine()->sought.last(), 99.5);
+        QTest::mouseRelease(m_window, Qt::LeftButton, {}, end);
+        QCOMPARE(engine()->sought.last(), 100.0);
+    }
+
+    void whatIsNotLoadedYetIsWaitedForInSight()
+    {
+        show(1);
+        play(0); // the engine has told nothing
+        WAIT_FOR(shown("buffering"));
+    }
+
+    void theKeyboardFindsAnotherPlaceWhereItsButtonEnds()
+    {
+        show(2);
+        play(0);
+        focusByTab("playNext");
+        press(Qt::Key_Return);
+        QVERIFY(focusIsIn(item("playPrevious")));
+        focusByTab("closePlayer");
+        press(Qt::Key_Return);
+        QVERIFY(!state().nowPlaying());
+        QVERIFY(focusIsIn(item("resultRows")));
     }
 
     void atItsEndItCanBePlayedAgain()

@@ -118,6 +118,17 @@ private Q_SLOTS:
         QCOMPARE(engine()->sought.size(), 1);
     }
 
+    void untilTheEngineTellsItWaitsForTheStream()
+    {
+        QVERIFY(!m_player->isBuffering());
+        m_player->replaceCurrentItem(AVPlayerItem{m_address});
+        QVERIFY(m_player->isBuffering());
+        engine()->events.statusChanged({.duration = 6});
+        QVERIFY(!m_player->isBuffering());
+        m_player->replaceCurrentItem({});
+        QVERIFY(!m_player->isBuffering());
+    }
+
     void afterTheEndSeekingOrAnotherItemIsNoNewBeginning()
     {
         m_player->replaceCurrentItem(AVPlayerItem{m_address});

@@ -86,6 +86,16 @@ private Q_SLOTS:
         QCOMPARE(data(0, BrowseModel::AudioProgressRole).toDouble(), 0.0);
     }
 
+    void whatFailedSaysWhy()
+    {
+        fill({u"a"_s});
+        state().browseDownloadStatuses =
+            AppState::DownloadStatuses{{u"a_mp3"_s, DownloadStatus::failed(u"No space\n"_s)},
+                                       {u"a_mp4"_s, DownloadStatus::done(u"/x"_s)}};
+        QCOMPARE(text(0, BrowseModel::AudioFailureRole), u"No space"_s);
+        QCOMPARE(text(0, BrowseModel::VideoFailureRole), QString());
+    }
+
     void rowsThatAreNotThereDoNothing()
     {
         fill({u"a"_s});

@@ -151,6 +151,14 @@ private Q_SLOTS:
         WAIT_FOR(statusOf(u"a_mp4"_s).kind() == Case::done);
     }
 
+    void aDownloadThatIsDoneKeepsItsLastFraction()
+    {
+        tool().setScript("echo '[download]  50.0% of 1MiB at 1MiB/s ETA 00:01'");
+        state().browseDownload(result(u"a"_s), false);
+        WAIT_FOR(statusOf(u"a_mp4"_s).kind() == Case::done);
+        QCOMPARE(state().browseDownloadProgress().value(u"a_mp4"_s), 0.5);
+    }
+
     void aFailureIsShownAloneAndCanBeRetried()
     {
         tool().setScript("echo no >&2; exit 1");

@@ -268,6 +268,19 @@ private Q_SLOTS:
         WAIT_FOR(m_screenSaver.held.size() == 1);
     }
 
+    void aScreenSaverIsAskedOnceHoweverOftenThePositionIsTold()
+    {
+        QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));
+        play(u"a"_s);
+        settle(); // refused by now
+        QVERIFY(m_desktop.registerService(u"org.freedesktop.ScreenSaver"_s));
+        const uint before = m_screenSaver.last;
+        tellPosition(1);
+        tellPosition(2);
+        settle();
+        QCOMPARE(m_screenSaver.last, before);
+    }
+
     void withoutAScreenSaverItPlaysAllTheSame()
     {
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));

@@ -6,6 +6,7 @@ import Quillon.Shared
 BaseButton {
     id: root
 
+    required property string failure
     required property bool isAudio
     required property string label
     required property real progress
@@ -23,7 +24,7 @@ BaseButton {
         case "done":
             return "Done";
         case "failed":
-            return "Failed, press to try again";
+            return "Failed, press to try again: " + failure;
         default:
             return "";
         }

@@ -16,6 +16,8 @@ Column {
     topPadding: 8
 
     readonly property real innerWidth: width - leftPadding - rightPadding
+    // What the page has left for what stands in the place of results.
+    readonly property real room: (rows.page?.height ?? 0) - (panel.isPresent ? player.height + spacing : 0) - 44
     readonly property bool showsResults: browse.area === BrowseModel.Area.Results
 
     Component.onDestruction: panel.stop()
@@ -29,6 +31,8 @@ Column {
     }
 
     Reveal {
+        id: player
+
         shown: panel.isPresent
         width: root.innerWidth
 
@@ -36,10 +40,14 @@ Column {
             objectName: "playerPanel"
             panel: panel
             width: root.innerWidth
+
+            onDismissed: if (rows.count > 0)
+                rows.view.forceActiveFocus(Qt.TabFocusReason)
         }
     }
 
     BrowsePlaceholder {
+        height: Math.max(implicitHeight, root.room)
         loading: true
         title: "Searching…"
         visible: browse.area === BrowseModel.Area.Searching
@@ -47,6 +55,7 @@ Column {
     }
 
     BrowsePlaceholder {
+        height: Math.max(implicitHeight, root.room)
         subtitle: browse.errorText
         symbol: "exclamationmark.triangle"
         title: "Search failed"
@@ -55,6 +64,7 @@ Column {
     }
 
     BrowsePlaceholder {
+        height: Math.max(implicitHeight, root.room)
         subtitle: "Type a query above and press Search"
         symbol: "magnifyingglass"
         title: "Search YouTube"

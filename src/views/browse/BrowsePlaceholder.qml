@@ -3,7 +3,7 @@ import QtQuick
 import Quillon.Shared
 
 // What stands where the results will be.
-Column {
+Item {
     id: root
 
     property string symbol
@@ -11,45 +11,53 @@ Column {
     property string subtitle
     property bool loading: false
 
-    bottomPadding: 72
-    spacing: 10
-    topPadding: 88
+    implicitHeight: content.height + 96
 
-    Spinner {
-        anchors.horizontalCenter: parent.horizontalCenter
-        color: Theme.secondary
-        size: 28
-        visible: root.loading
-    }
+    Column {
+        id: content
 
-    SymbolIcon {
-        anchors.horizontalCenter: parent.horizontalCenter
-        color: Theme.at(Theme.secondary, 0.7)
-        size: 36
-        symbol: root.symbol
-        visible: !root.loading
-    }
+        anchors.centerIn: parent
+        // A little above the middle is where the eye looks for it.
+        anchors.verticalCenterOffset: -16
+        spacing: 10
+        width: parent.width
 
-    PlainText {
-        anchors.horizontalCenter: parent.horizontalCenter
-        font.weight: Font.DemiBold
-        objectName: "browsePlaceholder"
-        size: 15
-        text: root.title
-        topPadding: 2
+        Spinner {
+            anchors.horizontalCenter: parent.horizontalCenter
+            color: Theme.secondary
+            size: 28
+            visible: root.loading
+        }
 
-        Accessible.role: Accessible.Heading
-    }
+        SymbolIcon {
+            anchors.horizontalCenter: parent.horizontalCenter
+            color: Theme.at(Theme.secondary, 0.7)
+            size: 36
+            symbol: root.symbol
+            visible: !root.loading
+        }
 
-    PlainText {
-        anchors.horizontalCenter: parent.horizontalCenter
-        color: Theme.secondary
-        elide: Text.ElideRight
-        horizontalAlignment: Text.AlignHCenter
-        maximumLineCount: 6
-        text: root.subtitle
-        visible: text !== ""
-        width: Math.min(implicitWidth, root.width - 2 * Theme.margin)
-        wrapMode: Text.Wrap
+        PlainText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            font.weight: Font.DemiBold
+            objectName: "browsePlaceholder"
+            size: 15
+            text: root.title
+            topPadding: 2
+
+            Accessible.role: Accessible.Heading
+        }
+
+        PlainText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            color: Theme.secondary
+            elide: Text.ElideRight
+            horizontalAlignment: Text.AlignHCenter
+            maximumLineCount: 6
+            text: root.subtitle
+            visible: text !== ""
+            width: Math.min(implicitWidth, root.width - 2 * Theme.margin)
+            wrapMode: Text.Wrap
+        }
     }
 }

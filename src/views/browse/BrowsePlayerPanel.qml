@@ -14,6 +14,9 @@ Card {
 
     property Window window: null
 
+    // By keyboard, which needs another place now.
+    signal dismissed
+
     function toggle(other: string) {
         place = place === other ? "panel" : other;
     }
@@ -29,7 +32,8 @@ Card {
     function open() {
         const made = Qt.createComponent("PlayerWindow.qml").createObject(root, {
             panel: panel,
-            fillsScreen: place === "screen"
+            fillsScreen: place === "screen",
+            origin: root
         }) as PlayerWindow;
         made.dismissed.connect(comeBack);
         made.fullScreenToggled.connect(toggleFullScreen);
@@ -37,8 +41,10 @@ Card {
     }
 
     function forget() {
-        if (window)
+        if (window) {
+            window.close();
             window.destroy();
+        }
         window = null;
     }
 
@@ -56,6 +62,15 @@ Card {
         }
 
         target: root.panel
+    }
+
+    // The program ends with its own window.
+    Connections {
+        function onClosing() {
+            root.comeBack();
+        }
+
+        target: root.Window.window
     }
 
     Component.onDestruction: forget()
@@ -125,7 +140,12 @@ Card {
             symbol: "backward.end.fill"
             objectName: "playPrevious"
 
-            onClicked: root.panel.playPrevious()
+            onClicked: {
+                const byKeyboard = visualFocus;
+                root.panel.playPrevious();
+                if (byKeyboard && !enabled)
+                    next.forceActiveFocus(Qt.TabFocusReason);
+            }
         }
 
         PlayerNavButton {
@@ -139,7 +159,12 @@ Card {
             symbol: "forward.end.fill"
             objectName: "playNext"
 
-            onClicked: root.panel.playNext()
+            onClicked: {
+                const byKeyboard = visualFocus;
+                root.panel.playNext();
+                if (byKeyboard && !enabled)
+                    previous.forceActiveFocus(Qt.TabFocusReason);
+            }
         }
 
         PlainText {
@@ -162,6 +187,7 @@ Card {
             isAudio: false
             label: "MP4"
             objectName: "panelVideo"
+            failure: root.panel.videoFailure
             progress: root.panel.videoProgress
             status: root.panel.videoStatus
 
@@ -177,6 +203,7 @@ Card {
             isAudio: true
             label: "MP3"
             objectName: "panelAudio"
+            failure: root.panel.audioFailure
             progress: root.panel.audioProgress
             status: root.panel.audioStatus
 
@@ -192,7 +219,12 @@ Card {
             objectName: "closePlayer"
             symbol: "xmark"
 
-            onClicked: root.panel.stop()
+            onClicked: {
+                const byKeyboard = visualFocus;
+                root.panel.stop();
+                if (byKeyboard)
+                    root.dismissed();
+            }
         }
     }
 }

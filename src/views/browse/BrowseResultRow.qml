@@ -12,13 +12,16 @@ ListRow {
     required property string thumbnailURL
     required property bool isNowPlaying
     required property string videoStatus
+    required property string videoFailure
     required property real videoProgress
     required property string audioStatus
+    required property string audioFailure
     required property real audioProgress
 
     signal downloaded(isAudio: bool)
 
-    Accessible.name: title + (uploader !== "" ? ", " + uploader : "") + (duration !== "" ? ", " + duration : "")
+    Accessible.description: uploader + (uploader !== "" && duration !== "" ? ", " : "") + duration
+    Accessible.name: title
     Accessible.selectable: true
     Accessible.selected: isNowPlaying
 
@@ -151,6 +154,7 @@ ListRow {
             isTabStop: root.isCurrent
             label: "MP4"
             objectName: "video" + root.index
+            failure: root.videoFailure
             progress: root.videoProgress
             status: root.videoStatus
 
@@ -162,6 +166,7 @@ ListRow {
             isTabStop: root.isCurrent
             label: "MP3"
             objectName: "audio" + root.index
+            failure: root.audioFailure
             progress: root.audioProgress
             status: root.audioStatus
 

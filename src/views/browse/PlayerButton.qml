@@ -8,6 +8,7 @@ BaseButton {
 
     property string symbol
 
+    focusPolicy: Qt.TabFocus // a click leaves the keyboard with the picture
     implicitHeight: 32
     implicitWidth: 32
     ringRadius: 6

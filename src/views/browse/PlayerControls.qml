@@ -77,7 +77,27 @@ Rectangle {
             to: Math.max(0.1, root.player.duration)
             width: Math.max(20, parent.width - x - right.width - parent.spacing)
 
-            onMoved: root.player.seek(value)
+            onMoved: {
+                if (!pressed)
+                    root.player.seek(value);
+                else if (!whileDragged.running)
+                    whileDragged.start();
+            }
+            onPressedChanged: {
+                whileDragged.stop();
+                if (!pressed)
+                    root.player.seek(value);
+            }
+
+            // A seek may cost a request; and who drags to the end looks for something,
+            // and does not want the next one yet.
+            Timer {
+                id: whileDragged
+
+                interval: 200
+
+                onTriggered: root.player.seek(Math.min(bar.value, root.player.duration - 0.5))
+            }
         }
 
         Row {

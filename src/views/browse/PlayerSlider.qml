@@ -19,6 +19,7 @@ T.Slider {
         moved();
     }
 
+    focusPolicy: Qt.TabFocus
     hoverEnabled: true
     implicitHeight: 32
     implicitWidth: 80

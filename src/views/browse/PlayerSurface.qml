@@ -149,6 +149,8 @@ FocusScope {
             return;
         if (seconds !== undefined)
             root.player.seek(root.player.position + seconds);
+        else if (event.isAutoRepeat)
+            return;
         else if (event.key === Qt.Key_Space || event.key === Qt.Key_K)
             root.player.togglePause();
         else if (event.key === Qt.Key_M)

@@ -10,6 +10,8 @@ Window {
 
     required property PlayerPanelModel panel
     required property bool fillsScreen
+    // On whose screen it opens.
+    required property Item origin
 
     signal fullScreenToggled
     signal dismissed
@@ -20,14 +22,18 @@ Window {
     minimumHeight: 135
     minimumWidth: 240
     title: panel.title
+    // Else it would be minimized with the main window.
+    transientParent: null
     width: 360
 
     Component.onCompleted: {
         if (fillsScreen) {
+            x = origin.Screen.virtualX;
+            y = origin.Screen.virtualY;
             showFullScreen();
         } else {
-            x = Screen.virtualX + Screen.desktopAvailableWidth - width - 24;
-            y = Screen.virtualY + Screen.desktopAvailableHeight - height - 48;
+            x = origin.Screen.virtualX + origin.Screen.width - width - 24;
+            y = origin.Screen.virtualY + origin.Screen.height - height - 48;
             show();
         }
         requestActivate();

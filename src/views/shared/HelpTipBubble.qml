@@ -11,7 +11,7 @@ T.ToolTip {
     bottomPadding: 5
     delay: 600
     implicitHeight: contentHeight + topPadding + bottomPadding
-    implicitWidth: contentWidth + leftPadding + rightPadding
+    implicitWidth: Math.min(420, contentWidth + leftPadding + rightPadding)
     leftMargin: 6
     leftPadding: 9
     objectName: "tip"
@@ -29,7 +29,9 @@ T.ToolTip {
         radius: Theme.smallRadius
     }
     contentItem: PlainText {
+        maximumLineCount: 8
         size: 12
         text: root.text
+        wrapMode: Text.Wrap
     }
 }

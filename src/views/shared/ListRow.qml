@@ -17,6 +17,12 @@ FocusScope {
     signal activated
     signal removed
 
+    // Once, however long the key is held.
+    function activateBy(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            activated();
+    }
+
     // Back at the row as a whole for the next time.
     onActiveFocusChanged: {
         if (activeFocus)
@@ -28,6 +34,8 @@ FocusScope {
     Accessible.focusable: true
     Accessible.focused: hasFocus
     Accessible.role: Accessible.ListItem
+
+    Accessible.onPressAction: root.activated()
 
     HoverHandler {
         id: hover
@@ -47,9 +55,9 @@ FocusScope {
         focus: true
 
         Keys.onDeletePressed: root.removed()
-        Keys.onEnterPressed: root.activated()
-        Keys.onReturnPressed: root.activated()
-        Keys.onSpacePressed: root.activated()
+        Keys.onEnterPressed: event => root.activateBy(event)
+        Keys.onReturnPressed: event => root.activateBy(event)
+        Keys.onSpacePressed: event => root.activateBy(event)
 
         FocusRing {
             gap: -2
