@@ -106,10 +106,12 @@ private Q_SLOTS:
         show(2);
         QTest::mouseMove(m_window, centreOf("result0"));
         WAIT_FOR(shown("play0"));
+        m_fixture.tool.setScript(m_fixture.tool.gate("stream") + "echo http://127.0.0.1/a.mp4");
         click("play0");
         QCOMPARE(state().nowPlaying()->id, u"0"_s);
         WAIT_FOR(shown("loadingStream"));
         QCOMPARE(textOf("loadingStream"), u"Loading stream…"_s);
+        m_fixture.tool.open("stream");
         WAIT_FOR(!state().isLoadingStream());
         click("play0");
         QVERIFY(!state().nowPlaying());
