@@ -11,6 +11,8 @@ private Q_SLOTS:
     {
         show(0);
         QCOMPARE(placeholder(), u"Search YouTube"_s);
+        const QQuickItem *const page = item("page");
+        QVERIFY(page->property("contentHeight").toDouble() <= page->height()); // nothing to scroll
         QVERIFY(!shown("resultCount"));
     }
 

@@ -16,8 +16,9 @@ Column {
     topPadding: 8
 
     readonly property real innerWidth: width - leftPadding - rightPadding
-    // What the page has left for what stands in the place of results.
-    readonly property real room: (rows.page?.height ?? 0) - (panel.isPresent ? player.height + spacing : 0) - 44
+    // What the page, which has margins of its own, has left for what stands in the
+    // place of results.
+    readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - bottomPadding - (panel.isPresent ? player.height + spacing : 0)
     readonly property bool showsResults: browse.area === BrowseModel.Area.Results
 
     Component.onDestruction: panel.stop()
