@@ -50,6 +50,7 @@ class Browse(Case):
         wait_until(lambda: int(self.picture().split()[1]) > 4, "the picture")
         first = self.picture()
         wait_until(lambda: self.picture() != first, "the picture to move")
+        wait_until(lambda: not self.tools_called_with(b"--get-url"), "every resolution to end")
 
     def media_control(self, *call: str) -> str:
         """What the desktop's media control is answered."""
@@ -72,9 +73,14 @@ class Browse(Case):
         """Whether the screen is kept from sleeping."""
         return len(self.person.services("Inhibit")) > len(self.person.services("UnInhibit"))
 
-    def downloads_running(self) -> list[int]:
-        return [tool for tool in self.person.tools()
-                if b"--newline" in pathlib.Path(f"/proc/{tool}/cmdline").read_bytes()]
+    def tools_called_with(self, option: bytes) -> list[int]:
+        def command(tool: int) -> bytes:
+            try:
+                return pathlib.Path(f"/proc/{tool}/cmdline").read_bytes()
+            except OSError:
+                return b""  # it has just ended
+
+        return [tool for tool in self.person.tools() if option in command(tool)]
 
     def check_downloads(self):
         person = self.person
@@ -108,7 +114,7 @@ class Browse(Case):
         self.check_plays()
         person.click("Next")
         person.see("3 / 13")
-        person.click("Previous")
+        person.click("Previous")  # while the other one resolves
         person.see("2 / 13")
         self.check_plays()
         self.control("Pause")
@@ -118,9 +124,13 @@ class Browse(Case):
         self.check_plays()
         person.click("MP4", row=FOURTH)
         person.click("MP3", row=THIRD)
-        wait_until(lambda: len(self.downloads_running()) == 2, "both to run at once")
+        wait_until(lambda: len(self.tools_called_with(b"--newline")) == 2, "both to run at once")
         self.check_plays()
         self.check_downloads()
+        while not person.look_for("13 / 13"):
+            person.click("Next")
+        person.see("Play again", 30)
+        person.see("13 / 13")
         person.click("Close player")
         wait_until(lambda: not person.look_for("Close player"), "the player to go")
         self.check_calls("wooden boats")
@@ -141,6 +151,13 @@ class Browse(Case):
         self.check_plays()
         # Another one while this one resolves.
         keys("Down", "Return", "Down", "Return")
+        person.see("3 / 13")
+        self.check_plays()
+        person.tab_to("Next", "shift+Tab")
+        keys("Return")
+        person.see("4 / 13")
+        person.tab_to("Previous", "shift+Tab")
+        keys("Return")
         person.see("3 / 13")
         self.check_plays()
         person.tab_to("Video", "shift+Tab")
