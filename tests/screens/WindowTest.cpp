@@ -103,7 +103,7 @@ private Q_SLOTS:
 
     void aPlaylistShowsItsTitle()
     {
-        state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s});
+        state().singleInfo = playlist(2);
         WAIT_FOR(shown("playlistTitle") && !shown("videoTitle"));
     }
 
