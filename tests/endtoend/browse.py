@@ -260,6 +260,7 @@ class Browse(Case):
         person.see("13 / 13")
         self.check_plays()
         person.see("Play again", 30)
+        wait_until(lambda: self.picture() == self.picture(), "the last picture to be drawn")
         last = self.picture()
         self.assertGreater(int(last.split()[1]), 4)  # the last picture stays
         wait_until(lambda: not self.is_awake(), "the screen to sleep as it likes")
