@@ -28,6 +28,7 @@ public Q_SLOTS:
         return last;
     }
     void UnInhibit(uint cookie) { held.removeOne(cookie); }
+    void Settle() const { } // comes after all that was sent before
 
 public:
     QString said;
@@ -331,9 +332,10 @@ private:
     /// Until the desktop has heard all that the program has sent.
     static void settle()
     {
-        auto ping = QDBusMessage::createMethodCall(u"org.freedesktop.ScreenSaver"_s, u"/"_s,
-                                                   u"org.freedesktop.DBus.Peer"_s, u"Ping"_s);
-        QDBusPendingCallWatcher watcher(QDBusConnection::sessionBus().asyncCall(ping));
+        const auto call = QDBusMessage::createMethodCall(
+            u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s,
+            u"org.freedesktop.ScreenSaver"_s, u"Settle"_s);
+        const QDBusPendingCallWatcher watcher(QDBusConnection::sessionBus().asyncCall(call));
         WAIT_FOR(watcher.isFinished());
     }
 
