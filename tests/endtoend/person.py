@@ -166,7 +166,7 @@ class Person:
             return node.get_description() != "Unavailable"
 
         def matches(node, states):
-            return node.get_name() == name and "menu" not in node.get_role_name() \
+            return node.get_name() == name and node.get_role_name() != "menu bar" \
                 and states.contains(Atspi.StateType.SHOWING) \
                 and (not enabled or is_available(node))
 

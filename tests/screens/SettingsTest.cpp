@@ -191,7 +191,9 @@ private Q_SLOTS:
         state().downloadDir = u"~/Music"_s;
         QObject *const chooser = browse();
         QVERIFY(chooser);
-        press(Qt::Key_Escape);
+        const QQuickItem *const select = confirmation();
+        QVERIFY(select);
+        QTest::keyClick(select->window(), Qt::Key_Escape);
         WAIT_FOR(!chooser->property("visible").toBool());
         QCOMPARE(state().downloadDir(), u"~/Music"_s);
     }
@@ -207,10 +209,11 @@ private Q_SLOTS:
         QVERIFY(chooser);
         QCOMPARE(chooser->property("title").toString(), u"Choose Download Folder"_s);
         state().downloadDir = QString();
-        QQuickItem *select = nullptr;
-        WAIT_FOR(select = withText(m_window->contentItem(), u"Select Folder"_s));
-        m_window->grabWindow();
-        QTest::mouseClick(m_window, Qt::LeftButton, {}, select->mapToScene({20, 10}).toPoint());
+        const QQuickItem *const select = confirmation();
+        QVERIFY(select);
+        select->window()->grabWindow();
+        QTest::mouseClick(select->window(), Qt::LeftButton, {},
+                          select->mapToScene({20, 10}).toPoint());
         WAIT_FOR(!chooser->property("visible").toBool());
         QCOMPARE(state().downloadDir(), videos + u"/new"_s);
         QCOMPARE(m_fixture.preferences->string(u"quillon.downloadDir"_s), u"before"_s);
@@ -239,6 +242,22 @@ private:
             return chooser && chooser->property("visible").toBool();
         };
         return QTest::qWaitFor(isOpen, 30000) ? chooser : nullptr;
+    }
+
+    /// The chooser's button; it is in this window or, from Qt 6.8 on, in one of its own.
+    static QQuickItem *confirmation()
+    {
+        QQuickItem *button = nullptr;
+        const auto isShown = [&] {
+            const QWindowList windows = QGuiApplication::topLevelWindows();
+            for (QWindow *const window : windows) {
+                const auto *const quick = qobject_cast<QQuickWindow *>(window);
+                if (quick && quick->isVisible() && !button)
+                    button = withText(quick->contentItem(), u"Select Folder"_s);
+            }
+            return button != nullptr;
+        };
+        return QTest::qWaitFor(isShown, 30000) ? button : nullptr;
     }
 
     static QQuickItem *withText(QQuickItem *parent, const QString &text)
