@@ -41,7 +41,7 @@ class Desktop(contextlib.ExitStack):
             self.environment["DISPLAY"] = display or self._start_display(size)
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
             if display is None:
-                self.start("openbox")
+                self._start_window_manager()
         except BaseException:
             self.close()
             raise
@@ -69,6 +69,16 @@ class Desktop(contextlib.ExitStack):
         os.close(write)
         with os.fdopen(read) as number:
             return ":" + number.readline().strip()
+
+    def _start_window_manager(self) -> None:
+        self.start("openbox")
+
+        def answers() -> bool:
+            return subprocess.run(["xdotool", "get_num_desktops"], env=self.environment, check=False,
+                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+
+        # What opens a window before it is there may never see it shown.
+        wait_until(answers, "the window manager")
 
     def _start_bus(self) -> str:
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address",
