@@ -196,6 +196,7 @@ void MpvEngine::take(const mpv_event &event)
         break;
     case MPV_EVENT_START_FILE:
         m_startedEntry = static_cast<const mpv_event_start_file *>(event.data)->playlist_entry_id;
+        m_status = {}; // what was told before is of another
         break;
     case MPV_EVENT_PLAYBACK_RESTART:
         m_hasBegun = isCurrent();
