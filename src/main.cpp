@@ -14,9 +14,12 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QQmlApplicationEngine>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QThreadPool>
+
+#include <memory>
 
 namespace {
 
@@ -39,16 +42,11 @@ void readFontsAhead()
     });
 }
 
-void bringForward(const QQmlApplicationEngine &engine)
+void bringForward(QQuickWindow &window)
 {
-    const auto windows = engine.rootObjects();
-    for (QObject *const root : windows) {
-        if (auto *const window = qobject_cast<QQuickWindow *>(root)) {
-            window->show();
-            window->raise();
-            window->requestActivate();
-        }
-    }
+    window.show();
+    window.raise();
+    window.requestActivate();
 }
 
 } // namespace
@@ -77,20 +75,24 @@ int main(int argc, char *argv[])
     SleepInhibitor sleepInhibitor;
     const MediaSession mediaSession(app.state(), mediaControl, sleepInhibitor);
 
-    QQmlApplicationEngine engine;
+    QQmlEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.addImageProvider(QStringLiteral("thumbnail"), new ThumbnailProvider);
-    engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)},
-                                 {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}});
-    engine.load(QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
-    if (engine.rootObjects().isEmpty()) {
-        qCritical("Quillon's window could not be made; its files are incomplete.");
+    QObject::connect(&engine, &QQmlEngine::quit, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    QQmlComponent component(&engine, QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
+    const std::unique_ptr<QObject> root(component.createWithInitialProperties(
+        {{QStringLiteral("app"), QVariant::fromValue(&app)},
+         {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}}));
+    auto *const window = qobject_cast<QQuickWindow *>(root.get());
+    if (!window) {
+        qCritical("Quillon's window could not be made; its files are incomplete.\n%s",
+                  qUtf8Printable(component.errorString()));
         return 1;
     }
-    QObject::connect(&instance, &SingleInstance::activationRequested, &engine,
-                     [&engine] { bringForward(engine); });
-    QObject::connect(&mediaControl, &MediaControl::raiseRequested, &engine,
-                     [&engine] { bringForward(engine); });
+    const auto come = [window] { bringForward(*window); };
+    QObject::connect(&instance, &SingleInstance::activationRequested, window, come);
+    QObject::connect(&mediaControl, &MediaControl::raiseRequested, window, come);
     const int status = QGuiApplication::exec();
     instance.stopListening();
     return status;

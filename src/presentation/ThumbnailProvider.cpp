@@ -3,6 +3,7 @@
 
 #include "ThumbnailResponse.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -17,7 +18,6 @@ ThumbnailProvider::ThumbnailProvider(std::chrono::milliseconds patience)
     : m_patience(patience)
     , m_cache(std::make_shared<ThumbnailCache>(cacheBytes))
 {
-    m_network.setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
 }
 
 QQuickImageResponse *ThumbnailProvider::requestImageResponse(const QString &id,
@@ -27,11 +27,20 @@ QQuickImageResponse *ThumbnailProvider::requestImageResponse(const QString &id,
     const QUrl url(QString::fromUtf8(QByteArray::fromBase64(id.mid(slash + 1).toUtf8())));
     auto *const response = new ThumbnailResponse(requestedSize, id.left(slash).toDouble(), m_cache);
     // Images are asked for on a loading thread; the network lives on the main one.
-    response->moveToThread(m_network.thread());
+    response->moveToThread(QCoreApplication::instance()->thread());
     QMetaObject::invokeMethod(
-        response, [this, response, url] { response->load(m_network, url, m_patience); },
+        response, [this, response, url] { response->load(network(), url, m_patience); },
         Qt::QueuedConnection);
     return response;
+}
+
+QNetworkAccessManager &ThumbnailProvider::network()
+{
+    if (!m_network) {
+        m_network.emplace();
+        m_network->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
+    }
+    return *m_network;
 }
 
 QImage roundedThumbnail(const QImage &picture, QSize size, double radius)

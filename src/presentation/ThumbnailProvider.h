@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 /// Pictures from the network for image://thumbnail/<radius>/<address>, the radius
 /// in device pixels and the address in base 64; cropped to the size asked for,
@@ -24,7 +25,10 @@ public:
                                               const QSize &requestedSize) override;
 
 private:
-    QNetworkAccessManager m_network; // main thread
+    QNetworkAccessManager &network();
+
+    // Made with the first picture, since that takes its time. Main thread.
+    std::optional<QNetworkAccessManager> m_network;
     std::chrono::milliseconds m_patience;
     std::shared_ptr<ThumbnailCache> m_cache;
 };

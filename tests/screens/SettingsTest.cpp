@@ -260,19 +260,6 @@ private:
         return QTest::qWaitFor(isShown, 30000) ? button : nullptr;
     }
 
-    static QQuickItem *withText(QQuickItem *parent, const QString &text)
-    {
-        const QList<QQuickItem *> children = parent->childItems();
-        for (QQuickItem *const child : children) {
-            if (child->isVisible() && child->inherits("QQuickAbstractButton")
-                && child->property("text").toString() == text)
-                return child;
-            if (QQuickItem *const found = withText(child, text))
-                return found;
-        }
-        return nullptr;
-    }
-
     void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
 };
 

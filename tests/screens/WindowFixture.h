@@ -114,6 +114,20 @@ protected:
         return nullptr;
     }
 
+    /// The button that is shown and reads so.
+    static QQuickItem *withText(QQuickItem *parent, const QString &text)
+    {
+        const QList<QQuickItem *> children = parent->childItems();
+        for (QQuickItem *const child : children) {
+            if (child->isVisible() && child->inherits("QQuickAbstractButton")
+                && child->property("text").toString() == text)
+                return child;
+            if (QQuickItem *const found = withText(child, text))
+                return found;
+        }
+        return nullptr;
+    }
+
     bool shown(const char *name)
     {
         const QQuickItem *const found = item(name);
@@ -169,6 +183,11 @@ protected:
     {
         QQuickItem *const target = item(name);
         QVERIFY2(target, name);
+        click(target);
+    }
+
+    void click(QQuickItem *target)
+    {
         m_window->grabWindow(); // so that everything is in its place
         if (target->mapToScene({0, target->height()}).y() > m_window->height()) {
             target->forceActiveFocus(Qt::OtherFocusReason); // the page follows

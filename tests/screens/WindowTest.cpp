@@ -7,6 +7,19 @@ class WindowTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
+    void aMenuOpensByMouseAndShowsItsCommandsOnce()
+    {
+        QQuickItem *const root = m_window->contentItem();
+        for (const AppMode mode : {AppMode::multi, AppMode::single}) {
+            click(withText(root, u"&Download"_s));
+            WAIT_FOR(withText(root, u"Toggle Mode"_s));
+            QCOMPARE(countIn(root, QRegularExpression(u"^menuCommand$"_s)), 4);
+            QVERIFY(!withText(root, u"Start Download"_s)->isEnabled());
+            click(withText(root, u"Toggle Mode"_s));
+            WAIT_FOR(state().mode() == mode && !withText(root, u"Toggle Mode"_s));
+        }
+    }
+
     void theContentHasItsMinimumBelowTheMenuBar()
     {
         QCOMPARE(m_window->minimumWidth(), 880);

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quillon.Shared
 
-// A menu of the menu bar; its entries show their shortcuts.
-Menu {
+// A menu of the menu bar; its entries show their shortcuts. They are drawn up when
+// it is opened for the first time, for the start of the program to be short.
+T.Menu {
     id: root
 
+    default property list<QtObject> entries
+
+    implicitHeight: contentHeight + topPadding + bottomPadding
     implicitWidth: 230
+    overlap: 1
     padding: 5
 
     background: Rectangle {
@@ -15,11 +20,32 @@ Menu {
         color: Theme.card
         radius: Theme.buttonRadius
     }
-    delegate: MenuItem {
+    onAboutToShow: {
+        if (count > 0)
+            return;
+        for (let index = 0; index < entries.length; ++index) {
+            const separator = entries[index] as Item;
+            if (separator)
+                addItem(separator);
+            else
+                addAction(entries[index] as T.Action);
+        }
+    }
+
+    contentItem: ListView {
+        currentIndex: root.currentIndex
+        implicitHeight: contentHeight
+        interactive: false
+        model: root.contentModel
+    }
+    delegate: T.MenuItem {
         id: item
 
         bottomPadding: 6
+        implicitHeight: implicitContentHeight + topPadding + bottomPadding
+        implicitWidth: implicitContentWidth + leftPadding + rightPadding
         leftPadding: 10
+        objectName: "menuCommand"
         rightPadding: 10
         topPadding: 6
 

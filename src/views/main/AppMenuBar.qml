@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quillon
 import Quillon.Shared
 
 // The commands of the program, with Ctrl where other desktops have Command.
-MenuBar {
+T.MenuBar {
     id: root
+
+    implicitHeight: contentHeight
+    implicitWidth: contentWidth
 
     required property QuillonApp app
 
@@ -20,16 +23,28 @@ MenuBar {
             width: parent.width
         }
     }
-    delegate: MenuBarItem {
+    contentItem: Row {
+        Repeater {
+            model: root.contentModel
+        }
+    }
+    delegate: T.MenuBarItem {
         id: item
 
+        // Qt's own goes on after the menu has been left.
+        readonly property bool isLit: hovered || (highlighted && (activeFocus || (menu?.opened ?? false)))
+
+        bottomPadding: 6
+        implicitHeight: implicitContentHeight + topPadding + bottomPadding
+        implicitWidth: implicitContentWidth + leftPadding + rightPadding
         leftPadding: 12
         rightPadding: 12
+        topPadding: 6
 
         Accessible.name: text.replace("&", "")
 
         background: Rectangle {
-            color: item.highlighted || item.hovered ? Theme.primaryAt(0.08) : "transparent"
+            color: item.isLit ? Theme.primaryAt(0.08) : "transparent"
         }
         contentItem: PlainText {
             text: item.text.replace("&", "")
@@ -41,7 +56,7 @@ MenuBar {
     AppMenu {
         title: "&Quillon"
 
-        Action {
+        T.Action {
             text: "About Quillon"
 
             onTriggered: root.aboutRequested()
@@ -49,7 +64,7 @@ MenuBar {
 
         AppMenuSeparator {}
 
-        Action {
+        T.Action {
             shortcut: "Ctrl+Q"
             text: "Quit"
 
@@ -60,14 +75,14 @@ MenuBar {
     AppMenu {
         title: "&Download"
 
-        Action {
+        T.Action {
             shortcut: "Ctrl+F"
             text: "Fetch Info"
 
             onTriggered: root.app.fetchInfo()
         }
 
-        Action {
+        T.Action {
             enabled: root.app.canStartDownload
             shortcut: "Ctrl+D"
             text: "Start Download"
@@ -75,7 +90,7 @@ MenuBar {
             onTriggered: root.app.startDownload()
         }
 
-        Action {
+        T.Action {
             enabled: root.app.canPause
             shortcut: "Ctrl+P"
             text: root.app.pauseTitle
@@ -85,7 +100,7 @@ MenuBar {
 
         AppMenuSeparator {}
 
-        Action {
+        T.Action {
             shortcut: "Ctrl+M"
             text: "Toggle Mode"
 

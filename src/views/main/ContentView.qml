@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Quillon
 import Quillon.Shared
@@ -66,10 +65,12 @@ FocusScope {
         contentWidth: width
         objectName: "page"
 
-        ScrollBar.vertical: ScrollBar {
+        T.ScrollBar.vertical: T.ScrollBar {
             id: scrollBar
 
+            implicitWidth: implicitContentWidth + leftPadding + rightPadding
             minimumSize: Math.min(1, 36 / page.height) // enough for a pointer
+            padding: 2
 
             contentItem: Rectangle {
                 color: Theme.primaryAt(scrollBar.pressed ? 0.5 : scrollBar.hovered ? 0.4 : 0.3)
@@ -112,8 +113,9 @@ FocusScope {
         Connections {
             function onActiveFocusItemChanged() {
                 const item = root.Window.activeFocusItem as Item;
-                const byMouse = (item as T.Control)?.focusReason === Qt.MouseFocusReason;
-                if (item && !byMouse && Pages.of(item) === page)
+                if (!item || Pages.of(item) !== page)
+                    return;
+                if ((item as T.Control)?.focusReason !== Qt.MouseFocusReason)
                     Pages.reveal(item);
             }
 

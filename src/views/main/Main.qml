@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quillon
 import Quillon.Shared
 
 // The one window.
-ApplicationWindow {
+T.ApplicationWindow {
     id: root
 
     required property QuillonApp app

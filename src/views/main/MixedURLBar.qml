@@ -7,13 +7,15 @@ import Quillon.Shared
 Rectangle {
     id: root
 
-    required property URLInputModel model
-
     border.color: Theme.at(Theme.orange, 0.18)
     border.width: 1
     color: Theme.at(Theme.orange, 0.06)
     implicitHeight: chips.implicitHeight + 16
     radius: Theme.radius
+
+    URLInputModel {
+        id: input
+    }
 
     SymbolIcon {
         id: icon
@@ -44,21 +46,21 @@ Rectangle {
         spacing: 4
 
         ModeChip {
-            isSelected: !root.model.fetchesPlaylist
+            isSelected: !input.fetchesPlaylist
             label: "Single Video"
             objectName: "singleVideo"
             symbol: "play.rectangle.fill"
 
-            onClicked: root.model.choosePlaylist(false)
+            onClicked: input.choosePlaylist(false)
         }
 
         ModeChip {
-            isSelected: root.model.fetchesPlaylist
+            isSelected: input.fetchesPlaylist
             label: "Full Playlist"
             objectName: "fullPlaylist"
             symbol: "list.bullet"
 
-            onClicked: root.model.choosePlaylist(true)
+            onClicked: input.choosePlaylist(true)
         }
     }
 }

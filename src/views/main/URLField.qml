@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quillon.Shared
 
 // A text field with a leading symbol and a button that empties it.
@@ -16,7 +16,7 @@ FocusScope {
     signal cleared
     signal edited(text: string)
 
-    TextField {
+    T.TextField {
         id: field
 
         anchors.fill: parent
@@ -59,6 +59,17 @@ FocusScope {
 
         onAccepted: root.accepted()
         onTextEdited: root.edited(text)
+
+        PlainText {
+            anchors.fill: parent
+            anchors.leftMargin: field.leftPadding
+            anchors.rightMargin: field.rightPadding
+            color: field.placeholderTextColor
+            text: field.placeholderText
+            visible: field.length === 0 && field.preeditText === ""
+
+            Accessible.ignored: true
+        }
     }
 
     SymbolIcon {

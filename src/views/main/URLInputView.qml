@@ -76,14 +76,15 @@ FocusScope {
         }
     }
 
-    MixedURLBar {
+    Loader {
         id: mixed
 
+        active: input.showsMixedBar
         anchors.left: row.left
         anchors.right: row.right
         anchors.top: row.bottom
         anchors.topMargin: 8
-        model: input
-        visible: input.showsMixedBar
+
+        source: "MixedURLBar.qml"
     }
 }

@@ -42,8 +42,14 @@ Column {
     }
 
     Reveal {
+        // What shows the result is got ready while the tool is at work.
+        property Component result: null
+
         shown: model.isFetching
         width: root.innerWidth
+
+        onShownChanged: if (shown && !result)
+            result = Qt.createComponent("SingleInfoView.qml", Component.Asynchronous)
 
         FetchingView {
             objectName: "fetching"
@@ -61,7 +67,7 @@ Column {
             active: infoSection.presence > 0
             width: root.innerWidth
 
-            sourceComponent: SingleInfoView {}
+            source: "SingleInfoView.qml"
         }
     }
 }
