@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DesktopSoundPlayer.h"
 
+#include <QLibrary>
 #include <QThreadPool>
 
 #include <canberra.h>
 
 #include <mutex>
 
-/// Connecting to a sound server may take its time, so all of this runs on a
-/// pool thread, one call at a time.
+/// Loaded with the first sound: the library brings five others, which would make the
+/// program's start longer. Connecting to a sound server may take its time, so all of
+/// this runs on a pool thread, one call at a time.
 class DesktopSoundPlayer::Player
 {
 public:
@@ -18,20 +20,34 @@ public:
     ~Player()
     {
         if (m_context)
-            ca_context_destroy(m_context);
+            resolved<decltype(&ca_context_destroy)>("ca_context_destroy")(m_context);
     }
 
     void play()
     {
         const std::scoped_lock lock(m_mutex);
-        if (!m_context && ca_context_create(&m_context) != CA_SUCCESS)
+        if (!m_context && !connectToServer())
             return;
-        ca_context_play(m_context, 0, CA_PROP_EVENT_ID, "complete", CA_PROP_EVENT_DESCRIPTION,
-                        "Download complete", CA_PROP_APPLICATION_NAME, "Quillon", nullptr);
+        const auto play = resolved<decltype(&ca_context_play)>("ca_context_play");
+        play(m_context, 0, CA_PROP_EVENT_ID, "complete", CA_PROP_EVENT_DESCRIPTION,
+             "Download complete", CA_PROP_APPLICATION_NAME, "Quillon", nullptr);
     }
 
 private:
+    bool connectToServer()
+    {
+        const auto create = resolved<decltype(&ca_context_create)>("ca_context_create");
+        return create && create(&m_context) == CA_SUCCESS;
+    }
+
+    template<typename Function>
+    Function resolved(const char *name)
+    {
+        return reinterpret_cast<Function>(m_library.resolve(name));
+    }
+
     std::mutex m_mutex;
+    QLibrary m_library{QStringLiteral("canberra"), 0};
     ca_context *m_context = nullptr;
 };
 

@@ -46,6 +46,8 @@ class MainJob(Case):
         notification = self.person.services("Notify")[0]
         self.assertEqual(notification[3], "Download Complete")
         self.assertEqual(notification[4], f"&quot;{TITLE}&quot; downloaded successfully")
+        maps = pathlib.Path(f"/proc/{self.person.program.pid}/maps")
+        wait_until(lambda: "libcanberra.so" in maps.read_text(), "the sound")
         wait_until(lambda: self.person.services("ShowItems"), "the file manager")
         self.assertEqual(self.person.services("ShowItems")[0][0], [f"file://{self.downloads}"])
         fetch, download = self.person.calls()
