@@ -22,6 +22,7 @@ FocusScope {
         anchors.fill: parent
         color: Theme.primary
         focus: true
+        font.family: hint.fontInfo.family // without a style it would be the desktop's
         font.pixelSize: 13
         leftPadding: 32
         objectName: "urlField"
@@ -61,6 +62,8 @@ FocusScope {
         onTextEdited: root.edited(text)
 
         PlainText {
+            id: hint
+
             anchors.fill: parent
             anchors.leftMargin: field.leftPadding
             anchors.rightMargin: field.rightPadding
