@@ -8,7 +8,8 @@ target_compile_definitions(quillon_options INTERFACE
     QT_NO_KEYWORDS
     QT_NO_FOREACH
     QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
-target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
+target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wpedantic
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:QUILLON_IS_COMPILED_QML>>>:-Wconversion>)
 if(QUILLON_WARNINGS_ARE_ERRORS)
     target_compile_options(quillon_options INTERFACE -Werror)
 endif()
