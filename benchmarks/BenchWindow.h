@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Appearance.h"
+#include "MainWindow.h"
 #include "Preferences.h"
-#include "QmlTypes.h"
 #include "QuillonApp.h"
 #include "StandIns.h"
 #include "SystemAppearance.h"
@@ -12,7 +12,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTemporaryDir>
@@ -101,13 +100,8 @@ public:
         m_app.emplace(AppStateParts{.service = &m_service,
                                     .preferences = &m_preferences,
                                     .platform = m_desktop.services()});
-        AppStateForQml::instance = &m_app->state();
-        m_engine.addImportPath(u"qrc:/qt/qml"_s);
-        m_engine.addImageProvider(u"thumbnail"_s, new ThumbnailProvider);
-        m_engine.setInitialProperties({{u"app"_s, QVariant::fromValue(&*m_app)},
-                                       {u"appearance"_s, QVariant::fromValue(&m_appearance)}});
-        m_engine.load(u"qrc:/qt/qml/Quillon/Main.qml"_s);
-        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
+        m_main.emplace(*m_app, m_appearance, new ThumbnailProvider);
+        m_window = m_main->window();
         QObject::connect(m_window, &QQuickWindow::frameSwapped, m_window,
                          [this] { m_lastFrame = wallClock(), ++m_frames; });
         waitFor([this] { return m_frames > 0; });
@@ -169,7 +163,7 @@ protected:
     SystemAppearance m_system;
     Appearance m_appearance{m_preferences, m_system};
     std::optional<QuillonApp> m_app;
-    QQmlApplicationEngine m_engine;
+    std::optional<MainWindow> m_main;
     QQuickWindow *m_window = nullptr;
     qint64 m_lastFrame = 0;
     int m_frames = 0;

@@ -39,7 +39,7 @@ public:
         const int live = liveItems(u"card"_s, 5000);
         const QList<double> ours = scroll(page);
 
-        QQmlComponent component(&m_engine);
+        QQmlComponent component(&m_main->engine());
         component.setData(
             "import QtQuick\n"
             "Flickable { id: page; property int live: 1; contentHeight: 200000\n"

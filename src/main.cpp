@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Appearance.h"
+#include "MainWindow.h"
 #include "MediaSession.h"
 #include "Preferences.h"
-#include "QmlTypes.h"
 #include "QuillonApp.h"
 #include "SingleInstance.h"
 #include "SystemAppearance.h"
@@ -14,12 +14,8 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QQmlComponent>
-#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QThreadPool>
-
-#include <memory>
 
 namespace {
 
@@ -42,11 +38,13 @@ void readFontsAhead()
     });
 }
 
-void bringForward(QQuickWindow &window)
+// Drawing it in all the sizes that a desktop takes can wait until the window is seen.
+void showIconAfterFirstFrame(const QQuickWindow &window)
 {
-    window.show();
-    window.raise();
-    window.requestActivate();
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, qGuiApp,
+        [] { QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg"))); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 } // namespace
@@ -57,7 +55,6 @@ int main(int argc, char *argv[])
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillon"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quillon"));
     const QGuiApplication application(argc, argv);
-    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
     chooseFont();
     readFontsAhead();
 
@@ -70,29 +67,20 @@ int main(int argc, char *argv[])
     const SystemAppearance systemAppearance;
     Appearance appearance(preferences, systemAppearance);
     QuillonApp app;
-    AppStateForQml::instance = &app.state();
     MediaControl mediaControl;
     SleepInhibitor sleepInhibitor;
     const MediaSession mediaSession(app.state(), mediaControl, sleepInhibitor);
 
-    QQmlEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine.addImageProvider(QStringLiteral("thumbnail"), new ThumbnailProvider);
-    QObject::connect(&engine, &QQmlEngine::quit, &application, &QCoreApplication::quit,
-                     Qt::QueuedConnection);
-    QQmlComponent component(&engine, QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
-    const std::unique_ptr<QObject> root(component.createWithInitialProperties(
-        {{QStringLiteral("app"), QVariant::fromValue(&app)},
-         {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}}));
-    auto *const window = qobject_cast<QQuickWindow *>(root.get());
-    if (!window) {
+    const MainWindow mainWindow(app, appearance, new ThumbnailProvider);
+    if (!mainWindow.window()) {
         qCritical("Quillon's window could not be made; its files are incomplete.\n%s",
-                  qUtf8Printable(component.errorString()));
+                  qUtf8Printable(mainWindow.errors()));
         return 1;
     }
-    const auto come = [window] { bringForward(*window); };
-    QObject::connect(&instance, &SingleInstance::activationRequested, window, come);
-    QObject::connect(&mediaControl, &MediaControl::raiseRequested, window, come);
+    showIconAfterFirstFrame(*mainWindow.window());
+    const auto come = [&mainWindow] { mainWindow.bringForward(); };
+    QObject::connect(&instance, &SingleInstance::activationRequested, mainWindow.window(), come);
+    QObject::connect(&mediaControl, &MediaControl::raiseRequested, mainWindow.window(), come);
     const int status = QGuiApplication::exec();
     instance.stopListening();
     return status;

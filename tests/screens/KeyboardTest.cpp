@@ -40,6 +40,17 @@ private Q_SLOTS:
         WAIT_FOR(state().mode() == AppMode::multi);
     }
 
+    void theKeyboardGoesFromTheMixedBarToTheFieldWhenTheBarLeaves()
+    {
+        focusField();
+        typeText("https://www.youtube.com/watch?v=a&list=b");
+        WAIT_FOR(shown("fullPlaylist"));
+        item("fullPlaylist")->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(m_window, Qt::Key_M, Qt::ControlModifier);
+        WAIT_FOR(!item("fullPlaylist"));
+        QVERIFY(item("urlField")->hasActiveFocus());
+    }
+
     void theKeyboardGoesFromDownloadToPauseToShowInFinder()
     {
         state().singleInfo = video();

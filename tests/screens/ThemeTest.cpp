@@ -20,7 +20,7 @@ private Q_SLOTS:
     void everyTextOfTheThemeCanBeRead()
     {
         QFETCH(bool, dark);
-        QQmlComponent component(m_engine.get());
+        QQmlComponent component(&m_main->engine());
         component.setData("import QtQml; import Quillon.Shared\n"
                           "QtObject { property QtObject theme: Theme }",
                           {});

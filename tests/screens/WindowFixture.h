@@ -2,13 +2,13 @@
 #pragma once
 
 #include "Appearance.h"
-#include "QmlTypes.h"
+#include "MainWindow.h"
+#include "QuillonApp.h"
 #include "StateFixture.h"
 #include "SystemAppearance.h"
 #include "ThumbnailProvider.h"
 
 #include <QAccessible>
-#include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
@@ -28,15 +28,8 @@ private Q_SLOTS:
         m_fixture.state.reset();
         m_app = std::make_unique<QuillonApp>(m_fixture.parts());
         m_appearance = std::make_unique<Appearance>(*m_fixture.preferences, m_system);
-        AppStateForQml::instance = &m_app->state();
-        m_engine = std::make_unique<QQmlApplicationEngine>();
-        m_engine->addImportPath(u"qrc:/qt/qml"_s);
-        m_engine->addImageProvider(u"thumbnail"_s, makeThumbnails());
-        m_engine->setInitialProperties(
-            {{u"app"_s, QVariant::fromValue(m_app.get())},
-             {u"appearance"_s, QVariant::fromValue(m_appearance.get())}});
-        m_engine->load(u"qrc:/qt/qml/Quillon/Main.qml"_s);
-        m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
+        m_main = std::make_unique<MainWindow>(*m_app, *m_appearance, makeThumbnails());
+        m_window = m_main->window();
         QVERIFY(QTest::qWaitForWindowExposed(m_window));
     }
 
@@ -67,7 +60,7 @@ private Q_SLOTS:
 
     void cleanupTestCase()
     {
-        m_engine.reset();
+        m_main.reset();
         m_app.reset();
     }
 
@@ -228,6 +221,6 @@ protected:
     SystemAppearance m_system;
     std::unique_ptr<QuillonApp> m_app;
     std::unique_ptr<Appearance> m_appearance;
-    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    std::unique_ptr<MainWindow> m_main;
     QQuickWindow *m_window = nullptr;
 };

@@ -46,6 +46,7 @@ private Q_SLOTS:
         m_failures.clear();
         m_ends = 0;
         m_status = {};
+        m_statuses.clear();
         make();
     }
     void cleanup() { m_engine.reset(); }
@@ -63,6 +64,21 @@ private Q_SLOTS:
         QVERIFY(m_status.duration > 2.8 && m_status.duration < 3.3);
         QVERIFY(m_status.position > 2.8);
         QVERIFY(m_status.loadedTo >= 2);
+    }
+
+    void theNumbersOfTheStreamBeforeAreNotToldOfTheNext()
+    {
+        load("long.mp4");
+        WAIT_FOR(m_status.duration > 7);
+        m_engine->seek(6);
+        WAIT_FOR(m_status.position >= 6 && !m_status.isBuffering);
+        m_statuses.clear();
+        load("clip.mp4");
+        WAIT_FOR(m_status.duration > 0 && m_status.duration < 4 && !m_status.isBuffering);
+        for (const PlayerStatus &each : std::as_const(m_statuses)) {
+            QVERIFY(each.duration < 4);
+            QVERIFY(each.position < 2);
+        }
     }
 
     void whatHasEndedStaysAndCanBePlayedAgain()
@@ -201,7 +217,8 @@ private:
     {
         QString error;
         m_engine = MpvEngine::create(
-            {.statusChanged = [this](const PlayerStatus &status) { m_status = status; },
+            {.statusChanged =
+                 [this](const PlayerStatus &status) { m_statuses.append(m_status = status); },
              .pictureChanged = [this](const QImage &picture) { m_pictures.append(picture); },
              .ended = [this] { ++m_ends; },
              .failed = [this](const QString &message) { m_failures.append(message); }},
@@ -258,6 +275,8 @@ private:
             send(socket, request, "#EXTM3U\n#EXTINF:3,one\nclip.mp4\n");
         else if (path == "/empty")
             send(socket, request, "");
+        else if (path == "/long.mp4")
+            send(socket, request, m_longClip);
         else if (path == "/short.mp4")
             socket->write("HTTP/1.0 200 OK\r\nContent-Length: " + QByteArray::number(m_clip.size())
                           + "\r\n\r\n" + m_clip.left(m_clip.size() / 2));
@@ -298,6 +317,7 @@ private:
     QByteArray m_longClip;
     QList<QByteArray> m_requests;
     QList<QImage> m_pictures;
+    QList<PlayerStatus> m_statuses;
     QStringList m_failures;
     PlayerStatus m_status;
     int m_ends = 0;

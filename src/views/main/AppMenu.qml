@@ -52,6 +52,11 @@ T.Menu {
         Accessible.description: enabled ? "" : "Unavailable"
         Accessible.name: text
 
+        Accessible.onPressAction: if (enabled) {
+            item.action.trigger();
+            root.dismiss();
+        }
+
         background: Rectangle {
             color: item.highlighted && item.enabled ? Theme.accentFill : "transparent"
             radius: Theme.smallRadius

@@ -43,6 +43,8 @@ T.MenuBar {
 
         Accessible.name: text.replace("&", "")
 
+        Accessible.onPressAction: clicked()
+
         background: Rectangle {
             color: item.isLit ? Theme.primaryAt(0.08) : "transparent"
         }

@@ -44,6 +44,8 @@ FocusScope {
         }
 
         URLField {
+            id: field
+
             anchors.left: modes.right
             anchors.leftMargin: 12
             anchors.right: action.left
@@ -86,5 +88,9 @@ FocusScope {
         anchors.topMargin: 8
 
         source: "MixedURLBar.qml"
+
+        // What goes with the bar must not take the keyboard's place with it.
+        onActiveChanged: if (!active && focus)
+            field.focus = true
     }
 }

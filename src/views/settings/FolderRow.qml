@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Controls.Basic
 import Quillon
 import Quillon.Shared
 
@@ -39,7 +38,7 @@ Item {
         Accessible.ignored: true
     }
 
-    TextField {
+    InputField {
         id: field
 
         anchors.bottom: parent.bottom
@@ -47,29 +46,12 @@ Item {
         anchors.leftMargin: 12
         anchors.right: browse.left
         anchors.rightMargin: 12
-        color: Theme.primary
-        font.pixelSize: 13
         height: 32
-        leftPadding: 10
         objectName: "downloadDir"
         placeholderText: "~/Downloads  (leave empty for default)"
-        placeholderTextColor: Theme.secondary
-        rightPadding: 10
-        selectByMouse: true
-        selectedTextColor: Theme.overAccent
-        selectionColor: Theme.accentFill
         text: AppState.downloadDir
-        verticalAlignment: TextInput.AlignVCenter
 
         Accessible.name: caption.text
-
-        background: Rectangle {
-            border.color: field.activeFocus ? Theme.at(Theme.accent, 0.7) : Theme.hairline
-            border.pixelAligned: false
-            border.width: field.activeFocus ? 1.5 : 1
-            color: Theme.card
-            radius: Theme.buttonRadius
-        }
 
         onTextEdited: AppState.downloadDir = text
     }

@@ -2,11 +2,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quillon.Shared
 
 // A choice out of a menu; -1 shows none.
-ComboBox {
+T.ComboBox {
     id: root
 
     property string label
@@ -45,7 +45,7 @@ ComboBox {
 
         Accessible.ignored: true
     }
-    delegate: ItemDelegate {
+    delegate: T.ItemDelegate {
         id: entry
 
         required property int index
@@ -54,6 +54,7 @@ ComboBox {
 
         bottomPadding: 5
         highlighted: isHighlighted
+        implicitHeight: implicitContentHeight + topPadding + bottomPadding
         leftPadding: 8
         objectName: "menuEntry" + index
         rightPadding: 8
@@ -88,7 +89,7 @@ ComboBox {
         x: root.width - width - 8
         y: (root.height - height) / 2
     }
-    popup: Popup {
+    popup: T.Popup {
         implicitHeight: contentItem.implicitHeight + 10
         margins: 6
         padding: 5

@@ -76,13 +76,14 @@ QSGNode *SymbolImage::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*
     if (!node) {
         node.reset(window()->createImageNode());
         node->setOwnsTexture(true);
+        node->setFiltering(QSGTexture::Linear); // it may stand between pixels, or turn
         m_isNewImage = true;
     }
     if (m_isNewImage)
         node->setTexture(
             window()->createTextureFromImage(m_image, QQuickWindow::TextureCanUseAtlas));
     m_isNewImage = false;
-    node->setRect(boundingRect());
+    node->setRect({{}, QSizeF(m_image.size()) / window()->effectiveDevicePixelRatio()});
     return node.release();
 }
 

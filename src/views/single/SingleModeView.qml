@@ -14,60 +14,51 @@ Column {
 
     readonly property real innerWidth: width - leftPadding - rightPadding
 
+    // What shows the result, got ready while the tool is at work.
+    property Component result: null
+
+    // Made each time that it is shown, gone when it has left.
+    component Section: Reveal {
+        id: section
+
+        property alias source: content.source
+        property alias sourceComponent: content.sourceComponent
+
+        Loader {
+            id: content
+
+            active: section.presence > 0
+            width: section.width
+        }
+    }
+
     SingleModeModel {
         id: model
     }
 
-    Reveal {
-        id: errorSection
-
-        // What leaves keeps its text until it has left.
-        property string message
-
+    Section {
         shown: model.hasError
         slides: true
         width: root.innerWidth
 
-        ErrorBannerView {
-            objectName: "errorBanner"
-            message: errorSection.message
-            width: root.innerWidth
-        }
-
-        Binding on message {
-            restoreMode: Binding.RestoreNone
-            value: model.error
-            when: model.hasError
-        }
+        sourceComponent: FetchError {}
     }
 
-    Reveal {
-        // What shows the result is got ready while the tool is at work.
-        property Component result: null
-
+    Section {
         shown: model.isFetching
         width: root.innerWidth
 
-        onShownChanged: if (shown && !result)
-            result = Qt.createComponent("SingleInfoView.qml", Component.Asynchronous)
-
-        FetchingView {
+        sourceComponent: FetchingView {
             objectName: "fetching"
-            width: root.innerWidth
         }
+
+        onShownChanged: if (shown && !root.result)
+            root.result = Qt.createComponent("SingleInfoView.qml", Component.Asynchronous)
     }
 
-    Reveal {
-        id: infoSection
-
+    Section {
         shown: model.hasInfo
+        source: "SingleInfoView.qml"
         width: root.innerWidth
-
-        Loader {
-            active: infoSection.presence > 0
-            width: root.innerWidth
-
-            source: "SingleInfoView.qml"
-        }
     }
 }

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MainWindow.h"
+
+#include "Appearance.h"
+#include "QmlTypes.h"
+
+#include <QCoreApplication>
+#include <QQmlFileSelector>
+
+MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails)
+    : m_component(&m_engine)
+{
+    AppStateForQml::instance = &app.state();
+    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine.addImageProvider(QStringLiteral("thumbnail"), thumbnails);
+    QObject::connect(&m_engine, &QQmlEngine::quit, qApp, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    m_component.loadUrl(QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
+    m_root.reset(m_component.createWithInitialProperties(
+        {{QStringLiteral("app"), QVariant::fromValue(&app)},
+         {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}}));
+    if (!window())
+        return;
+    // So that what is made ahead is made between frames.
+    m_engine.setIncubationController(window()->incubationController());
+    // For Qt's own folder chooser alone; it looks twice for each file, so it comes late.
+    new QQmlFileSelector(&m_engine, &m_engine);
+}
+
+MainWindow::~MainWindow() = default;
+
+QQuickWindow *MainWindow::window() const
+{
+    return qobject_cast<QQuickWindow *>(m_root.get());
+}
+
+void MainWindow::bringForward() const
+{
+    window()->show();
+    window()->raise();
+    window()->requestActivate();
+}

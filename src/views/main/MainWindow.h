@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+#include <memory>
+
+class Appearance;
+class QQmlImageProviderBase;
+class QuillonApp;
+
+/// The one window, with the engine behind it, which takes the application's quit from
+/// the screens. Main thread; the program and its appearance must outlive it.
+class MainWindow
+{
+    Q_DISABLE_COPY_MOVE(MainWindow)
+
+public:
+    /// The thumbnails become the engine's.
+    MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails);
+    ~MainWindow();
+
+    /// Null if the program's files are incomplete; errors() says what is missing.
+    [[nodiscard]] QQuickWindow *window() const;
+    [[nodiscard]] QString errors() const { return m_component.errorString(); }
+    [[nodiscard]] QQmlEngine &engine() { return m_engine; }
+
+    void bringForward() const;
+
+private:
+    QQmlEngine m_engine;
+    QQmlComponent m_component;
+    std::unique_ptr<QObject> m_root;
+};

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import Quillon.Shared
+
+// A line of text to be typed.
+T.TextField {
+    id: root
+
+    property real radius: Theme.buttonRadius
+
+    color: Theme.primary
+    font.family: hint.fontInfo.family // without a style it would be the desktop's
+    font.pixelSize: 13
+    leftPadding: 10
+    placeholderTextColor: Theme.secondary
+    rightPadding: 10
+    selectByMouse: true
+    selectedTextColor: Theme.overAccent
+    selectionColor: Theme.accentFill
+    verticalAlignment: TextInput.AlignVCenter
+
+    background: Rectangle {
+        border.color: root.activeFocus ? Theme.at(Theme.accent, 0.7) : Theme.hairline
+        border.pixelAligned: false
+        border.width: root.activeFocus ? 1.5 : 1
+        color: Theme.card
+        radius: root.radius
+
+        Behavior on border.width {
+            NumberAnimation {
+                duration: Theme.brief
+                easing.type: Easing.InOutQuad
+            }
+        }
+        Behavior on border.color {
+            ColorAnimation {
+                duration: Theme.brief
+                easing.type: Easing.InOutQuad
+            }
+        }
+    }
+
+    PlainText {
+        id: hint
+
+        anchors.fill: parent
+        anchors.leftMargin: root.leftPadding
+        anchors.rightMargin: root.rightPadding
+        color: root.placeholderTextColor
+        text: root.placeholderText
+        visible: root.length === 0 && root.preeditText === ""
+
+        Accessible.ignored: true
+    }
+}
