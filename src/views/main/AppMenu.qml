@@ -54,7 +54,7 @@ T.Menu {
 
         Accessible.onPressAction: if (enabled) {
             item.action.trigger();
-            root.dismiss();
+            item.menu.dismiss();
         }
 
         background: Rectangle {
