@@ -5,7 +5,6 @@
 #include "QmlTypes.h"
 
 #include <QCoreApplication>
-#include <QQmlFileSelector>
 
 MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails)
     : m_component(&m_engine)
@@ -19,12 +18,9 @@ MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProvide
     m_root.reset(m_component.createWithInitialProperties(
         {{QStringLiteral("app"), QVariant::fromValue(&app)},
          {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}}));
-    if (!window())
-        return;
     // So that what is made ahead is made between frames.
-    m_engine.setIncubationController(window()->incubationController());
-    // For Qt's own folder chooser alone; it looks twice for each file, so it comes late.
-    new QQmlFileSelector(&m_engine, &m_engine);
+    if (window())
+        m_engine.setIncubationController(window()->incubationController());
 }
 
 MainWindow::~MainWindow() = default;

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+// The look of Qt's own chooser, which is made of controls.
+import QtQuick.Controls.Basic // qmllint disable unused-imports
 import QtQuick.Dialogs
 import Quillon
 
