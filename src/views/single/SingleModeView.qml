@@ -36,12 +36,16 @@ Column {
         id: model
     }
 
-    Section {
+    // Always there, since screen readers are told of what is shown, but not of what
+    // is made.
+    Reveal {
         shown: model.hasError
         slides: true
         width: root.innerWidth
 
-        sourceComponent: FetchError {}
+        FetchError {
+            width: root.innerWidth
+        }
     }
 
     Section {
