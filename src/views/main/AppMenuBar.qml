@@ -43,7 +43,7 @@ T.MenuBar {
 
         Accessible.name: text.replace("&", "")
 
-        Accessible.onPressAction: clicked()
+        Accessible.onPressAction: menu?.open()
 
         background: Rectangle {
             color: item.isLit ? Theme.primaryAt(0.08) : "transparent"
