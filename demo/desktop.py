@@ -64,8 +64,9 @@ class Desktop(contextlib.ExitStack):
 
     def _start_display(self, size: str) -> str:
         read, write = os.pipe()
-        self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{size}x24", "-nolisten", "tcp",
-                   pass_fds=[write])
+        # Left by its last visitor it would end who is just coming.
+        self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{size}x24", "-noreset",
+                   "-nolisten", "tcp", pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as number:
             return ":" + number.readline().strip()
