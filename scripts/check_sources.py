@@ -8,6 +8,7 @@ import re
 import sys
 
 SOURCE = pathlib.Path("src")
+AROUND = [pathlib.Path(name) for name in ("tests", "benchmarks", "demo", "scripts")]
 
 # What each folder may include from. A QML folder may use everything but main/.
 ALLOWED = {
@@ -68,11 +69,12 @@ def stray_colours(path: pathlib.Path, lines: list[str]):
 
 def problems(path: pathlib.Path, home: dict[str, str]):
     lines = path.read_text().splitlines()
-    yield from wrong_arrows(path, lines, home)
-    if path.suffix in (".cpp", ".h"):
-        yield from unsafe_waits(lines)
-    if path.suffix == ".qml":
-        yield from stray_colours(path, lines)
+    if SOURCE in path.parents:
+        yield from wrong_arrows(path, lines, home)
+        if path.suffix in (".cpp", ".h"):
+            yield from unsafe_waits(lines)
+        if path.suffix == ".qml":
+            yield from stray_colours(path, lines)
     if len(lines) > LIMITS.get(path.suffix, 10**6) and path.name != "AppState.h":
         yield len(lines), f"more than {LIMITS[path.suffix]} lines"
     if "SPDX-License-Identifier" not in "\n".join(lines[:2]):
@@ -82,7 +84,8 @@ def problems(path: pathlib.Path, home: dict[str, str]):
 def main() -> int:
     home = headers()
     found = [(path, *problem)
-             for path in sorted(SOURCE.rglob("*"))
+             for folder in (SOURCE, *AROUND)
+             for path in sorted(folder.rglob("*"))
              if path.suffix in LIMITS
              for problem in problems(path, home)]
     for path, number, what in found:

@@ -54,6 +54,4 @@ protected:
         const QQuickItem *const target = item(name);
         return target->mapToScene({target->width() / 2, target->height() / 2}).toPoint();
     }
-
-    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
 };

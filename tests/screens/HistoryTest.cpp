@@ -90,7 +90,7 @@ private Q_SLOTS:
         click("refetch60");
         QCOMPARE(state().singleURL(), u"https://x/watch?v=60"_s);
         WAIT_FOR(shown("videoTitle"));
-        QVERIFY(item("videoTitle")->mapToScene({0, 0}).y() > 0);
+        QVERIFY(sceneY("videoTitle") > 0);
     }
 
     void spaceOnARowWithoutAFileDoesNothing()
@@ -209,8 +209,6 @@ private:
         state().history = records;
         WAIT_FOR(shown("history0") && (count < 2 || shown("history1")));
     }
-
-    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
 };
 
 QTEST_MAIN(HistoryTest)

@@ -198,7 +198,7 @@ private Q_SLOTS:
     void aClickOnACardThatIsCutOffMovesNothing()
     {
         show(playlist(5000));
-        const double pageTop = item("page")->mapToScene({0, 0}).y();
+        const double pageTop = sceneY("page");
         QQuickItem *card = nullptr;
         WAIT_FOR((item("page")->setProperty("contentY", 8500), card = cardInTheMiddle())
                  && card->property("index").toInt() > 100);
@@ -313,24 +313,6 @@ private:
         WAIT_FOR(shown("download"));
     }
 
-    /// One event of a touchpad, a frame after the one before.
-    void turnTouchpad(Qt::ScrollPhase phase, int pixels)
-    {
-        const QPointF place(m_window->width() / 2.0, m_window->height() - 60.0);
-        QWheelEvent event(place, m_window->mapToGlobal(place), {0, -pixels}, {0, -pixels},
-                          Qt::NoButton, Qt::NoModifier, phase, false,
-                          Qt::MouseEventSynthesizedBySystem);
-        event.setTimestamp(m_touchpadTime += 16);
-        QCoreApplication::sendEvent(m_window, &event);
-    }
-
-    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
-
-    QTcpServer m_silentServer; // takes connections and says nothing
-    int m_came = 0;
-    int m_left = 0;
-    quint64 m_touchpadTime = static_cast<quint64>(QDateTime::currentMSecsSinceEpoch());
-
     QString focused() const
     {
         return m_window->activeFocusItem() ? m_window->activeFocusItem()->objectName() : QString();
@@ -351,14 +333,16 @@ private:
         return nullptr;
     }
 
-    double sceneY(const char *name) { return item(name)->mapToScene({0, 0}).y(); }
-
     bool isInSight(const char *name)
     {
         const QQuickItem *const found = item(name);
         const double top = item("submit")->mapToScene({0, item("submit")->height()}).y();
         return found && sceneY(name) >= top && sceneY(name) + found->height() <= m_window->height();
     }
+
+    QTcpServer m_silentServer; // takes connections and says nothing
+    int m_came = 0;
+    int m_left = 0;
 };
 
 QTEST_MAIN(PlaylistTest)

@@ -259,8 +259,6 @@ private:
         };
         return QTest::qWaitFor(isShown, 30000) ? button : nullptr;
     }
-
-    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
 };
 
 QTEST_MAIN(SettingsTest)

@@ -162,6 +162,9 @@ protected:
         return count;
     }
 
+    /// Where an item begins, from the window's top.
+    double sceneY(const char *name) { return item(name)->mapToScene({0, 0}).y(); }
+
     /// Turns the wheel over the middle of the page, by notches towards its end.
     void turnWheel(int notches)
     {
@@ -169,6 +172,17 @@ protected:
         QWheelEvent event(place, m_window->mapToGlobal(place), {}, {0, -120 * notches},
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         event.setTimestamp(static_cast<quint64>(QDateTime::currentMSecsSinceEpoch()));
+        QCoreApplication::sendEvent(m_window, &event);
+    }
+
+    /// One event of a touchpad, a frame after the one before.
+    void turnTouchpad(Qt::ScrollPhase phase, int pixels)
+    {
+        const QPointF place(m_window->width() / 2.0, m_window->height() - 60.0);
+        QWheelEvent event(place, m_window->mapToGlobal(place), {0, -pixels}, {0, -pixels},
+                          Qt::NoButton, Qt::NoModifier, phase, false,
+                          Qt::MouseEventSynthesizedBySystem);
+        event.setTimestamp(m_touchpadTime += 16);
         QCoreApplication::sendEvent(m_window, &event);
     }
 
@@ -211,6 +225,8 @@ protected:
         WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
     }
 
+    void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
+
     void typeText(const char *text)
     {
         for (const char *letter = text; *letter; ++letter)
@@ -223,4 +239,5 @@ protected:
     std::unique_ptr<Appearance> m_appearance;
     std::unique_ptr<MainWindow> m_main;
     QQuickWindow *m_window = nullptr;
+    quint64 m_touchpadTime = static_cast<quint64>(QDateTime::currentMSecsSinceEpoch());
 };

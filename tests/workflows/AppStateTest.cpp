@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "QuillonApp.h"
 #include "StateFixture.h"
 
 #include <QMetaProperty>
@@ -300,71 +299,6 @@ private Q_SLOTS:
         m_fixture->state->sendCompleteNotification(u"A"_s, 1);
         QCOMPARE(m_fixture->desktop.sound->played, 0);
         QVERIFY(m_fixture->desktop.notifier->posted.isEmpty());
-    }
-
-    void theProgramAsksForPermissionOnceBeforeItMakesTheState()
-    {
-        m_fixture->state.reset();
-        QuillonApp app(m_fixture->parts());
-        QCOMPARE(m_fixture->desktop.notifier->requests, 1);
-    }
-
-    void menuCommandsFollowTheirRules()
-    {
-        m_fixture->state.reset();
-        QuillonApp app(m_fixture->parts());
-        AppState &state = app.state();
-        const QSignalSpy spy(&app, &QuillonApp::commandsChanged);
-        QVERIFY(!app.canStartDownload() && !app.canPause());
-        state.singleInfo = StateFixture::video(u"a"_s);
-        QVERIFY(app.canStartDownload());
-        state.isDownloading = true;
-        QVERIFY(!app.canStartDownload() && app.canPause());
-        QCOMPARE(app.pauseTitle(), u"Pause Download"_s);
-        state.isPaused = true;
-        QCOMPARE(app.pauseTitle(), u"Resume Download"_s);
-        QCOMPARE(spy.count(), 3);
-    }
-
-    void fetchInfoTestsTheAddressUntrimmedAndWorksInEveryMode()
-    {
-        m_fixture->state.reset();
-        QuillonApp app(m_fixture->parts());
-        const QSignalSpy fetches(&app.state(), &AppState::isFetchingChanged);
-        app.fetchInfo();
-        QCOMPARE(fetches.count(), 0);
-        app.state().mode = AppMode::browse;
-        app.state().singleURL = u"https://x/"_s;
-        app.fetchInfo();
-        QVERIFY(app.state().isFetching());
-        WAIT_FOR(!app.state().isFetching());
-    }
-
-    void theMenusStartWorksWithAnEmptySelectionAndDoesNotReset()
-    {
-        m_fixture->state.reset();
-        QuillonApp app(m_fixture->parts());
-        app.state().singleInfo = StateFixture::playlist({u"a"_s});
-        app.state().downloadStatus = DownloadUIStatus::done(u"/old"_s);
-        const QSignalSpy statuses(&app.state(), &AppState::downloadStatusChanged);
-        app.startDownload();
-        WAIT_FOR(!app.state().isDownloading());
-        QVERIFY(app.state().downloadStatus() == DownloadUIStatus::done(m_fixture->folder.path()));
-        QCOMPARE(statuses.count(), 2); // downloading and done, no idle before
-        QCOMPARE(m_fixture->desktop.notifier->posted.size(), 1);
-    }
-
-    void toggleModeNeverReachesBrowse()
-    {
-        m_fixture->state.reset();
-        QuillonApp app(m_fixture->parts());
-        app.toggleMode();
-        QVERIFY(app.state().mode() == AppMode::multi);
-        app.toggleMode();
-        QVERIFY(app.state().mode() == AppMode::single);
-        app.state().mode = AppMode::browse;
-        app.toggleMode();
-        QVERIFY(app.state().mode() == AppMode::single);
     }
 
 private:

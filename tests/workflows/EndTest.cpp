@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StateFixture.h"
+#include "SingleFixture.h"
 
 #include <QProcess>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,64 +21,100 @@ qint64 childOf(const FakeTool &tool)
 
 } // namespace
 
-class EndTest : public QObject
+/// The end of the program: what goes on no more, and what is left.
+class EndTest : public SingleFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void theToolAndItsChildAreGoneAfterAnOrderlyEnd()
     {
-        StateFixture fixture;
-        fixture.tool.setScript(toolWithChild());
-        start(fixture);
-        fixture.state.reset();
-        QVERIFY(!isAlive(fixture.tool.processIdentifiers().last()));
-        QVERIFY(!isAlive(childOf(fixture.tool)));
+        tool().setScript(toolWithChild());
+        startWithChild();
+        m_fixture->state.reset();
+        QVERIFY(!isAlive(tool().processIdentifiers().last()));
+        QVERIFY(!isAlive(childOf(tool())));
     }
 
     void aPausedToolIsGoneToo()
     {
-        StateFixture fixture;
-        fixture.tool.setScript(toolWithChild());
-        start(fixture);
-        fixture.state->togglePause();
-        WAIT_FOR(stateOf(fixture.tool.processIdentifiers().last()) == "T");
-        fixture.state.reset();
-        QVERIFY(!isAlive(fixture.tool.processIdentifiers().last()));
-        QVERIFY(!isAlive(childOf(fixture.tool)));
+        tool().setScript(toolWithChild());
+        startWithChild();
+        state().togglePause();
+        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        m_fixture->state.reset();
+        QVERIFY(!isAlive(tool().processIdentifiers().last()));
+        QVERIFY(!isAlive(childOf(tool())));
     }
 
     void aToolThatRefusesToEndIsKilled()
     {
-        StateFixture fixture;
-        fixture.tool.setScript(toolWithChild("trap '' TERM INT HUP\n"));
-        start(fixture);
-        fixture.state.reset();
-        QVERIFY(!isAlive(fixture.tool.processIdentifiers().last()));
-        QVERIFY(!isAlive(childOf(fixture.tool)));
+        tool().setScript(toolWithChild("trap '' TERM INT HUP\n"));
+        startWithChild();
+        m_fixture->state.reset();
+        QVERIFY(!isAlive(tool().processIdentifiers().last()));
+        QVERIFY(!isAlive(childOf(tool())));
     }
 
     void afterAKillOfTheProgramNoToolIsLeft()
     {
-        FakeTool tool;
-        tool.setScript("while :; do sleep 0.05; done");
+        tool().setScript("while :; do sleep 0.05; done");
         QProcess program;
         program.start(QCoreApplication::applicationFilePath(),
-                      {u"--be-the-program"_s, tool.path()});
-        WAIT_FOR(tool.processIdentifiers().size() == 2);
+                      {u"--be-the-program"_s, tool().path()});
+        WAIT_FOR(tool().processIdentifiers().size() == 2);
         program.kill();
         QVERIFY(program.waitForFinished());
-        for (const qint64 process : tool.processIdentifiers())
+        for (const qint64 process : tool().processIdentifiers())
             QVERIFY(QTest::qWaitFor([&] { return !isAlive(process); }, 2000));
     }
 
-private:
-    static void start(StateFixture &fixture)
+    void destroyedInMidDownloadNothingGoesOn()
     {
-        fixture.state->singleInfo = StateFixture::video(u"a"_s);
-        fixture.state->startSingleDownload();
-        WAIT_FOR(fixture.state->downloadStatus() == DownloadUIStatus::processing());
-        WAIT_FOR(childOf(fixture.tool) > 0);
+        tool().setScript("echo '[download] 10% of 1MiB at 1MiB/s ETA 00:01'\n"
+                         + tool().gate("never"));
+        state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s});
+        state().selectedPlaylistItems = AppState::EntrySelection({u"a"_s, u"b"_s});
+        state().startSingleDownload();
+        state().singleURL = u"https://x/"_s;
+        state().fetchSingleInfo();
+        WAIT_FOR(tool().processIdentifiers().size() == 2);
+        const QList<qint64> processes = tool().processIdentifiers();
+        m_fixture->state.reset();
+        for (const qint64 process : processes)
+            QVERIFY(!isAlive(process));
+        QCOMPARE(tool().processIdentifiers().size(), 2); // the next item did not start
+        QVERIFY(notifier().posted.isEmpty());
+        QVERIFY(!m_fixture->preferences->blob(u"quillon.history.v2"_s));
+    }
+
+    void destroyedBeforeItsTasksBeginTheyNeverDo()
+    {
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().startSingleDownload();
+        m_fixture->state.reset();
+        QVERIFY(tool().calls().isEmpty());
+    }
+
+    void aSuccessThatMeetsTheEndIsNotRecorded()
+    {
+        // The tool takes the request to end for a reason to succeed.
+        tool().setScript("trap 'exit 0' TERM\necho '[Merger] x'\nwhile :; do sleep 0.01; done");
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().startSingleDownload();
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
+        m_fixture->state.reset();
+        QVERIFY(!m_fixture->preferences->blob(u"quillon.history.v2"_s));
+        QVERIFY(notifier().posted.isEmpty());
+    }
+
+private:
+    void startWithChild()
+    {
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().startSingleDownload();
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
+        WAIT_FOR(childOf(tool()) > 0);
     }
 };
 

@@ -1,55 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "MediaSession.h"
-#include "StateFixture.h"
+#include "MediaSessionFixture.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QSignalSpy>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 const QString mprisName = u"org.mpris.MediaPlayer2.quillon"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 
-/// What answers for the desktop's screen saver.
-class ScreenSaver : public QObject
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
-
-public Q_SLOTS:
-    uint Inhibit(const QString &program, const QString &reason)
-    {
-        said = program + u": "_s + reason;
-        held.append(++last);
-        return last;
-    }
-    void UnInhibit(uint cookie) { held.removeOne(cookie); }
-    void Settle() const { } // comes after all that was sent before
-
-public:
-    QString said;
-    QList<uint> held;
-    uint last = 40;
-};
-
 } // namespace
 
-/// The desktop's media control and its screen saver on a bus of the test's own,
-/// asked over a connection of their own.
-class MediaSessionTest : public QObject
+/// The desktop's media control.
+class MediaSessionTest : public MediaSessionFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY2(m_desktop.isConnected(), "this test needs a session bus: use dbus-run-session");
-        QVERIFY(m_desktop.registerObject(u"/org/freedesktop/ScreenSaver"_s, &m_screenSaver,
-                                         QDBusConnection::ExportAllSlots));
         QVERIFY(m_desktop.connect(QString(), u"/org/mpris/MediaPlayer2"_s,
                                   u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s,
                                   this, SLOT(takeChanges(QString, QVariantMap, QStringList))));
@@ -58,25 +29,9 @@ private Q_SLOTS:
     }
     void init()
     {
-        QVERIFY(m_desktop.registerService(u"org.freedesktop.ScreenSaver"_s));
-        m_fixture = std::make_unique<StateFixture>();
-        m_control = std::make_unique<MediaControl>();
-        m_inhibitor = std::make_unique<SleepInhibitor>();
-        m_session = std::make_unique<MediaSession>(state(), *m_control, *m_inhibitor);
-        state().browseResults = AppState::Results{result(u"a"_s), result(u"b"_s), result(u"c"_s)};
-        m_fixture->tool.setScript("for LAST; do :; done\necho \"http://media/${LAST##*/}.mp4\"");
+        MediaSessionFixture::init();
         m_changes.clear();
         m_seeked.clear();
-    }
-    void cleanup()
-    {
-        state().stopPlayback();
-        settle();
-        WAIT_FOR(m_screenSaver.held.isEmpty());
-        m_session.reset();
-        m_inhibitor.reset();
-        m_control.reset();
-        m_fixture.reset();
     }
 
     void itIsOnTheBusWhileSomethingIsChosen()
@@ -210,6 +165,15 @@ private Q_SLOTS:
         QCOMPARE(state().nowPlaying()->id, u"b"_s);
     }
 
+    void afterTheLastOnePlayBeginsAgain()
+    {
+        play(u"c"_s);
+        engine()->events.ended();
+        QCOMPARE(playerProperty(u"PlaybackStatus"_s), u"Paused"_s);
+        callPlayer(u"Play"_s);
+        QCOMPARE(engine()->sought, QList<double>{0});
+    }
+
     void whileItLoadsAndAfterAFailureItIsStopped()
     {
         m_fixture->tool.setScript("true");
@@ -232,67 +196,6 @@ private Q_SLOTS:
         QVERIFY(m_desktop.unregisterService(mprisName));
     }
 
-    void theScreenIsAwakeWhileAVideoPlays()
-    {
-        QVERIFY(m_screenSaver.held.isEmpty());
-        play(u"a"_s);
-        WAIT_FOR(m_screenSaver.held.size() == 1);
-        QCOMPARE(m_screenSaver.said, u"quillon: Playing a video"_s);
-        state().avPlayer.pause();
-        WAIT_FOR(m_screenSaver.held.isEmpty());
-        state().avPlayer.play();
-        WAIT_FOR(m_screenSaver.held.size() == 1);
-        engine()->events.failed(u"broken"_s);
-        WAIT_FOR(m_screenSaver.held.isEmpty());
-    }
-
-    void theScreenMaySleepAfterTheLastOne()
-    {
-        play(u"c"_s);
-        WAIT_FOR(m_screenSaver.held.size() == 1);
-        engine()->events.ended();
-        WAIT_FOR(m_screenSaver.held.isEmpty());
-        QCOMPARE(playerProperty(u"PlaybackStatus"_s), u"Paused"_s);
-        callPlayer(u"Play"_s);
-        QCOMPARE(engine()->sought, QList<double>{0}); // from the beginning again
-        WAIT_FOR(m_screenSaver.held.size() == 1);
-    }
-
-    void aPauseBeforeTheScreenSaverHasAnsweredIsNotForgotten()
-    {
-        play(u"a"_s);
-        state().avPlayer.pause(); // its answer has not been read
-        state().avPlayer.play();
-        state().avPlayer.pause();
-        WAIT_FOR(m_screenSaver.last > 40 && m_screenSaver.held.isEmpty());
-        state().avPlayer.play();
-        WAIT_FOR(m_screenSaver.held.size() == 1);
-    }
-
-    void aScreenSaverIsAskedOnceHoweverOftenThePositionIsTold()
-    {
-        QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));
-        play(u"a"_s);
-        settle(); // refused by now
-        QVERIFY(m_desktop.registerService(u"org.freedesktop.ScreenSaver"_s));
-        const uint before = m_screenSaver.last;
-        tellPosition(1);
-        tellPosition(2);
-        settle();
-        QCOMPARE(m_screenSaver.last, before);
-    }
-
-    void withoutAScreenSaverItPlaysAllTheSame()
-    {
-        QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));
-        play(u"a"_s);
-        playerProperty(u"PlaybackStatus"_s); // a call's way; the refusal has come by then
-        state().avPlayer.pause();
-        QVERIFY(m_desktop.registerService(u"org.freedesktop.ScreenSaver"_s));
-        state().avPlayer.play();
-        WAIT_FOR(m_screenSaver.held.size() == 1); // of a service that came later
-    }
-
 public Q_SLOTS:
     void takeChanges(const QString &interface, const QVariantMap &changes,
                      const QStringList & /*invalidated*/)
@@ -303,42 +206,6 @@ public Q_SLOTS:
     void takeSeeked(qlonglong position) { m_seeked.append(position); }
 
 private:
-    static SearchResult result(const QString &id)
-    {
-        SearchResult result;
-        result.id = id;
-        result.title = u"Title "_s + id;
-        result.uploader = u"Someone"_s;
-        result.duration = 90;
-        result.thumbnailURL = u"http://127.0.0.1/%1.jpg"_s.arg(id);
-        result.videoURL = u"https://example.org/"_s + id;
-        return result;
-    }
-
-    AppState &state() { return *m_fixture->state; }
-    RecordingDesktop::SilentEngine *engine() { return *m_fixture->desktop.engine; }
-
-    void play(const QString &id)
-    {
-        state().playBrowseResult(result(id));
-        WAIT_FOR(!state().isLoadingStream());
-    }
-
-    void tellPosition(double position)
-    {
-        engine()->events.statusChanged({.position = position, .duration = 90});
-    }
-
-    /// Until the desktop has heard all that the program has sent.
-    static void settle()
-    {
-        const auto call = QDBusMessage::createMethodCall(
-            u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s,
-            u"org.freedesktop.ScreenSaver"_s, u"Settle"_s);
-        const QDBusPendingCallWatcher watcher(QDBusConnection::sessionBus().asyncCall(call));
-        WAIT_FOR(watcher.isFinished());
-    }
-
     [[nodiscard]] bool isOnTheBus(const QString &name = mprisName) const
     {
         return m_desktop.interface()->isServiceRegistered(name);
@@ -371,17 +238,8 @@ private:
     }
     QVariant playerProperty(const QString &name) { return property(playerInterface, name); }
 
-    // The desktop's side of the bus.
-    QDBusConnection m_desktop =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"desktop"_s);
-    ScreenSaver m_screenSaver;
     QList<QVariantMap> m_changes;
     QList<qlonglong> m_seeked;
-
-    std::unique_ptr<StateFixture> m_fixture;
-    std::unique_ptr<MediaControl> m_control;
-    std::unique_ptr<SleepInhibitor> m_inhibitor;
-    std::unique_ptr<MediaSession> m_session;
 };
 
 QTEST_GUILESS_MAIN(MediaSessionTest)

@@ -1,180 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StateFixture.h"
+#include "AssignmentRecorder.h"
+#include "SingleFixture.h"
 
-#include <QMetaMethod>
-#include <QMetaProperty>
 #include <QSignalSpy>
-#include <QTest>
 
-#include <csignal>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Writes down the names of the properties that are assigned.
-class AssignmentRecorder : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit AssignmentRecorder(AppState &state)
-    {
-        const QMetaObject &meta = AppState::staticMetaObject;
-        const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("note()"));
-        for (int index = meta.propertyOffset(); index < meta.propertyCount(); ++index)
-            connect(&state, meta.property(index).notifySignal(), this, slot);
-    }
-
-    QStringList take() { return std::exchange(m_names, {}); }
-
-public Q_SLOTS:
-    void note()
-    {
-        const QByteArray signal = sender()->metaObject()->method(senderSignalIndex()).name();
-        const QString name = QString::fromLatin1(signal.chopped(7)); // "Changed"
-        if (name != u"displayedDownloadStatus") // follows others, is never assigned
-            m_names.append(name);
-    }
-
-private:
-    QStringList m_names;
-};
-
-const QByteArray oneVideo = R"(echo '{"id":"i","title":"T","uploader":"U"}')";
-
-} // namespace
-
-class SingleModeTest : public QObject
+/// Downloads of single mode.
+class SingleModeTest : public SingleFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_fixture = std::make_unique<StateFixture>(); }
-    void cleanup() { m_fixture.reset(); }
-
-    // Fetching
-
-    void aFetchAssignsInItsOrder()
-    {
-        tool().setScript(oneVideo);
-        state().singleURL = u" https://x/watch?v=a \n"_s;
-        AssignmentRecorder recorder(state());
-        state().fetchSingleInfo();
-        QCOMPARE(recorder.take(),
-                 QStringList({u"isFetching"_s, u"fetchError"_s, u"singleInfo"_s,
-                              u"selectedPlaylistItems"_s, u"downloadStatus"_s}));
-        WAIT_FOR(!state().isFetching());
-        QCOMPARE(recorder.take(), QStringList({u"singleInfo"_s, u"isFetching"_s}));
-        QCOMPARE(state().singleInfo()->originalURL, u"https://x/watch?v=a"_s);
-        QCOMPARE(tool().calls().first().last(), u"https://x/watch?v=a"_s);
-    }
-
-    void aBlankAddressDoesNothingAndKeepsTheError()
-    {
-        state().fetchError = u"old"_s;
-        state().singleURL = u" \n\t "_s;
-        AssignmentRecorder recorder(state());
-        state().fetchSingleInfo();
-        QCOMPARE(recorder.take(), QStringList());
-        QCOMPARE(state().fetchError(), u"old"_s);
-    }
-
-    void aMixedAddressIsFetchedAsChosen()
-    {
-        state().singleURL = u"https://x/watch?v=abc&list=PL1"_s;
-        fetch();
-        QVERIFY(tool().calls().last().contains(u"--no-playlist"_s));
-        state().fetchAsPlaylist = true;
-        fetch();
-        QVERIFY(tool().calls().last().contains(u"--yes-playlist"_s));
-    }
-
-    void aPlaylistAddressIsFetchedAsOneWhateverWasChosen()
-    {
-        state().singleURL = u"https://x/playlist?list=PL1"_s;
-        fetch();
-        QVERIFY(tool().calls().last().contains(u"--yes-playlist"_s));
-    }
-
-    void aPlaylistStartsWithEveryEntrySelected()
-    {
-        tool().setScript("for i in a b a; do "
-                         "printf '{\"id\":\"%s\",\"url\":\"u%s\"}\\n' $i $i; done");
-        state().singleURL = u"https://x/playlist?list=PL1"_s;
-        AssignmentRecorder recorder(state());
-        fetch();
-        QCOMPARE(recorder.take().mid(5),
-                 QStringList({u"singleInfo"_s, u"selectedPlaylistItems"_s, u"isFetching"_s}));
-        QCOMPARE(state().singleInfo()->playlistEntries.size(), 3);
-        QCOMPARE(state().selectedPlaylistItems(), AppState::EntrySelection({u"a"_s, u"b"_s}));
-    }
-
-    void aFailedFetchTellsWhy()
-    {
-        tool().setScript("echo no >&2; exit 1");
-        state().singleURL = u"https://x/"_s;
-        AssignmentRecorder recorder(state());
-        fetch();
-        QCOMPARE(recorder.take().mid(5), QStringList({u"fetchError"_s, u"isFetching"_s}));
-        QCOMPARE(state().fetchError(), u"Failed to fetch info: no\n"_s);
-        QVERIFY(!state().singleInfo());
-    }
-
-    void theReadersOwnErrorIsShownUnprefixed()
-    {
-        tool().setScript("echo garbage");
-        state().singleURL = u"https://x/"_s;
-        fetch();
-        QVERIFY(!state().fetchError()->isEmpty());
-        QVERIFY(!state().fetchError()->contains(u"rror:"_s));
-    }
-
-    void aMissingToolIsReported()
-    {
-        QFile::remove(tool().path());
-        state().singleURL = u"https://x/"_s;
-        fetch();
-        QVERIFY(state().fetchError()->startsWith(u"Failed to fetch info: "_s));
-    }
-
-    void theBrowserOfTheMomentGivesTheCookies()
-    {
-        state().cookiesBrowser = u"brave"_s;
-        state().singleURL = u"https://x/"_s;
-        fetch();
-        QVERIFY(tool().calls().last().contains(u"brave"_s));
-    }
-
-    void ofTwoFetchesTheOneThatEndsLastWins()
-    {
-        tool().setScript("if [ $N = 1 ]; then\n" + tool().gate("first")
-                         + "echo '{\"title\":\"first\"}'; else echo '{\"title\":\"second\"}'; fi");
-        state().singleURL = u"https://x/"_s;
-        state().fetchSingleInfo();
-        WAIT_FOR(tool().processIdentifiers().size() == 1);
-        state().fetchSingleInfo();
-        WAIT_FOR(state().singleInfo().has_value());
-        QCOMPARE(state().singleInfo()->title, u"second"_s);
-        tool().open("first");
-        WAIT_FOR(state().singleInfo()->title == u"first"_s);
-    }
-
-    void aFetchThatComesBackAfterAClearStillLands()
-    {
-        tool().setScript(tool().gate("go") + oneVideo);
-        state().singleURL = u"https://x/"_s;
-        state().fetchSingleInfo();
-        WAIT_FOR(tool().processIdentifiers().size() == 1);
-        state().singleURL = QString();
-        state().singleInfo = AppState::Info();
-        state().resetDownload();
-        tool().open("go");
-        WAIT_FOR(state().singleInfo().has_value());
-    }
-
-    // Downloading
-
     void aRunAssignsInItsOrder()
     {
         state().singleInfo = StateFixture::video(u"a"_s);
@@ -378,7 +213,7 @@ private Q_SLOTS:
             download();
             const QSignalSpy progress(&state(), &AppState::downloadProgressChanged);
             const QSignalSpy status(&state(), &AppState::downloadStatusChanged);
-            QTest::qWait(50);
+            search(); // its reply comes after all that was on its way
             QCOMPARE(progress.count() + status.count(), 0);
             QCOMPARE(state().downloadProgress(), 1.0);
             QVERIFY(state().downloadStatus().kind() == DownloadUIStatus::Case::done);
@@ -419,138 +254,13 @@ private Q_SLOTS:
         WAIT_FOR(!state().history().isEmpty());
     }
 
-    // Pausing
-
-    void pauseStopsTheToolAndResumeContinuesIt()
-    {
-        startStoppable();
-        state().togglePause();
-        QVERIFY(state().isPaused());
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
-        state().togglePause();
-        QVERIFY(!state().isPaused());
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
-        tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
-    }
-
-    void pauseWithoutAProcessFlipsTheFlag()
-    {
-        state().togglePause();
-        QVERIFY(state().isPaused());
-        state().togglePause();
-        QVERIFY(!state().isPaused());
-    }
-
-    void theEndOfARunUnsetsThePause()
-    {
-        startStoppable();
-        state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
-        kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGKILL);
-        WAIT_FOR(m_fixture->hasEnded());
-        QVERIFY(!state().isPaused());
-        QVERIFY(state().downloadStatus().kind() == DownloadUIStatus::Case::failed);
-    }
-
-    void resumeAlsoContinuesWhatAnotherRunHasPushedOut()
-    {
-        startStoppable();
-        const qint64 first = tool().processIdentifiers().last();
-        state().togglePause();
-        WAIT_FOR(stateOf(first) == "T");
-        // Another download takes the slot, as one of another mode does.
-        service().runProcessWithProgress(
-            {u"x"_s}, [](auto...) {}, [] {}, [](const auto &) {});
-        WAIT_FOR(tool().processIdentifiers().size() == 2);
-        WAIT_FOR(service().activeProcess()->processIdentifier() != first);
-        QVERIFY(stateOf(first) == "T");
-        state().togglePause();
-        WAIT_FOR(stateOf(first) != "T");
-        tool().open("go");
-        tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
-    }
-
-    void aResetWhilePausedLetsTheRunGoOn()
-    {
-        startStoppable();
-        state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
-        state().resetDownload();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
-        tool().open("go");
-        WAIT_FOR(!state().history().isEmpty());
-    }
-
-    // The end of the program
-
-    void destroyedInMidDownloadNothingGoesOn()
-    {
-        tool().setScript("echo '[download] 10% of 1MiB at 1MiB/s ETA 00:01'\n"
-                         + tool().gate("never"));
-        state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s});
-        state().selectedPlaylistItems = AppState::EntrySelection({u"a"_s, u"b"_s});
-        state().startSingleDownload();
-        state().singleURL = u"https://x/"_s;
-        state().fetchSingleInfo();
-        WAIT_FOR(tool().processIdentifiers().size() == 2);
-        const QList<qint64> processes = tool().processIdentifiers();
-        m_fixture->state.reset();
-        for (const qint64 process : processes)
-            QVERIFY(!isAlive(process));
-        QCOMPARE(tool().processIdentifiers().size(), 2); // the next item did not start
-        QVERIFY(notifier().posted.isEmpty());
-        QVERIFY(!m_fixture->preferences->blob(u"quillon.history.v2"_s));
-    }
-
-    void destroyedBeforeItsTasksBeginTheyNeverDo()
-    {
-        state().singleInfo = StateFixture::video(u"a"_s);
-        state().startSingleDownload();
-        m_fixture->state.reset();
-        QVERIFY(tool().calls().isEmpty());
-    }
-
-    void aSuccessThatMeetsTheEndIsNotRecorded()
-    {
-        // The tool takes the request to end for a reason to succeed.
-        tool().setScript("trap 'exit 0' TERM\necho '[Merger] x'\nwhile :; do sleep 0.01; done");
-        state().singleInfo = StateFixture::video(u"a"_s);
-        state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
-        m_fixture->state.reset();
-        QVERIFY(!m_fixture->preferences->blob(u"quillon.history.v2"_s));
-        QVERIFY(notifier().posted.isEmpty());
-    }
-
 private:
-    AppState &state() { return *m_fixture->state; }
-    FakeTool &tool() { return m_fixture->tool; }
-    YTDLPService &service() { return *m_fixture->service; }
-    RecordingDesktop::RecordingNotifier &notifier() { return *m_fixture->desktop.notifier; }
-
-    void fetch()
+    void search()
     {
-        state().fetchSingleInfo();
-        WAIT_FOR(!state().isFetching());
+        state().browseSearchQuery = u"x"_s;
+        state().searchYouTube();
+        WAIT_FOR(!state().isBrowseSearching());
     }
-
-    void download()
-    {
-        state().startSingleDownload();
-        WAIT_FOR(m_fixture->hasEnded());
-    }
-
-    void startStoppable()
-    {
-        tool().setScript("echo '[Merger] x'\n" + tool().gate("go"));
-        state().singleInfo = StateFixture::video(u"a"_s);
-        state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
-    }
-
-    std::unique_ptr<StateFixture> m_fixture;
 };
 
 QTEST_GUILESS_MAIN(SingleModeTest)

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "URLInputModel.h"
+#include "StateFixture.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// The input bar of all three modes.
+class URLInputModelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_fixture = std::make_unique<StateFixture>(); }
+    void cleanup() { m_fixture.reset(); }
+
+    void theBarsTextsFollowTheMode()
+    {
+        const URLInputModel input(state());
+        QCOMPARE(input.placeholder(), u"Paste a YouTube URL..."_s);
+        QCOMPARE(input.fieldIcon(), u"link"_s);
+        QCOMPARE(input.buttonLabel(), u"Fetch Info"_s);
+        QCOMPARE(input.buttonIcon(), u"magnifyingglass"_s);
+        state().mode = AppMode::multi;
+        QCOMPARE(input.placeholder(), u"Paste a URL to add to queue..."_s);
+        QCOMPARE(input.fieldIcon(), u"link"_s);
+        QCOMPARE(input.buttonLabel(), u"Add to Queue"_s);
+        QCOMPARE(input.buttonIcon(), u"plus"_s);
+        state().mode = AppMode::browse;
+        QCOMPARE(input.placeholder(), u"Search YouTube..."_s);
+        QCOMPARE(input.fieldIcon(), u"magnifyingglass"_s);
+        QCOMPARE(input.buttonLabel(), u"Search"_s);
+        QCOMPARE(input.buttonIcon(), u"magnifyingglass"_s);
+    }
+
+    void aBusyModeShowsItsBusyText()
+    {
+        const URLInputModel input(state());
+        state().isFetching = true;
+        QCOMPARE(input.buttonLabel(), u"Fetching..."_s);
+        QVERIFY(input.isBusy());
+        state().mode = AppMode::multi;
+        QCOMPARE(input.buttonLabel(), u"Add to Queue"_s);
+        QVERIFY(!input.isBusy());
+        state().mode = AppMode::browse;
+        QCOMPARE(input.buttonLabel(), u"Search"_s);
+        state().isBrowseSearching = true;
+        QCOMPARE(input.buttonLabel(), u"Searching..."_s);
+    }
+
+    void theButtonIsEnabledForAnyTextWhileNothingRuns()
+    {
+        URLInputModel input(state());
+        QVERIFY(!input.canSubmit());
+        input.edit(u"  "_s);
+        QVERIFY(input.canSubmit()); // blanks are text
+        state().isBrowseSearching = true;
+        QVERIFY(!input.canSubmit());
+        state().isBrowseSearching = false;
+        state().isFetching = true;
+        QVERIFY(!input.canSubmit());
+        state().mode = AppMode::multi;
+        state().multiURL = u"x"_s;
+        QVERIFY(!input.canSubmit()); // a fetch of single mode counts everywhere
+    }
+
+    void anEditResetsThePlaylistChoiceAndTheError()
+    {
+        URLInputModel input(state());
+        state().fetchAsPlaylist = true;
+        state().fetchError = u"old"_s;
+        input.edit(u"x"_s);
+        QVERIFY(!state().fetchAsPlaylist());
+        QVERIFY(!state().fetchError());
+    }
+
+    void anEditInAnotherModeKeepsTheError()
+    {
+        URLInputModel input(state());
+        state().mode = AppMode::multi;
+        state().fetchAsPlaylist = true;
+        state().fetchError = u"old"_s;
+        input.edit(u"x"_s);
+        QCOMPARE(state().multiURL(), u"x"_s);
+        QVERIFY(!state().fetchAsPlaylist());
+        QCOMPARE(state().fetchError(), u"old"_s);
+    }
+
+    void switchingTheModeIsNoEditAndKeepsTheTexts()
+    {
+        URLInputModel input(state());
+        input.edit(u"single"_s);
+        state().fetchAsPlaylist = true;
+        state().fetchError = u"old"_s;
+        state().mode = AppMode::browse;
+        QCOMPARE(input.currentURL(), QString());
+        input.edit(input.currentURL()); // what a field does that shows another text
+        state().mode = AppMode::single;
+        QCOMPARE(input.currentURL(), u"single"_s);
+        QVERIFY(state().fetchAsPlaylist());
+        QCOMPARE(state().fetchError(), u"old"_s);
+    }
+
+    void clearingInSingleModeAlsoResetsTheDownload()
+    {
+        URLInputModel input(state());
+        state().singleURL = u"x"_s;
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().fetchError = u"old"_s;
+        state().fetchAsPlaylist = true;
+        state().downloadStatus = DownloadUIStatus::done(u"/d"_s);
+        state().totalDownloadCount = 3;
+        input.clearURL();
+        QCOMPARE(state().singleURL(), QString());
+        QVERIFY(!state().singleInfo());
+        QVERIFY(!state().fetchError());
+        QVERIFY(!state().fetchAsPlaylist());
+        QVERIFY(state().downloadStatus() == DownloadUIStatus::idle());
+        QCOMPARE(state().totalDownloadCount(), 0);
+    }
+
+    void clearingInOtherModesConcernsThemAlone()
+    {
+        URLInputModel input(state());
+        state().singleURL = u"x"_s;
+        state().multiURL = u"y"_s;
+        state().browseSearchQuery = u"z"_s;
+        state().browseResults = AppState::Results({SearchResult()});
+        state().browseSearchError = u"old"_s;
+        state().mode = AppMode::multi;
+        input.clearURL();
+        QCOMPARE(state().multiURL(), QString());
+        QCOMPARE(state().browseResults().size(), 1);
+        state().mode = AppMode::browse;
+        input.clearURL();
+        QCOMPARE(state().browseSearchQuery(), QString());
+        QVERIFY(state().browseResults().isEmpty());
+        QVERIFY(!state().browseSearchError());
+        QCOMPARE(state().singleURL(), u"x"_s);
+    }
+
+    void returnGoesPastTheEnablingRule()
+    {
+        URLInputModel input(state());
+        state().singleURL = u"https://x/"_s;
+        state().isFetching = true;
+        QVERIFY(!input.canSubmit());
+        input.handleSubmit();
+        WAIT_FOR(m_fixture->tool.calls().size() == 1);
+        WAIT_FOR(!state().isFetching());
+    }
+
+    void returnInAnEmptyFieldDoesNothing()
+    {
+        URLInputModel input(state());
+        input.handleSubmit();
+        QVERIFY(!state().isFetching());
+    }
+
+    void aMixedAddressOffersAChoiceInSingleModeOnly()
+    {
+        URLInputModel input(state());
+        input.edit(u"https://x/watch?v=a&list=b"_s);
+        QVERIFY(input.showsMixedBar());
+        state().mode = AppMode::multi;
+        QVERIFY(!input.showsMixedBar());
+    }
+
+    void choosingClearsWhatWasFetchedAlsoForTheActiveChoice()
+    {
+        URLInputModel input(state());
+        state().singleInfo = StateFixture::video(u"a"_s);
+        input.choosePlaylist(false);
+        QVERIFY(!state().singleInfo());
+        input.choosePlaylist(true);
+        QVERIFY(state().fetchAsPlaylist());
+        QVERIFY(input.fetchesPlaylist());
+    }
+
+private:
+    AppState &state() { return *m_fixture->state; }
+
+    std::unique_ptr<StateFixture> m_fixture;
+};
+
+QTEST_GUILESS_MAIN(URLInputModelTest)
+#include "URLInputModelTest.moc"

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "QuillonApp.h"
+#include "StateFixture.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// The program as a whole: its start, and the commands of its menus.
+class QuillonAppTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_fixture = std::make_unique<StateFixture>();
+        m_fixture->state.reset(); // the program makes one of its own
+        m_app = std::make_unique<QuillonApp>(m_fixture->parts());
+    }
+    void cleanup()
+    {
+        m_app.reset();
+        m_fixture.reset();
+    }
+
+    void theProgramAsksForPermissionOnceBeforeItMakesTheState()
+    {
+        QCOMPARE(m_fixture->desktop.notifier->requests, 1);
+    }
+
+    void menuCommandsFollowTheirRules()
+    {
+        AppState &state = app().state();
+        const QSignalSpy spy(&app(), &QuillonApp::commandsChanged);
+        QVERIFY(!app().canStartDownload() && !app().canPause());
+        state.singleInfo = StateFixture::video(u"a"_s);
+        QVERIFY(app().canStartDownload());
+        state.isDownloading = true;
+        QVERIFY(!app().canStartDownload() && app().canPause());
+        QCOMPARE(app().pauseTitle(), u"Pause Download"_s);
+        state.isPaused = true;
+        QCOMPARE(app().pauseTitle(), u"Resume Download"_s);
+        QCOMPARE(spy.count(), 3);
+    }
+
+    void fetchInfoTestsTheAddressUntrimmedAndWorksInEveryMode()
+    {
+        const QSignalSpy fetches(&app().state(), &AppState::isFetchingChanged);
+        app().fetchInfo();
+        QCOMPARE(fetches.count(), 0);
+        app().state().mode = AppMode::browse;
+        app().state().singleURL = u"https://x/"_s;
+        app().fetchInfo();
+        QVERIFY(app().state().isFetching());
+        WAIT_FOR(!app().state().isFetching());
+    }
+
+    void theMenusStartWorksWithAnEmptySelectionAndDoesNotReset()
+    {
+        app().state().singleInfo = StateFixture::playlist({u"a"_s});
+        app().state().downloadStatus = DownloadUIStatus::done(u"/old"_s);
+        const QSignalSpy statuses(&app().state(), &AppState::downloadStatusChanged);
+        app().startDownload();
+        WAIT_FOR(!app().state().isDownloading());
+        QVERIFY(app().state().downloadStatus() == DownloadUIStatus::done(m_fixture->folder.path()));
+        QCOMPARE(statuses.count(), 2); // downloading and done, no idle before
+        QCOMPARE(m_fixture->desktop.notifier->posted.size(), 1);
+    }
+
+    void toggleModeNeverReachesBrowse()
+    {
+        app().toggleMode();
+        QVERIFY(app().state().mode() == AppMode::multi);
+        app().toggleMode();
+        QVERIFY(app().state().mode() == AppMode::single);
+        app().state().mode = AppMode::browse;
+        app().toggleMode();
+        QVERIFY(app().state().mode() == AppMode::single);
+    }
+
+private:
+    QuillonApp &app() { return *m_app; }
+
+    std::unique_ptr<StateFixture> m_fixture;
+    std::unique_ptr<QuillonApp> m_app;
+};
+
+QTEST_GUILESS_MAIN(QuillonAppTest)
+#include "QuillonAppTest.moc"
