@@ -161,13 +161,15 @@ class MainJob(Case):
         self.assertEqual(person.services("Notify")[0][4],
                          "&quot;a &lt;script&gt;alert(1)&lt;/script&gt; &amp; b&quot; downloaded successfully")
 
-    def test_a_private_video_is_an_error_to_read(self):
+    def test_a_private_video_is_an_error_to_read_and_to_hear(self):
         person = self.person
+        alerts = person.listen_for_alerts()
         person.desktop.type(WATCH + "private")
         person.desktop.keys("Return")
-        wait_until(lambda: person.look_for(
-            "Failed to fetch info: ERROR: [youtube] private: Private video. "
-            "Sign in if you've been granted access to this video\n"), "the error")
+        error = ("Failed to fetch info: ERROR: [youtube] private: Private video. "
+                 "Sign in if you've been granted access to this video")
+        person.see(error)
+        wait_until(lambda: alerts() == [error], "the alert")
 
     def test_odd_titles_are_saved_and_recorded(self):
         odd = ("quotes", "slashes", "emoji", "rtl", "cjk", "percent", "angles")

@@ -201,6 +201,25 @@ class Person:
 
         return wait_until(lambda: self._find(self._application(), matches), f"“{title}, {rest}”")
 
+    def listen_for_alerts(self):
+        """A screen reader's ear: what it returns tells the names of the alerts that have
+        been shown since."""
+        from gi.repository import Atspi, GLib
+        heard = []
+
+        def take(event):
+            if event.detail1 and event.source.get_role() == Atspi.Role.ALERT:
+                heard.append(event.source.get_name())
+
+        def hear() -> list[str]:
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return heard
+
+        self.listener = Atspi.EventListener.new(take)
+        self.listener.register("object:state-changed:showing")
+        return hear
+
     def focused(self) -> str:
         from gi.repository import Atspi
 

@@ -131,6 +131,14 @@ private Q_SLOTS:
         WAIT_FOR(shown("errorBanner") && !shown("fetching"));
     }
 
+    void anErrorIsAnAlertNamedByItsTextWithoutTheLastLineBreak()
+    {
+        state().fetchError = u"No such video\n"_s;
+        WAIT_FOR(shown("errorBanner"));
+        QVERIFY(accessible("errorBanner")->role() == QAccessible::AlertMessage);
+        QCOMPARE(accessible("errorBanner")->text(QAccessible::Name), u"No such video"_s);
+    }
+
     void aPlaylistShowsItsTitle()
     {
         state().singleInfo = playlist(2);

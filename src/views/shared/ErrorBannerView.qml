@@ -7,12 +7,14 @@ Rectangle {
     id: root
 
     property string message
+    // The tool ends its messages with a line break, which is no line to show.
+    readonly property string text: message.trim()
 
     color: Theme.at(Theme.redFill, 0.88)
     implicitHeight: label.implicitHeight + 22
     radius: Theme.radius
 
-    Accessible.name: message.slice(0, 4000)
+    Accessible.name: text.slice(0, 4000)
     Accessible.role: Accessible.AlertMessage
 
     SymbolIcon {
@@ -36,8 +38,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.overAccent
         maximumLineCount: 60
-        // The tool ends its messages with a line break, which is no line to show.
-        text: root.message.trim()
+        text: root.text
         wrapMode: Text.Wrap
 
         Accessible.ignored: true

@@ -36,8 +36,8 @@ Column {
         id: model
     }
 
-    // Always there, since screen readers are told of what is shown, but not of what
-    // is made.
+    // Always there, so that a screen reader is told when it is shown, whatever else is
+    // made at that moment.
     Reveal {
         shown: model.hasError
         slides: true
