@@ -11,7 +11,8 @@
 
 void DesktopFileViewer::select(const QString &path)
 {
-    call(QStringLiteral("ShowItems"), path, QFileInfo(path).path());
+    const QFileInfo item(path);
+    call(QStringLiteral("ShowItems"), path, item.isDir() ? path : item.path());
 }
 
 void DesktopFileViewer::openFolder(const QString &path)

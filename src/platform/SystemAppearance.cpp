@@ -5,6 +5,8 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
@@ -111,6 +113,19 @@ void SystemAppearance::readSettings()
                                                   QStringLiteral("ReadAll"));
     message << QStringList{appearanceGroup, interfaceGroup};
     const QDBusMessage reply = bus.call(message, QDBus::Block, portalTimeout);
+    takeSettings(reply);
+    if (QDBusError(reply).type() != QDBusError::NoReply)
+        return;
+    // The desktop may only be starting its portal.
+    auto *const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        takeSettings(watcher->reply());
+    });
+}
+
+void SystemAppearance::takeSettings(const QDBusMessage &reply)
+{
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
         return;
     const auto groups = qdbus_cast<SettingGroups>(reply.arguments().constFirst());

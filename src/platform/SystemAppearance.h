@@ -6,6 +6,7 @@
 
 #include <optional>
 
+class QDBusMessage;
 class QDBusVariant;
 
 /// How the user wants programs to look, and every change of it: what the
@@ -16,7 +17,8 @@ class SystemAppearance : public QObject
     Q_MOC_INCLUDE(<QDBusVariant>)
 
 public:
-    /// Asks the portal, and waits for its answer at most as long as nobody notices.
+    /// Asks the portal, and waits for its answer at most as long as nobody notices;
+    /// one that comes later is a change.
     SystemAppearance();
 
     [[nodiscard]] bool isDark() const;
@@ -38,6 +40,7 @@ private Q_SLOTS:
 
 private:
     void readSettings();
+    void takeSettings(const QDBusMessage &reply);
 
     std::optional<bool> m_portalIsDark; // unset: the portal has no opinion
     QColor m_accent;

@@ -39,9 +39,68 @@ private Q_SLOTS:
 
     void theContentHasItsMinimumBelowTheMenuBar()
     {
+        const auto *const menuBar = m_window->property("menuBar").value<QQuickItem *>();
+        QVERIFY(menuBar->height() > 0);
         QCOMPARE(m_window->minimumWidth(), 880);
-        QVERIFY(m_window->minimumHeight() > 600);
+        QCOMPARE(m_window->minimumHeight() - menuBar->height(), 600.0);
         QCOMPARE(m_window->title(), u"Quillon"_s);
+    }
+
+    void theMenusCommandsHaveTheirKeys()
+    {
+        const auto press = [this](Qt::Key key) {
+            QTest::keyClick(m_window, key, Qt::ControlModifier);
+        };
+        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
+        focusField();
+        typeText("https://x/watch?v=i");
+        press(Qt::Key_F);
+        WAIT_FOR(shown("videoTitle") && !state().isFetching());
+        m_fixture.tool.setScript("echo '[Merger] x'\n" + m_fixture.tool.gate("go"));
+        press(Qt::Key_D);
+        WAIT_FOR(state().isDownloading() && shown("processingBar"));
+        press(Qt::Key_P);
+        QVERIFY(state().isPaused());
+        press(Qt::Key_P);
+        QVERIFY(!state().isPaused());
+        m_fixture.tool.open("go");
+        WAIT_FOR(!state().isDownloading());
+        press(Qt::Key_M);
+        QVERIFY(state().mode() == AppMode::multi);
+    }
+
+    void fetchInfoIsChosenFromTheMenuByMouse()
+    {
+        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
+        state().singleURL = u"https://x/watch?v=i"_s;
+        QQuickItem *const root = m_window->contentItem();
+        click(withText(root, u"&Download"_s));
+        WAIT_FOR(withText(root, u"Fetch Info"_s));
+        // The submit button below reads so, too.
+        const auto command = [this] {
+            QQuickItem *const found = item("menuCommand");
+            return found && found->isVisible() ? found : nullptr;
+        };
+        WAIT_FOR(command());
+        QCOMPARE(command()->property("text").toString(), u"Fetch Info"_s);
+        click(command());
+        WAIT_FOR(shown("videoTitle"));
+    }
+
+    void returnInTheFieldFetchesAlsoWhileTheButtonIsDisabled()
+    {
+        m_fixture.tool.setScript(m_fixture.tool.gate("go") + R"(echo '{"id":"i","title":"T"}')");
+        const auto before = m_fixture.tool.calls().size();
+        focusField();
+        typeText("https://x/watch?v=i");
+        QTest::keyClick(m_window, Qt::Key_Return);
+        WAIT_FOR(m_fixture.tool.calls().size() == before + 1);
+        QVERIFY(!item("submit")->isEnabled());
+        QTest::keyClick(m_window, Qt::Key_Return);
+        WAIT_FOR(m_fixture.tool.calls().size() == before + 2);
+        m_fixture.tool.open("go");
+        m_fixture.tool.open("go");
+        WAIT_FOR(shown("videoTitle") && !state().isFetching());
     }
 
     void anEmptyFieldDisablesTheButtonAndReturnDoesNothing()
@@ -68,12 +127,16 @@ private Q_SLOTS:
         QVERIFY(state().selectedFormat() == MediaFormat::mp3);
         WAIT_FOR(!shown("quality720p"));
         click("format0");
+        click("quality720p");
+        click("format0"); // once more, which is a choice, too
+        QCOMPARE(state().selectedQuality().id, u"best"_s);
         m_fixture.tool.setScript("echo '[download]  42.5% of 1MiB at 2MiB/s ETA 00:42'\n"
                                  + m_fixture.tool.gate("a") + "echo '[Merger] x'\n"
                                  + m_fixture.tool.gate("b"));
         click("download");
         WAIT_FOR(shown("progressBar") && state().downloadProgress() > 0);
         QCOMPARE(item("percent")->property("text").toString(), u"42%"_s);
+        QVERIFY(shown("speed") && shown("remaining"));
         QVERIFY(!item("download")->isEnabled());
         m_fixture.tool.open("a");
         WAIT_FOR(shown("processingBar") && !shown("progressBar"));
@@ -82,6 +145,19 @@ private Q_SLOTS:
         QCOMPARE(item("statusChip")->property("text").toString(), u"Complete"_s);
         click("showInFinder");
         QCOMPARE(m_fixture.desktop.fileViewer->selected.last(), m_fixture.folder.path());
+    }
+
+    void unknownSpeedAndTimeHaveNoTags()
+    {
+        m_fixture.tool.setScript(m_fixture.tool.gate("go"));
+        state().singleInfo = video();
+        state().startSingleDownload();
+        WAIT_FOR(shown("progressBar"));
+        QVERIFY(!shown("speed") && !shown("remaining"));
+        state().downloadSpeed = u"1MiB/s"_s;
+        state().downloadETA = u"--"_s;
+        WAIT_FOR(shown("speed") && !shown("remaining"));
+        m_fixture.tool.open("go");
     }
 
     void pauseAndResumeByTheButton()
@@ -161,10 +237,16 @@ private Q_SLOTS:
         focusField();
         typeText("https://x/watch?v=a&list=b");
         WAIT_FOR(shown("fullPlaylist"));
-        click("fullPlaylist");
-        QVERIFY(state().fetchAsPlaylist());
-        click("singleVideo");
-        QVERIFY(!state().fetchAsPlaylist());
+        for (int time = 0; time < 2; ++time) { // also the one that is chosen already
+            state().singleInfo = video();
+            click("fullPlaylist");
+            QVERIFY(state().fetchAsPlaylist() && !state().singleInfo());
+        }
+        for (int time = 0; time < 2; ++time) {
+            state().singleInfo = video();
+            click("singleVideo");
+            QVERIFY(!state().fetchAsPlaylist() && !state().singleInfo());
+        }
         typeText("c");
         QVERIFY(!state().fetchAsPlaylist());
     }
@@ -205,7 +287,6 @@ private Q_SLOTS:
         QCOMPARE(m_window->color(), QColor(u"#1e1e20"_s));
         m_fixture.preferences->setString(u"quillon.colorScheme"_s, u"sepia"_s);
         QCOMPARE(m_appearance->themeIcon(), u"circle.lefthalf.filled"_s);
-        QCOMPARE(m_appearance->isDark(), m_system.isDark());
         click("toggleTheme");
         QCOMPARE(m_appearance->colorSchemeRaw(), u"system"_s);
     }
@@ -228,6 +309,20 @@ private Q_SLOTS:
         state().singleInfo = info;
         WAIT_FOR(shown("videoThumbnail"));
         WAIT_FOR(item("videoThumbnail")->property("showsPlaceholder").toBool());
+        QQuickItem *const photo = find(item("videoThumbnail"), u"placeholder"_s);
+        QVERIFY(photo->isVisible());
+        QCOMPARE(photo->property("symbol").toString(), u"photo"_s);
+    }
+
+    void aThumbnailHasABadgeWhereThereIsADuration()
+    {
+        VideoInfo info = video();
+        state().singleInfo = info;
+        WAIT_FOR(shown("videoThumbnail"));
+        QVERIFY(!shown("durationBadge"));
+        info.duration = 61;
+        state().singleInfo = info;
+        WAIT_FOR(shown("durationBadge"));
     }
 };
 

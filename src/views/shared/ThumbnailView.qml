@@ -59,6 +59,7 @@ Item {
         SymbolIcon {
             anchors.centerIn: parent
             color: Theme.at(Theme.secondary, 0.4)
+            objectName: "placeholder"
             size: 20
             symbol: root.placeholder
             visible: root.showsPlaceholder
@@ -81,6 +82,7 @@ Item {
         anchors.right: parent.right
         color: Theme.badge
         height: badge.implicitHeight + 4
+        objectName: "durationBadge"
         radius: Theme.smallRadius
         visible: root.duration !== ""
         width: badge.implicitWidth + 10

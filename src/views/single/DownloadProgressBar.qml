@@ -44,12 +44,14 @@ Card {
 
                 MetaTag {
                     icon: "bolt.fill"
+                    objectName: "speed"
                     text: root.model.speed
                     visible: text !== ""
                 }
 
                 MetaTag {
                     icon: "clock.fill"
+                    objectName: "remaining"
                     text: root.model.remaining
                     visible: text !== ""
                 }
