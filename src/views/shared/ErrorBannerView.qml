@@ -7,8 +7,9 @@ Rectangle {
     id: root
 
     property string message
-    // The tool ends its messages with a line break, which is no line to show.
-    readonly property string text: message.trim()
+    // The tool ends its messages with a line break, which is no line to show; and of
+    // megabytes nobody reads the rest.
+    readonly property string text: message.slice(0, 10000).trim()
 
     color: Theme.at(Theme.redFill, 0.88)
     implicitHeight: label.implicitHeight + 22

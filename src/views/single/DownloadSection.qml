@@ -118,14 +118,31 @@ Column {
             }
         }
 
-        StatusChip {
+        Reveal {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            icon: section.chipIcon
-            objectName: "statusChip"
-            text: section.chipText
-            tone: Theme.tone(section.chipTone)
-            visible: text !== ""
+            shown: section.chipText !== ""
+
+            StatusChip {
+                objectName: "statusChip"
+
+                // What it says stays until it has left.
+                Binding on icon {
+                    restoreMode: Binding.RestoreNone
+                    value: section.chipIcon
+                    when: section.chipText !== ""
+                }
+                Binding on text {
+                    restoreMode: Binding.RestoreNone
+                    value: section.chipText
+                    when: section.chipText !== ""
+                }
+                Binding on tone {
+                    restoreMode: Binding.RestoreNone
+                    value: Theme.tone(section.chipTone)
+                    when: section.chipText !== ""
+                }
+            }
         }
     }
 

@@ -6,7 +6,6 @@ import Quillon
 Column {
     id: root
 
-    bottomPadding: 20
     spacing: 12
     topPadding: 4
 

@@ -10,6 +10,14 @@ Rectangle {
     property string text
     property color tone
 
+    Behavior on tone {
+        enabled: root.visible
+
+        ColorAnimation {
+            duration: Theme.calm
+        }
+    }
+
     border.color: Theme.at(tone, 0.25)
     border.width: 1
     color: Theme.at(tone, 0.1)
