@@ -9,7 +9,6 @@ import Quillon.Shared
 Column {
     id: root
 
-    bottomPadding: 12
     leftPadding: Theme.margin
     rightPadding: Theme.margin
     spacing: 10
@@ -18,7 +17,7 @@ Column {
     readonly property real innerWidth: width - leftPadding - rightPadding
     // What the page, which has margins of its own, has left for what stands in the
     // place of results.
-    readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - bottomPadding - (panel.isPresent ? player.height + spacing : 0)
+    readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - (panel.isPresent ? player.height + spacing : 0)
     readonly property bool showsResults: browse.area === BrowseModel.Area.Results
 
     Component.onDestruction: panel.stop()

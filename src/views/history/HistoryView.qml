@@ -9,7 +9,7 @@ import Quillon.Shared
 Column {
     id: root
 
-    bottomPadding: 4
+    bottomPadding: 16
     leftPadding: Theme.margin
     rightPadding: Theme.margin
     spacing: 4

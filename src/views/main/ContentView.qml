@@ -90,7 +90,6 @@ FocusScope {
         Column {
             id: content
 
-            bottomPadding: 24
             topPadding: 4
             width: page.width
 
@@ -98,6 +97,11 @@ FocusScope {
                 width: content.width
 
                 source: mode.isSingle ? "SingleModeView.qml" : mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
+            }
+
+            Item {
+                height: 24
+                width: 1
             }
 
             Loader {

@@ -9,7 +9,6 @@ import Quillon.Shared
 Column {
     id: root
 
-    bottomPadding: 12
     leftPadding: Theme.margin
     rightPadding: Theme.margin
     spacing: 10
