@@ -34,9 +34,10 @@ public:
 
     [[nodiscard]] QString path() const { return m_path; }
 
-    /// A text, or a number as text; nothing for other kinds.
+    /// A text, or a number as text, where a boolean counts as 1 or 0; nothing for
+    /// other kinds.
     [[nodiscard]] std::optional<QString> string(const QString &key) const;
-    /// A number, or a text made of digits; 0 where there is neither.
+    /// A number, where a boolean counts as 1 or 0, or a text made of digits; else 0.
     [[nodiscard]] qint64 integer(const QString &key) const;
     /// Only a real boolean: neither the text "false" nor the number 1 is one.
     [[nodiscard]] std::optional<bool> boolean(const QString &key) const;

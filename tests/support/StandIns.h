@@ -11,9 +11,15 @@ struct RecordingDesktop
     class RecordingNotifier : public Notifier
     {
     public:
-        void requestAuthorization() override { ++requests; }
+        void requestAuthorization() override
+        {
+            ++requests;
+            if (onRequest)
+                onRequest();
+        }
         void post(const UserNotification &notification) override { posted.append(notification); }
         int requests = 0;
+        std::function<void()> onRequest;
         QList<UserNotification> posted;
     };
     class RecordingSound : public SoundPlayer

@@ -18,13 +18,15 @@ struct StateFixture
         restart();
     }
 
-    /// As if the program had been ended and started again.
-    void restart()
+    /// As if the program had been ended and started again; in between something may
+    /// happen to the file of preferences.
+    void restart(const std::function<void(const QString &)> &change = [](const QString &) {})
     {
+        const QString path = folder.filePath(QStringLiteral("preferences.json"));
         state.reset();
         preferences.reset();
-        preferences =
-            std::make_unique<Preferences>(folder.filePath(QStringLiteral("preferences.json")));
+        change(path);
+        preferences = std::make_unique<Preferences>(path);
         state = std::make_unique<AppState>(parts());
     }
 

@@ -91,6 +91,10 @@ private Q_SLOTS:
         // A file that "has already been downloaded" is a destination first.
         QCOMPARE(pathOf("[download] Destination: a has already been downloaded\n"),
                  u"a has already been downloaded"_s);
+        // And one that ffmpeg is at work on is being processed.
+        QCOMPARE(reportsOf("[download] [ffmpeg] a has already been downloaded\n"),
+                 QStringList{u"processing"_s});
+        QCOMPARE(pathOf("[download] [ffmpeg] a has already been downloaded\n"), QString());
     }
 
     void aDestinationCallsTheProcessingHandler()
@@ -120,6 +124,13 @@ private Q_SLOTS:
         QCOMPARE(reportsOf("[ExtractAudio] Destination: /d/a.mp3\n"), QStringList());
     }
 
+    void anAudioDestinationInMidLineIsProcessing()
+    {
+        const QByteArray line = "x [ExtractAudio] Destination: /d/a.mp3\n";
+        QCOMPARE(reportsOf(line), QStringList{u"processing"_s});
+        QCOMPARE(pathOf(line), QString());
+    }
+
     void anMp3RunYieldsTheSourceFilesPath()
     {
         QCOMPARE(
@@ -135,6 +146,13 @@ private Q_SLOTS:
     void aFileThatIsThereReportsOnceThatItIsDone()
     {
         const QByteArray line = "[download] /d/a.mp4 has already been downloaded\n";
+        QCOMPARE(reportsOf(line), QStringList{u"1  "_s});
+        QCOMPARE(pathOf(line), u"/d/a.mp4"_s);
+    }
+
+    void aFileThatIsThereIsToldAnywhereInTheLine()
+    {
+        const QByteArray line = "x [download] /d/a.mp4 has already been downloaded and merged\n";
         QCOMPARE(reportsOf(line), QStringList{u"1  "_s});
         QCOMPARE(pathOf(line), u"/d/a.mp4"_s);
     }

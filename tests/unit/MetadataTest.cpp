@@ -115,6 +115,19 @@ private Q_SLOTS:
 
     void ofEqualWidthsTheEarlierIsChosen()
     {
+        // So many that only a sort which keeps their order gets it right.
+        const auto many = [](const QByteArray &width) {
+            QByteArrayList list;
+            for (int number = 0; number < 40; ++number)
+                list.append(R"({"url":"N","width":W})");
+            QByteArray document = R"({"thumbnails":[)" + list.join(',') + "]}";
+            document.replace("W", width);
+            for (int number = 0; number < 40; ++number)
+                document.replace(document.indexOf('N'), 1, QByteArray::number(number));
+            return document;
+        };
+        QCOMPARE(thumbnail(many("480")), u"0"_s);
+        QCOMPARE(thumbnail(many("1280")), u"0"_s);
         QCOMPARE(thumbnail(R"({"thumbnails":[{"url":"a","width":480},{"url":"b","width":480}]})"),
                  u"a"_s);
     }

@@ -111,6 +111,13 @@ private Q_SLOTS:
         state().fetchError = u"old"_s;
         state().fetchAsPlaylist = true;
         state().downloadStatus = DownloadUIStatus::done(u"/d"_s);
+        state().downloadProgress = 0.5;
+        state().downloadSpeed = u"1MiB/s"_s;
+        state().downloadETA = u"00:01"_s;
+        state().isDownloading = true;
+        state().isPaused = true;
+        state().currentDownloadTitle = u"T"_s;
+        state().currentDownloadIndex = 2;
         state().totalDownloadCount = 3;
         input.clearURL();
         QCOMPARE(state().singleURL(), QString());
@@ -118,7 +125,28 @@ private Q_SLOTS:
         QVERIFY(!state().fetchError());
         QVERIFY(!state().fetchAsPlaylist());
         QVERIFY(state().downloadStatus() == DownloadUIStatus::idle());
+        QCOMPARE(state().downloadProgress(), 0.0);
+        QCOMPARE(state().downloadSpeed(), QString());
+        QCOMPARE(state().downloadETA(), QString());
+        QVERIFY(!state().isDownloading());
+        QVERIFY(!state().isPaused());
+        QCOMPARE(state().currentDownloadTitle(), QString());
+        QCOMPARE(state().currentDownloadIndex(), 0);
         QCOMPARE(state().totalDownloadCount(), 0);
+    }
+
+    void clearingInMidFetchLetsItsResultCome()
+    {
+        URLInputModel input(state());
+        m_fixture->tool.setScript(m_fixture->tool.gate("go") + R"(echo '{"title":"T"}')");
+        input.edit(u"https://x/"_s);
+        input.handleSubmit();
+        WAIT_FOR(m_fixture->tool.calls().size() == 1);
+        input.clearURL();
+        QVERIFY(state().isFetching());
+        m_fixture->tool.open("go");
+        WAIT_FOR(state().singleInfo().has_value());
+        QVERIFY(!state().isFetching());
     }
 
     void clearingInOtherModesConcernsThemAlone()

@@ -215,6 +215,39 @@ private Q_SLOTS:
         process->send(SIGKILL);
     }
 
+    void ofAllShapesOfProgressOnlyTheFullOneIsReported()
+    {
+        m_tool->setScript("cat << 'END'\n"
+                          "[download]   0.0% of    3.66MiB at  Unknown B/s ETA Unknown\n"
+                          "[download]  13.6% of    3.66MiB at  497.10KiB/s ETA 00:06\n"
+                          "[download]  20.0% of ~   2.29MiB at    1.00MiB/s ETA 00:03 (frag 1/5)\n"
+                          "[download]    1.00KiB at  Unknown B/s (00:00:00)\n"
+                          "[download] 100% of    3.66MiB in 00:00:07 at 499.56KiB/s\n"
+                          "[download] 100% of    3.66MiB\n"
+                          "END");
+        const Download download(*m_service);
+        WAIT_FOR(download.outcome().isSettled());
+        QCOMPARE(download.reports(), QStringList{u"0.136 497.10KiB/s 00:06"_s});
+    }
+
+    void theEndOfAnEarlierRunLeavesTheSlotToTheLaterOne()
+    {
+        m_tool->setScript("echo '[Merger] x'\n[ $N = 1 ] && {\n" + m_tool->gate("first")
+                          + "exit 0; }\n" + m_tool->gate("second"));
+        const Download first(*m_service);
+        WAIT_FOR(!first.reports().isEmpty());
+        const Download second(*m_service);
+        WAIT_FOR(!second.reports().isEmpty());
+        const auto secondProcess = m_service->activeProcess();
+        m_tool->open("first");
+        WAIT_FOR(first.outcome().isSettled());
+        QVERIFY(m_service->activeProcess() == secondProcess);
+        QVERIFY(secondProcess->isRunning());
+        m_tool->open("second");
+        WAIT_FOR(second.outcome().isSettled());
+        QVERIFY(!m_service->activeProcess());
+    }
+
     void aLaterRunTakesTheOneSlot()
     {
         m_tool->setScript("echo '[Merger] x'\n" + m_tool->gate("go"));

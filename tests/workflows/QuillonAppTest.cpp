@@ -27,7 +27,15 @@ private Q_SLOTS:
 
     void theProgramAsksForPermissionOnceBeforeItMakesTheState()
     {
-        QCOMPARE(m_fixture->desktop.notifier->requests, 1);
+        m_app.reset();
+        RecordingDesktop::RecordingNotifier &notifier = *m_fixture->desktop.notifier;
+        notifier.requests = 0;
+        notifier.onRequest = [this] {
+            m_fixture->preferences->setInteger(u"quillon.historyLimit"_s, 7);
+        };
+        m_app = std::make_unique<QuillonApp>(m_fixture->parts());
+        QCOMPARE(notifier.requests, 1);
+        QCOMPARE(app().state().historyLimit(), 7); // which was loaded after it
     }
 
     void menuCommandsFollowTheirRules()

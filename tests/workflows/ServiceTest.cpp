@@ -211,10 +211,19 @@ private Q_SLOTS:
                  u"Parse error: Could not parse video JSON"_s);
     }
 
+    void ofMetadataThatIsNotUtf8NothingIsRead()
+    {
+        m_tool->setScript("exit 0");
+        const QString ofNothing = fetch(u"https://x/"_s, false).error();
+        m_tool->setScript("printf '{\"title\":\"\\377\"}'");
+        QCOMPARE(fetch(u"https://x/"_s, false).error(), ofNothing);
+        // Not only the line that has it is lost.
+        m_tool->setScript("echo '{\"id\":\"a\"}'; printf '{\"id\":\"\\377\"}'");
+        QCOMPARE(fetch(u"https://x/"_s, true).value().title, u"Playlist (0 videos)"_s);
+    }
+
     void aPlaylistNeverFailsOnContent()
     {
-        m_tool->setScript("printf '{\"id\":\"\\377\"}'");
-        QCOMPARE(fetch(u"https://x/"_s, true).value().title, u"Playlist (0 videos)"_s);
         m_tool->setScript("echo nonsense; echo '{\"id\":\"a\"}'");
         QCOMPARE(fetch(u"https://x/"_s, true).value().title, u"Playlist (1 videos)"_s);
     }

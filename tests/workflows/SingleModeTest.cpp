@@ -33,6 +33,19 @@ private Q_SLOTS:
         QCOMPARE(state().currentDownloadTitle(), u"Title a"_s);
     }
 
+    void aRunForgetsTheReportsOfTheOneBefore()
+    {
+        tool().setScript("[ $N = 1 ] && echo '[download] 50% of 1MiB at 1MiB/s ETA 00:01'; exit 0");
+        state().singleInfo = StateFixture::video(u"a"_s);
+        download();
+        QCOMPARE(state().downloadSpeed(), u"1MiB/s"_s);
+        state().startSingleDownload();
+        QCOMPARE(state().downloadProgress(), 0.0);
+        QCOMPARE(state().downloadSpeed(), QString());
+        QCOMPARE(state().downloadETA(), QString());
+        WAIT_FOR(m_fixture->hasEnded());
+    }
+
     void withoutInfoNothingStarts()
     {
         AssignmentRecorder recorder(state());
