@@ -2,6 +2,7 @@
 #include "MediaSessionFixture.h"
 
 #include <QDBusPendingCallWatcher>
+#include <QSignalSpy>
 
 namespace {
 
@@ -113,14 +114,17 @@ private Q_SLOTS:
     }
 
 private:
-    /// Until the desktop has heard all that the program has sent.
+    /// Until the desktop has heard all that the program has sent, and the program its
+    /// answers.
     static void settle()
     {
         const auto call = QDBusMessage::createMethodCall(
             u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s,
             u"org.freedesktop.ScreenSaver"_s, u"Settle"_s);
         const QDBusPendingCallWatcher watcher(QDBusConnection::sessionBus().asyncCall(call));
-        WAIT_FOR(watcher.isFinished());
+        // Told behind the answers to earlier calls, which isFinished() does not wait for.
+        const QSignalSpy answers(&watcher, &QDBusPendingCallWatcher::finished);
+        WAIT_FOR(answers.count() == 1);
     }
 
     ScreenSaver m_screenSaver;
