@@ -50,8 +50,7 @@ ChildProcess::ChildProcess(Command command, std::shared_ptr<ProcessHandle> handl
 
     connect(&m_process, &QProcess::readyReadStandardOutput, this,
             [this] { m_onOutput(m_process.readAllStandardOutput()); });
-    connect(&m_process, &QProcess::readyReadStandardError, this,
-            [this] { m_ending.standardError += m_process.readAllStandardError(); });
+    connect(&m_process, &QProcess::readyReadStandardError, this, &ChildProcess::readStandardError);
     connect(&m_process, &QProcess::finished, this, &ChildProcess::handleFinished);
     connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error != QProcess::FailedToStart)
@@ -91,12 +90,21 @@ void ChildProcess::end()
     m_grace.start();
 }
 
+void ChildProcess::readStandardError()
+{
+    m_ending.standardError += m_process.readAllStandardError();
+    if (m_ending.standardError.size() <= m_command.mostStandardError)
+        return;
+    m_ending.standardError.truncate(m_command.mostStandardError);
+    end();
+}
+
 void ChildProcess::handleFinished(int status, QProcess::ExitStatus exitStatus)
 {
     m_ending.status = status;
     m_ending.wasSignalled = exitStatus == QProcess::CrashExit;
     m_onOutput(m_process.readAllStandardOutput());
-    m_ending.standardError += m_process.readAllStandardError();
+    readStandardError();
     // A tool that was killed, by whomever, leaves children that nobody else ends.
     if (m_ending.wasSignalled && isProcessGroupAlive(m_handle->processIdentifier()))
         end();

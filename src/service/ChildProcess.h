@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <limits>
 #include <memory>
 
 /// How a child process ended.
@@ -19,7 +20,7 @@ struct ProcessEnding
     /// The exit status, or the number of the signal that ended the process.
     int status = 0;
     bool wasSignalled = false;
-    QByteArray standardError; ///< whole
+    QByteArray standardError; ///< whole, unless the command limits it
 
     [[nodiscard]] bool isSuccess() const
     {
@@ -43,6 +44,8 @@ public:
         QString program;
         QStringList arguments;
         QMap<QString, QString> environment;
+        /// The program is ended once it has complained at greater length, in bytes.
+        qsizetype mostStandardError = std::numeric_limits<qsizetype>::max();
     };
 
     /// `onOutput` gets standard output as it comes, `onEnd` is called once.
@@ -56,6 +59,7 @@ public:
     void end();
 
 private:
+    void readStandardError();
     void handleFinished(int status, QProcess::ExitStatus exitStatus);
     void settleOnceGroupIsGone();
     void signalGroup(int signal) const;

@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "YTDLPError.h"
 
-YTDLPError::YTDLPError(Case kind, QString message)
+YTDLPError::YTDLPError(Case kind, QString message, Launch launch)
     : m_kind(kind)
     , m_message(std::move(message))
+    , m_launch(launch)
 {
 }
 
-YTDLPError YTDLPError::fetchFailed(const QString &message)
+YTDLPError YTDLPError::fetchFailed(const QString &message, Launch launch)
 {
-    return {Case::fetchFailed, message};
+    return {Case::fetchFailed, message, launch};
 }
 
-YTDLPError YTDLPError::downloadFailed(const QString &message)
+YTDLPError YTDLPError::downloadFailed(const QString &message, Launch launch)
 {
-    return {Case::downloadFailed, message};
+    return {Case::downloadFailed, message, launch};
 }
 
 YTDLPError YTDLPError::parseError(const QString &message)

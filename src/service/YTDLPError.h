@@ -21,8 +21,11 @@ class YTDLPError : public DescribedError
 public:
     enum class Case { fetchFailed, downloadFailed, parseError, notFound };
 
-    static YTDLPError fetchFailed(const QString &message);
-    static YTDLPError downloadFailed(const QString &message);
+    /// Whether the tool ran at all.
+    enum class Launch { succeeded, failed };
+
+    static YTDLPError fetchFailed(const QString &message, Launch launch = Launch::succeeded);
+    static YTDLPError downloadFailed(const QString &message, Launch launch = Launch::succeeded);
     static YTDLPError parseError(const QString &message);
     /// For callers that look for the tool themselves; a launch that fails is
     /// reported as a failed fetch or download.
@@ -30,13 +33,15 @@ public:
 
     [[nodiscard]] Case kind() const { return m_kind; }
     [[nodiscard]] QString message() const { return m_message; }
+    [[nodiscard]] Launch launch() const { return m_launch; }
     [[nodiscard]] QString errorDescription() const override;
 
 private:
-    YTDLPError(Case kind, QString message);
+    YTDLPError(Case kind, QString message, Launch launch = Launch::succeeded);
 
     Case m_kind;
     QString m_message;
+    Launch m_launch;
 };
 
 /// The JSON reader's own complaint, in its own words.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "YTDLPService.h"
 
-#include "ChildProcess.h"
 #include "HomeDirectory.h"
 #include "Metadata.h"
 #include "RequestArguments.h"
@@ -12,7 +11,6 @@
 #include <QFile>
 
 #include <algorithm>
-#include <semaphore>
 #include <utility>
 
 namespace {
@@ -24,6 +22,12 @@ QString messageOf(const ProcessEnding &ending)
 {
     return ending.launchError.isEmpty() ? failureMessage(ending.standardError, ending.status)
                                         : ending.launchError;
+}
+
+YTDLPError::Launch launchOf(const ProcessEnding &ending)
+{
+    return ending.launchError.isEmpty() ? YTDLPError::Launch::succeeded
+                                        : YTDLPError::Launch::failed;
 }
 
 } // namespace
@@ -41,18 +45,13 @@ YTDLPService &YTDLPService::shared()
 QStringList YTDLPService::standardSearchPaths()
 {
     return {QStringLiteral("/opt/homebrew/bin/yt-dlp"), QStringLiteral("/usr/local/bin/yt-dlp"),
+            homeDirectory() + QStringLiteral("/.local/bin/yt-dlp"),
             QStringLiteral("/usr/bin/yt-dlp")};
 }
 
 YTDLPService::YTDLPService(QStringList searchPaths)
     : binarySearchPaths(std::move(searchPaths))
 {
-}
-
-YTDLPService::~YTDLPService()
-{
-    endProcesses();
-    m_worker.post([children = std::move(m_children)] { Q_UNUSED(children) });
 }
 
 QString YTDLPService::ytdlpPath() const
@@ -64,10 +63,14 @@ QString YTDLPService::ytdlpPath() const
 
 QMap<QString, QString> YTDLPService::processEnv()
 {
-    return {
-        {QStringLiteral("PATH"), QStringLiteral("/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin")},
-        {QStringLiteral("HOME"), homeDirectory()},
-        {QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8")}};
+    const QString home = homeDirectory();
+    QString path = QStringLiteral("/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin");
+    // A colon would cut the home's folders into others, which are not the user's.
+    if (!home.contains(u':'))
+        path += QStringLiteral(":%1/.local/bin:%1/.deno/bin").arg(home);
+    return {{QStringLiteral("PATH"), path},
+            {QStringLiteral("HOME"), home},
+            {QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8")}};
 }
 
 QStringList YTDLPService::cookieArgs(const QString &browser)
@@ -100,7 +103,7 @@ void YTDLPService::fetch(const QString &url, const QStringList &arguments, Parse
 
 void YTDLPService::runProcess(const QStringList &arguments, Completion<QString> completion)
 {
-    m_worker.post([this, arguments, completion = std::move(completion)] {
+    m_processes.post([this, arguments, completion = std::move(completion)] {
         request<QString>(
             arguments, [](const QByteArray &output) { return QString::fromUtf8(output); },
             completion);
@@ -110,7 +113,7 @@ void YTDLPService::runProcess(const QStringList &arguments, Completion<QString> 
 void YTDLPService::fetchInfo(const QString &url, const QString &cookiesBrowser,
                              Completion<VideoInfo> completion)
 {
-    m_worker.post([=, this, completion = std::move(completion)] {
+    m_processes.post([=, this, completion = std::move(completion)] {
         fetch<VideoInfo>(
             url, videoArguments(url, cookiesBrowser),
             [url](const QByteArray &output) { return videoFromOutput(output, url); }, completion);
@@ -120,7 +123,7 @@ void YTDLPService::fetchInfo(const QString &url, const QString &cookiesBrowser,
 void YTDLPService::fetchPlaylistInfo(const QString &url, const QString &cookiesBrowser,
                                      Completion<VideoInfo> completion)
 {
-    m_worker.post([=, this, completion = std::move(completion)] {
+    m_processes.post([=, this, completion = std::move(completion)] {
         fetch<VideoInfo>(
             url, playlistArguments(url, cookiesBrowser),
             [url](const QByteArray &output) { return playlistFromOutput(output, url); },
@@ -131,14 +134,14 @@ void YTDLPService::fetchPlaylistInfo(const QString &url, const QString &cookiesB
 void YTDLPService::search(const QString &query, int limit,
                           Completion<QList<SearchResult>> completion)
 {
-    m_worker.post([=, this, completion = std::move(completion)] {
+    m_processes.post([=, this, completion = std::move(completion)] {
         request<QList<SearchResult>>(searchArguments(query, limit), resultsFromOutput, completion);
     });
 }
 
 void YTDLPService::getStreamURL(const QString &videoURL, Completion<QUrl> completion)
 {
-    m_worker.post([=, this, completion = std::move(completion)] {
+    m_processes.post([=, this, completion = std::move(completion)] {
         fetch<QUrl>(videoURL, streamArguments(videoURL), streamFromOutput, completion);
     });
 }
@@ -150,7 +153,7 @@ void YTDLPService::runProcessWithProgress(const QStringList &arguments,
 {
     auto output =
         std::make_shared<DownloadOutput>(std::move(progressHandler), std::move(processingHandler));
-    m_worker.post([this, arguments, output, completion = std::move(completion)] {
+    m_processes.post([this, arguments, output, completion = std::move(completion)] {
         download(arguments, output, completion);
     });
 }
@@ -163,14 +166,7 @@ std::shared_ptr<ProcessHandle> YTDLPService::activeProcess() const
 
 void YTDLPService::endProcesses()
 {
-    std::binary_semaphore idle(0);
-    m_worker.post([this, &idle] {
-        m_children->idleHandlers.append([&idle] { idle.release(); });
-        for (ChildProcess *const child : std::as_const(m_children->running))
-            child->end();
-        signalIfIdle();
-    });
-    idle.acquire();
+    m_processes.endAll();
 }
 
 void YTDLPService::collect(const QStringList &arguments, Completion<QByteArray> completion)
@@ -181,7 +177,7 @@ void YTDLPService::collect(const QStringList &arguments, Completion<QByteArray> 
         [output](const QByteArray &bytes) { output->append(bytes); },
         [output, completion = std::move(completion)](const ProcessEnding &ending) {
             if (!ending.isSuccess()) {
-                completion(YTDLPError::fetchFailed(messageOf(ending)));
+                completion(YTDLPError::fetchFailed(messageOf(ending), launchOf(ending)));
                 return;
             }
             completion(isDecodable(*output) ? *output : QByteArray());
@@ -209,34 +205,18 @@ void YTDLPService::download(const QStringList &arguments,
             // The next run would take such a file for a finished download.
             if (!output->halfMadeFile().isEmpty())
                 QFile::remove(output->halfMadeFile());
-            completion(YTDLPError::downloadFailed(messageOf(ending)));
+            completion(YTDLPError::downloadFailed(messageOf(ending), launchOf(ending)));
         });
 }
 
-void YTDLPService::launch(const QStringList &arguments, std::shared_ptr<ProcessHandle> handle,
-                          BytesHandler onOutput, EndHandler onEnd)
+void YTDLPService::launch(const QStringList &arguments,
+                          const std::shared_ptr<ProcessHandle> &handle,
+                          const ChildProcess::OutputHandler &onOutput,
+                          const ChildProcess::EndHandler &onEnd)
 {
-    const auto self = std::make_shared<ChildProcess *>(nullptr);
-    auto *const child = new ChildProcess(
-        {.program = ytdlpPath(), .arguments = arguments, .environment = processEnv()},
-        std::move(handle), std::move(onOutput),
-        [this, self, onEnd = std::move(onEnd)](const ProcessEnding &ending) {
-            m_children->running.remove(*self);
-            onEnd(ending);
-            signalIfIdle();
-        });
-    *self = child;
-    m_children->running.insert(child);
-    child->start();
-}
-
-void YTDLPService::signalIfIdle()
-{
-    if (!m_children->running.isEmpty())
-        return;
-    const auto handlers = std::exchange(m_children->idleHandlers, {});
-    for (const auto &handler : handlers)
-        handler();
+    m_processes.launch(
+        {.program = ytdlpPath(), .arguments = arguments, .environment = processEnv()}, handle,
+        onOutput, onEnd);
 }
 
 void YTDLPService::setActiveProcess(std::shared_ptr<ProcessHandle> handle)

@@ -1,23 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ChildProcesses.h"
 #include "DownloadOutput.h"
-#include "ProcessHandle.h"
 #include "SearchResult.h"
 #include "VideoInfo.h"
-#include "Worker.h"
 #include "YTDLPError.h"
 
 #include <QMap>
-#include <QSet>
 #include <QStringList>
 #include <QUrl>
 
 #include <memory>
 #include <mutex>
-
-class ChildProcess;
-struct ProcessEnding;
 
 /// The one gateway to the `yt-dlp` tool. Requests may be made on any thread and
 /// return at once; the tool runs, and its output is read and parsed, on a worker
@@ -37,9 +32,6 @@ public:
 
     /// One of its own, for tests. At least one path.
     explicit YTDLPService(QStringList searchPaths);
-
-    /// Ends every process that still runs.
-    ~YTDLPService();
 
     const QStringList binarySearchPaths;
 
@@ -87,9 +79,6 @@ public:
     void endProcesses();
 
 private:
-    using BytesHandler = std::function<void(const QByteArray &)>;
-    using EndHandler = std::function<void(const ProcessEnding &)>;
-
     // All on the worker thread:
     void collect(const QStringList &arguments, Completion<QByteArray> completion);
     /// Collects, and parses what came.
@@ -101,9 +90,8 @@ private:
                Completion<Value> completion);
     void download(const QStringList &arguments, const std::shared_ptr<DownloadOutput> &output,
                   Completion<QString> completion);
-    void launch(const QStringList &arguments, std::shared_ptr<ProcessHandle> handle,
-                BytesHandler onOutput, EndHandler onEnd);
-    void signalIfIdle();
+    void launch(const QStringList &arguments, const std::shared_ptr<ProcessHandle> &handle,
+                const ChildProcess::OutputHandler &onOutput, const ChildProcess::EndHandler &onEnd);
 
     void setActiveProcess(std::shared_ptr<ProcessHandle> handle);
     void clearActiveProcess(const std::shared_ptr<ProcessHandle> &handle);
@@ -111,13 +99,5 @@ private:
     mutable std::mutex m_activeProcessMutex;
     std::shared_ptr<ProcessHandle> m_activeProcess;
 
-    // What belongs to the worker thread, which also ends it.
-    struct Children
-    {
-        QSet<ChildProcess *> running;
-        QList<std::function<void()>> idleHandlers;
-    };
-    std::shared_ptr<Children> m_children = std::make_shared<Children>();
-
-    Worker m_worker; // last: its thread ends before the rest goes
+    ChildProcesses m_processes; // last: its thread ends before the rest goes
 };

@@ -51,8 +51,10 @@ class MainJob(Case):
         wait_until(lambda: self.person.services("ShowItems"), "the file manager")
         self.assertEqual(self.person.services("ShowItems")[0][0], [f"file://{self.downloads}"])
         fetch, download = self.person.calls()
-        environment = [f"HOME={self.person.desktop.home}", "LANG=en_US.UTF-8",
-                       "PATH=/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"]
+        home = self.person.desktop.home
+        environment = [f"HOME={home}", "LANG=en_US.UTF-8",
+                       "PATH=/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin:"
+                       f"{home}/.local/bin:{home}/.deno/bin"]
         self.assertEqual(fetch, [LEADING + ["--dump-json", "--no-playlist", "--no-warnings",
                                             "--quiet", WATCH + "steady"], environment])
         self.assertEqual(download, [

@@ -27,7 +27,7 @@ private Q_SLOTS:
     {
         QCOMPARE(YTDLPService::shared().binarySearchPaths,
                  QStringList({u"/opt/homebrew/bin/yt-dlp"_s, u"/usr/local/bin/yt-dlp"_s,
-                              u"/usr/bin/yt-dlp"_s}));
+                              QDir::homePath() + u"/.local/bin/yt-dlp"_s, u"/usr/bin/yt-dlp"_s}));
     }
 
     void theFirstPathThatExistsIsUsed()
@@ -67,7 +67,30 @@ private Q_SLOTS:
         qunsetenv("QUILLON_SECRET");
         QCOMPARE(m_tool->environment(),
                  QStringList({u"HOME="_s + homeDirectory(), u"LANG=en_US.UTF-8"_s,
-                              u"PATH=/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s}));
+                              u"PATH=/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin:%1/.local/bin:"
+                              "%1/.deno/bin"_s.arg(homeDirectory())}));
+    }
+
+    void aHomeWithAColonAddsNothingToThePath()
+    {
+        const QByteArray home = qgetenv("HOME");
+        qputenv("HOME", "/home/a:b");
+        const QString path = YTDLPService::processEnv()[u"PATH"_s];
+        qputenv("HOME", home);
+        QCOMPARE(path, u"/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s);
+    }
+
+    void aFailedLaunchIsToldFromAFailedRun()
+    {
+        YTDLPService nowhere({u"/nowhere/yt-dlp"_s});
+        Outcome<QString> unlaunched;
+        nowhere.runProcess({}, unlaunched.completion());
+        m_tool->setScript("exit 2");
+        Outcome<QString> failed;
+        m_service->runProcess({}, failed.completion());
+        WAIT_FOR(unlaunched.isSettled() && failed.isSettled());
+        QCOMPARE(std::get<YTDLPError>(unlaunched.reply()).launch(), YTDLPError::Launch::failed);
+        QCOMPARE(std::get<YTDLPError>(failed.reply()).launch(), YTDLPError::Launch::succeeded);
     }
 
     void homeHasNoTrailingSlash()
