@@ -14,10 +14,11 @@ AROUND = [pathlib.Path(name) for name in ("tests", "benchmarks", "demo", "script
 ALLOWED = {
     "models": {"models"},
     "service": {"service", "models"},
+    "tool": {"tool", "service"},
     "platform": {"platform"},
     "player": {"player", "platform", "service"},
     "workflows": {"workflows", "service", "models", "app"},
-    "app": {"app", "workflows", "service", "platform", "models"},
+    "app": {"app", "workflows", "service", "tool", "platform", "models"},
     "presentation": {"presentation", "app", "platform", "service", "models"},
     "shared": {"shared"},
     "types": {"types", "presentation", "app", "platform", "service", "models"},

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Download.h"
+
+#include <QNetworkAccessManager>
+
+#include <utility>
+
+namespace {
+
+constexpr int mostRedirects = 5;
+constexpr int firstError = 400; // of HTTP's status codes
+
+QNetworkRequest requestFor(const QUrl &address, std::chrono::milliseconds longestSilence)
+{
+    QNetworkRequest request(address);
+    request.setTransferTimeout(static_cast<int>(longestSilence.count()));
+    request.setMaximumRedirectsAllowed(mostRedirects);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::UserVerifiedRedirectPolicy);
+    // As it is, so that bounds are bounds.
+    request.setRawHeader("Accept-Encoding", "identity");
+    return request;
+}
+
+} // namespace
+
+Download::Download(QNetworkAccessManager &network, const QUrl &address, Limits limits,
+                   Handlers handlers)
+    : m_limits(limits)
+    , m_handlers(std::move(handlers))
+    , m_reply(network.get(requestFor(address, limits.longestSilence)))
+{
+    m_reply->setParent(this);
+    connect(m_reply, &QNetworkReply::redirected, this, &Download::follow);
+    connect(m_reply, &QNetworkReply::readyRead, this, &Download::read);
+    connect(m_reply, &QNetworkReply::finished, this, &Download::finish);
+}
+
+Download::~Download()
+{
+    m_reply->disconnect(this);
+    m_reply->abort();
+}
+
+void Download::follow(const QUrl &target)
+{
+    if (target.scheme() == u"https")
+        Q_EMIT m_reply->redirectAllowed();
+    else
+        end(QStringLiteral("the server leads to an unsafe address"));
+}
+
+void Download::read()
+{
+    // What a refusal says is not the file.
+    if (m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= firstError)
+        return;
+    const QByteArray bytes = m_reply->readAll();
+    m_bytes += bytes.size();
+    const auto length = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    if (m_bytes > m_limits.mostBytes || length > m_limits.mostBytes) {
+        end(QStringLiteral("it is too large to be it"));
+        return;
+    }
+    const double part =
+        length > 0 ? static_cast<double>(m_bytes) / static_cast<double>(length) : -1;
+    if (const QString error = m_handlers.onBytes(bytes, part); !error.isEmpty())
+        end(error);
+}
+
+void Download::finish()
+{
+    if (m_handlers.onEnd)
+        read();
+    end(failure());
+}
+
+void Download::end(const QString &error)
+{
+    // Aborting finishes, too.
+    if (const auto onEnd = std::exchange(m_handlers.onEnd, {})) {
+        m_reply->disconnect(this);
+        m_reply->abort();
+        onEnd(error);
+    }
+}
+
+QString Download::failure() const
+{
+    if (m_reply->error() == QNetworkReply::NoError)
+        return {};
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status >= firstError)
+        return QStringLiteral("the server answered %1").arg(status);
+    if (m_reply->error() == QNetworkReply::OperationCanceledError
+        || m_reply->error() == QNetworkReply::TimeoutError)
+        return QStringLiteral("nothing came for %1 seconds")
+            .arg(std::chrono::ceil<std::chrono::seconds>(m_limits.longestSilence).count());
+    const QString words = m_reply->errorString().simplified();
+    return words.endsWith(u'.') ? words.chopped(1) : words;
+}

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ToolFolder.h"
+
+#include "ToolPlace.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr mode_t executable = 0755;
+constexpr mode_t forOwner = 0700;
+
+QByteArray encoded(const QString &path)
+{
+    return QFile::encodeName(path);
+}
+
+/// Removes the folder, or the link that stands in its place.
+void clear(const QString &folder)
+{
+    if (QFileInfo(folder).isSymLink())
+        QFile::remove(folder);
+    else
+        QDir(folder).removeRecursively();
+}
+
+/// 0, or the system's error.
+int writeToDisk(const QString &path)
+{
+    const int descriptor = open(encoded(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return errno;
+    const int error = fsync(descriptor) == 0 ? 0 : errno;
+    close(descriptor);
+    return error;
+}
+
+/// 0, or the system's error: EEXIST if something is there by now.
+int renameToNothing(const QByteArray &from, const QByteArray &to)
+{
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS) // file systems that know no such thing
+        return errno;
+    return rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+}
+
+} // namespace
+
+ToolFolder::ToolFolder(const QString &toolPath)
+    : m_toolPath(toolPath)
+    , m_folder(QFileInfo(toolPath).path())
+    , m_workFolder(m_folder + QStringLiteral("/.quillon-update"))
+{
+}
+
+ToolFolder::~ToolFolder()
+{
+    if (m_descriptor < 0)
+        return;
+    clear(m_workFolder);
+    close(m_descriptor);
+}
+
+std::optional<QString> ToolFolder::take()
+{
+    if (!QDir().mkpath(m_folder))
+        return QStringLiteral("The folder %1 could not be made.").arg(m_folder);
+    if (!lock())
+        return QStringLiteral("Another Quillon is updating yt-dlp at this moment.");
+    clear(m_workFolder);
+    if (mkdir(encoded(m_workFolder).constData(), forOwner) != 0)
+        return writingFailed(m_folder, errno);
+    return {};
+}
+
+QString ToolFolder::workFile(const QString &name) const
+{
+    return m_workFolder + u'/' + name;
+}
+
+std::optional<QString> ToolFolder::install(const QString &finished) const
+{
+    const QFileInfo place(m_toolPath);
+    const bool isThere = place.exists() || place.isSymLink();
+    const QString foreign =
+        QStringLiteral("Quillon did not put %1 there, so it stays as it is.").arg(m_toolPath);
+    if (isThere && !isOwn(m_toolPath))
+        return foreign;
+    if (chmod(encoded(finished).constData(), executable) != 0)
+        return writingFailed(m_folder, errno);
+    // Else the name might reach the disk before what it names.
+    if (const int error = writeToDisk(finished); error != 0)
+        return writingFailed(m_folder, error);
+    const QByteArray from = encoded(finished);
+    const QByteArray to = encoded(m_toolPath);
+    const int error = isThere ? (rename(from.constData(), to.constData()) == 0 ? 0 : errno)
+                              : renameToNothing(from, to);
+    if (error == EEXIST)
+        return foreign;
+    if (error != 0)
+        return writingFailed(m_folder, error);
+    fsync(m_descriptor);
+    return {};
+}
+
+void ToolFolder::clearLeftovers(const QString &toolPath)
+{
+    ToolFolder folder(toolPath);
+    // Taken, it clears itself when it goes.
+    if (QFileInfo::exists(folder.m_workFolder)) [[maybe_unused]]
+        const bool isTaken = folder.lock();
+}
+
+bool ToolFolder::lock()
+{
+    const int descriptor = open(encoded(m_folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        close(descriptor);
+        return false;
+    }
+    m_descriptor = descriptor;
+    return true;
+}
+
+QString writingFailed(const QString &path, int error)
+{
+    if (error == ENOSPC || error == EDQUOT || error == EFBIG)
+        return QStringLiteral("There is no room left on the disk for a new yt-dlp.");
+    return QStringLiteral("%1 cannot be written: %2.").arg(path, qt_error_string(error));
+}

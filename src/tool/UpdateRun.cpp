@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "UpdateRun.h"
+
+#include <QNetworkProxy>
+
+#include <cerrno>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qint64 mostToolBytes = qint64{20} * 1000 * 1000; // a release has 3 million
+constexpr qint64 mostListBytes = qint64{1} * 1000 * 1000;
+constexpr auto timeOfHelper = 10s;
+constexpr int mostBeginnings = 2;
+constexpr int oldestPython = 10; // of the third
+
+const QString sumsFile = QStringLiteral("SHA2-256SUMS");
+const QString signatureFile = QStringLiteral("SHA2-256SUMS.sig");
+const QString packedFile = QStringLiteral("packed");
+const QString notUsed = QStringLiteral("The new yt-dlp was not used: ");
+
+class SystemProxy : public QNetworkProxyFactory
+{
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery &query) override
+    {
+        return systemProxyForQuery(query);
+    }
+};
+
+/// 0, or the system's error.
+int writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    const bool isWritten = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
+        && file.write(content) == content.size();
+    return isWritten ? 0 : errno;
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString pythonNeeded(const QString &found)
+{
+    return QStringLiteral("yt-dlp needs Python 3.10 or newer; %1.").arg(found);
+}
+
+/// What is wrong with a new tool that was tried; nothing if it may be used.
+QString objectionTo(const BoundedRun &tried, const ToolVersion &present)
+{
+    if (tried.hasRunOutOfTime)
+        return notUsed + QStringLiteral("it does not answer.");
+    if (!tried.isSuccess()) {
+        const QString words = tried.ending.launchError.isEmpty()
+            ? lastLine(tried.ending.standardError)
+            : tried.ending.launchError;
+        return notUsed + QStringLiteral("it does not start (%1).").arg(words);
+    }
+    const ToolVersion version = versionFromOutput(tried.output);
+    if (!version.isDated())
+        return notUsed + QStringLiteral("it does not tell its version.");
+    if (present.isDated() && compare(version, present) < 0)
+        return notUsed
+            + QStringLiteral("the latest release, %1, is older than what is here, %2.")
+                  .arg(version.text, present.text);
+    if (version.date < oldestWorkingRelease())
+        return notUsed
+            + QStringLiteral("YouTube does not answer the latest release, %1.").arg(version.text);
+    return {};
+}
+
+} // namespace
+
+UpdateRun::UpdateRun(ChildProcesses &processes, ReleaseSource source, ToolPlaces places,
+                     ToolVersion present, ToolUpdate::Handlers handlers)
+    : m_processes(processes)
+    , m_source(std::move(source))
+    , m_places(std::move(places))
+    , m_present(std::move(present))
+    , m_handlers(std::move(handlers))
+{
+    m_network.setProxyFactory(new SystemProxy);
+}
+
+void UpdateRun::begin()
+{
+    m_python = programIn(m_places.environment, QStringLiteral("python3"));
+    if (m_python.isEmpty()) {
+        fail(pythonNeeded(QStringLiteral("it is not installed")));
+        return;
+    }
+    const QString question = QStringLiteral("import sys; print(*sys.version_info[:2], sep='.')");
+    run(m_python, {QStringLiteral("-I"), QStringLiteral("-c"), question}, timeOfHelper,
+        [this](const BoundedRun &answer) {
+            const QList<QByteArray> version = answer.output.trimmed().split('.');
+            if (!answer.isSuccess() || version.size() != 2)
+                fail(pythonNeeded(QStringLiteral("what is installed does not start")));
+            else if (version[0].toInt() != 3 || version[1].toInt() < oldestPython)
+                fail(pythonNeeded(QStringLiteral("here is ")
+                                  + QString::fromLatin1(version.join('.'))));
+            else
+                takeFolder();
+        });
+}
+
+void UpdateRun::takeFolder()
+{
+    m_folder = std::make_unique<ToolFolder>(m_places.ownPath);
+    if (const auto error = m_folder->take())
+        fail(*error);
+    else
+        fetchSums();
+}
+
+void UpdateRun::fetchSums()
+{
+    ++m_beginnings;
+    m_handlers.onProgress({UpdateProgress::Step::downloading, -1});
+    fetch(sumsFile, mostListBytes, false,
+          [this] { fetch(signatureFile, mostListBytes, false, [this] { verifySums(); }); });
+}
+
+void UpdateRun::verifySums()
+{
+    const QString gpgv = programIn(m_places.environment, QStringLiteral("gpgv"));
+    if (gpgv.isEmpty()) {
+        fail(QStringLiteral("A new yt-dlp cannot be checked: gpgv is not installed."));
+        return;
+    }
+    const QString key = m_folder->workFile(QStringLiteral("key.gpg"));
+    if (const int error = writeFile(key, dearmored(m_source.key)); error != 0) {
+        fail(writingFailed(key, error));
+        return;
+    }
+    run(gpgv,
+        {QStringLiteral("--homedir"), m_folder->workFile(QString()), QStringLiteral("--keyring"),
+         key, QStringLiteral("--status-fd"), QStringLiteral("1"), m_folder->workFile(signatureFile),
+         m_folder->workFile(sumsFile)},
+        timeOfHelper, [this](const BoundedRun &check) {
+            const bool isGood = check.isSuccess() && check.output.contains("[GNUPG:] GOODSIG ")
+                && check.output.contains("[GNUPG:] VALIDSIG ");
+            if (isGood)
+                fetchTool();
+            else
+                beginAnew(notUsed + QStringLiteral("its signature is not good."));
+        });
+}
+
+void UpdateRun::fetchTool()
+{
+    m_hash.reset();
+    fetch(releasedFile(), mostToolBytes, true, [this] { checkSum(); });
+}
+
+void UpdateRun::checkSum()
+{
+    const auto expected = sumFor(contentOf(m_folder->workFile(sumsFile)), releasedFile());
+    m_sum = m_hash.result().toHex();
+    if (!expected)
+        fail(notUsed + QStringLiteral("the release does not list it."));
+    else if (m_sum != *expected)
+        beginAnew(notUsed + QStringLiteral("it is not what was released."));
+    else
+        pack();
+}
+
+void UpdateRun::pack()
+{
+    m_handlers.onProgress({UpdateProgress::Step::preparing, 0});
+    const QString script = m_folder->workFile(QStringLiteral("pack_tool.py"));
+    const QByteArray content = contentOf(QStringLiteral(":/tool/pack_tool.py"));
+    if (const int error = writeFile(script, content); error != 0) {
+        fail(writingFailed(script, error));
+        return;
+    }
+    run(
+        m_python,
+        {QStringLiteral("-I"), script, m_folder->workFile(releasedFile()),
+         m_folder->workFile(packedFile), QString::fromLatin1(ownMark(m_sum))},
+        m_source.timeToPack,
+        [this](const BoundedRun &packing) {
+            constexpr int noZip = 3;
+            constexpr int noRoom = 4;
+            if (packing.isSuccess())
+                tryPacked();
+            else if (packing.ending.status == noZip && !packing.ending.wasSignalled)
+                fail(notUsed + QStringLiteral("it is damaged."));
+            else if (packing.ending.status == noRoom && !packing.ending.wasSignalled)
+                fail(writingFailed(m_places.ownPath, ENOSPC));
+            else
+                fail(notUsed
+                     + QStringLiteral("it could not be unpacked (%1).")
+                           .arg(lastLine(packing.ending.standardError)));
+        },
+        [this](const QByteArray &bytes) {
+            const int percent = bytes.trimmed().split('\n').last().toInt();
+            m_handlers.onProgress({UpdateProgress::Step::preparing, percent / 100.0});
+        });
+}
+
+void UpdateRun::tryPacked()
+{
+    const QString packed = m_folder->workFile(packedFile);
+    QFile::setPermissions(packed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    run(packed, {QStringLiteral("--version")}, m_source.timeToStart,
+        [this](const BoundedRun &tried) {
+            const QString objection = objectionTo(tried, m_present);
+            if (objection.isEmpty())
+                install(versionFromOutput(tried.output));
+            else
+                fail(objection);
+        });
+}
+
+void UpdateRun::install(const ToolVersion &version)
+{
+    if (const auto error = m_folder->install(m_folder->workFile(packedFile)))
+        fail(*error);
+    else
+        end({.version = version, .error = {}});
+}
+
+void UpdateRun::fetch(const QString &name, qint64 mostBytes, bool isReported, const Next &next)
+{
+    m_file.close();
+    m_file.setFileName(m_folder->workFile(name));
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        fail(writingFailed(m_file.fileName(), errno));
+        return;
+    }
+    const auto take = [this, isReported](const QByteArray &bytes, double part) -> QString {
+        m_hash.addData(bytes);
+        errno = 0;
+        if (m_file.write(bytes) != bytes.size()) {
+            fail(writingFailed(m_file.fileName(), errno == 0 ? ENOSPC : errno));
+            return QStringLiteral("it cannot be kept");
+        }
+        if (isReported)
+            m_handlers.onProgress({UpdateProgress::Step::downloading, part});
+        return {};
+    };
+    const auto finish = [this, next](const QString &error) {
+        m_file.close();
+        if (error.isEmpty())
+            next();
+        else
+            fail(QStringLiteral("yt-dlp could not be downloaded: %1.").arg(error));
+    };
+    dropDownload();
+    m_download = std::make_unique<Download>(
+        m_network, m_source.folder.resolved(QUrl(name)),
+        Download::Limits{.mostBytes = mostBytes, .longestSilence = m_source.longestSilence},
+        Download::Handlers{.onBytes = take, .onEnd = finish});
+}
+
+void UpdateRun::run(const QString &program, const QStringList &arguments,
+                    std::chrono::milliseconds time, const RunHandler &onEnd,
+                    const ChildProcess::OutputHandler &onOutput)
+{
+    // Of a program that cannot be launched the end is handled before there is a child.
+    const auto hasEnded = std::make_shared<bool>(false);
+    ChildProcess *const child = runBounded(
+        m_processes,
+        {.program = program, .arguments = arguments, .environment = m_places.environment}, time,
+        [this, hasEnded, onEnd](const BoundedRun &finished) {
+            *hasEnded = true;
+            m_child = nullptr;
+            if (m_isGivenUp)
+                end({});
+            else
+                onEnd(finished);
+        },
+        onOutput);
+    if (!*hasEnded)
+        m_child = child;
+}
+
+void UpdateRun::beginAnew(const QString &error)
+{
+    if (m_beginnings < mostBeginnings)
+        fetchSums();
+    else
+        fail(error);
+}
+
+void UpdateRun::fail(const QString &error)
+{
+    end({.version = {}, .error = error});
+}
+
+void UpdateRun::giveUp()
+{
+    m_isGivenUp = true;
+    if (m_child)
+        m_child->end(); // it writes into the folder until it has gone
+    else
+        end({});
+}
+
+void UpdateRun::end(const UpdateOutcome &outcome)
+{
+    const auto onEnd = std::exchange(m_handlers.onEnd, {});
+    if (!onEnd)
+        return;
+    dropDownload();
+    m_file.close();
+    m_folder.reset();
+    onEnd(outcome);
+}
+
+void UpdateRun::dropDownload()
+{
+    if (m_download) // which may be what has led here
+        m_download.release()->deleteLater();
+}
