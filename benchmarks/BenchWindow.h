@@ -100,7 +100,7 @@ public:
         m_app.emplace(AppStateParts{.service = &m_service,
                                     .preferences = &m_preferences,
                                     .platform = m_desktop.services()});
-        m_main.emplace(*m_app, m_appearance, new ThumbnailProvider);
+        m_main.emplace(*m_app, m_appearance, new ThumbnailProvider, MainWindow::Extras());
         m_window = m_main->window();
         QObject::connect(m_window, &QQuickWindow::frameSwapped, m_window,
                          [this] { m_lastFrame = wallClock(), ++m_frames; });

@@ -23,6 +23,17 @@ def start_site(desktop: Desktop, media: pathlib.Path) -> str:
     return site.stdout.readline().decode().strip()
 
 
+def ask_nothing_about_the_tool(desktop: Desktop) -> None:
+    """The local site answers a tool of any age, so no notice is wanted."""
+    tool = next((path for path in ("/opt/homebrew/bin/yt-dlp", "/usr/local/bin/yt-dlp",
+                                   "/usr/bin/yt-dlp") if os.path.exists(path)), None)
+    if tool:
+        version = desktop.run(tool, "--version").strip()
+        preferences = desktop.home / ".config/quillon/preferences.json"
+        preferences.parent.mkdir(parents=True, exist_ok=True)
+        preferences.write_text(json.dumps({"quillon.toolNotNow": f"{tool} {version}"}))
+
+
 def tool_runs() -> bool:
     return subprocess.run(["pgrep", "-f", "extractor-args youtube:player_client"],
                           stdout=subprocess.DEVNULL).returncode == 0
@@ -32,7 +43,8 @@ def history_of(home: pathlib.Path) -> list[dict]:
     file = home / ".config/quillon/preferences.json"
     if not file.exists():
         return []
-    return json.loads(json.loads(file.read_text())["quillon.history.v2"]["utf8"])
+    document = json.loads(file.read_text()).get("quillon.history.v2")
+    return json.loads(document["utf8"]) if document else []
 
 
 def do_main_job(desktop: Desktop, window: str) -> dict:
@@ -70,6 +82,7 @@ def main() -> None:
     with Desktop(arguments.into / "home", display=display) as desktop:
         print("Starting the local video site; its films are made at the first start", flush=True)
         start_site(desktop, pathlib.Path("build/site-media"))
+        ask_nothing_about_the_tool(desktop)
         program = desktop.start(str(arguments.program))
         if display:
             print(f"Quillon is open. Paste {WATCH}boat into it; "

@@ -10,6 +10,7 @@ import pathlib
 
 from yt_dlp.extractor.common import InfoExtractor, SearchInfoExtractor
 from yt_dlp.utils import ExtractorError
+from yt_dlp.version import __version__
 
 SITE = r'https?://(?:(?:www|m|music)\.)?youtube\.com'
 
@@ -26,6 +27,10 @@ class _LocalSite:
 
     def _ask(self, what, name):
         home = pathlib.Path(os.environ['HOME'])
+        # As the real site does it since January 2026.
+        if (home / '.config/quillon-site-is-strict').exists() and __version__ < '2026.01.31':
+            raise ExtractorError('YouTube is no longer supported in this application or device.',
+                                 expected=True, video_id=name)
         site = (home / '.config/quillon-site').read_text()
         clients = self._configuration_arg('player_client', ie_key='Youtube')
         answer = self._download_json(f'{site}/api/{what}', name,

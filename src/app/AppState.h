@@ -142,6 +142,11 @@ public:
     [[nodiscard]] DownloadUIStatus displayedDownloadStatus() const;
     Q_SIGNAL void displayedDownloadStatusChanged();
 
+    /// The tool is about to be asked for something.
+    Q_SIGNAL void operationStarted();
+    /// What the tool was asked for has failed; the properties follow. On the main thread.
+    Q_SIGNAL void operationFailed(const QString &description, bool wasLaunched);
+
     // Persistence (Persistence.cpp).
     void loadSettings();
     void saveSettings();
@@ -207,6 +212,9 @@ private:
     [[nodiscard]] QCoro::Task<> fetch(QString address, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> run(SingleRun singleRun);
     [[nodiscard]] QCoro::Task<> downloadTask(SingleRun singleRun, qsizetype position);
+    /// Makes a request of the service and tells of its failure.
+    template<typename Value>
+    ReplyAwaiter<Value> request(std::function<void(Completion<Value>)> start);
     ReplyAwaiter<VideoInfo> requestInfo(const QString &address, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> fetchForQueue(std::shared_ptr<DownloadItem> item);
     [[nodiscard]] QCoro::Task<> runQueue(QueueRun queueRun);

@@ -19,11 +19,14 @@ class ReplyAwaiter
 {
 public:
     using Start = std::function<void(Completion<Value>)>;
+    using FailureHandler = std::function<void(const DescribedError &)>;
 
-    /// `start` makes the request with the completion that it is given.
-    ReplyAwaiter(std::shared_ptr<Mailbox> mailbox, Start start)
+    /// `start` makes the request with the completion that it is given. A failure is
+    /// handed to `onFailure` before it is thrown.
+    ReplyAwaiter(std::shared_ptr<Mailbox> mailbox, Start start, FailureHandler onFailure)
         : m_mailbox(std::move(mailbox))
         , m_start(std::move(start))
+        , m_onFailure(std::move(onFailure))
     {
     }
 
@@ -41,10 +44,19 @@ public:
         });
     }
 
-    Value await_resume() { return valueOrThrow<Value>(std::move(*m_reply)); }
+    Value await_resume()
+    {
+        try {
+            return valueOrThrow<Value>(std::move(*m_reply));
+        } catch (const DescribedError &error) {
+            m_onFailure(error);
+            throw;
+        }
+    }
 
 private:
     std::shared_ptr<Mailbox> m_mailbox;
     Start m_start;
+    FailureHandler m_onFailure;
     std::optional<Reply<Value>> m_reply;
 };

@@ -3,30 +3,49 @@
 
 #include "ReplyAwaiter.h"
 
+namespace {
+
+bool wasLaunched(const DescribedError &error)
+{
+    const auto *const ofTool = dynamic_cast<const YTDLPError *>(&error);
+    return !ofTool || ofTool->launch() == YTDLPError::Launch::succeeded;
+}
+
+} // namespace
+
+template<typename Value>
+ReplyAwaiter<Value> AppState::request(std::function<void(Completion<Value>)> start)
+{
+    Q_EMIT operationStarted();
+    return {m_mailbox, std::move(start), [this](const DescribedError &error) {
+                if (!m_isClosing)
+                    Q_EMIT operationFailed(error.errorDescription(), wasLaunched(error));
+            }};
+}
+
 ReplyAwaiter<VideoInfo> AppState::requestInfo(const QString &address, bool asPlaylist)
 {
-    return {m_mailbox,
-            [this, address, asPlaylist,
-             browser = cookiesBrowser()](const Completion<VideoInfo> &completion) {
-                if (asPlaylist)
-                    service.fetchPlaylistInfo(address, browser, completion);
-                else
-                    service.fetchInfo(address, browser, completion);
-            }};
+    return request<VideoInfo>([this, address, asPlaylist, browser = cookiesBrowser()](
+                                  const Completion<VideoInfo> &completion) {
+        if (asPlaylist)
+            service.fetchPlaylistInfo(address, browser, completion);
+        else
+            service.fetchInfo(address, browser, completion);
+    });
 }
 
 ReplyAwaiter<AppState::Results> AppState::requestSearch(const QString &query, int limit)
 {
-    return {m_mailbox, [this, query, limit](const Completion<Results> &completion) {
-                service.search(query, limit, completion);
-            }};
+    return request<Results>([this, query, limit](const Completion<Results> &completion) {
+        service.search(query, limit, completion);
+    });
 }
 
 ReplyAwaiter<QUrl> AppState::requestStream(const QString &videoURL)
 {
-    return {m_mailbox, [this, videoURL](const Completion<QUrl> &completion) {
-                service.getStreamURL(videoURL, completion);
-            }};
+    return request<QUrl>([this, videoURL](const Completion<QUrl> &completion) {
+        service.getStreamURL(videoURL, completion);
+    });
 }
 
 ReplyAwaiter<QString> AppState::requestDownload(const QStringList &arguments,
@@ -45,7 +64,7 @@ ReplyAwaiter<QString> AppState::requestDownload(const QStringList &arguments,
         hop([=] { onProgress(progress, speed, eta); });
     };
     const ProcessingHandler hopProcessing = [=] { hop(onProcessing); };
-    return {m_mailbox, [=, this](const Completion<QString> &completion) {
-                service.runProcessWithProgress(arguments, hopProgress, hopProcessing, completion);
-            }};
+    return request<QString>([=, this](const Completion<QString> &completion) {
+        service.runProcessWithProgress(arguments, hopProgress, hopProcessing, completion);
+    });
 }

@@ -22,16 +22,28 @@ gi.require_version("Atspi", "2.0")
 PROGRAM = pathlib.Path(os.environ["QUILLON_PROGRAM"])
 MEDIA = pathlib.Path(os.environ["QUILLON_MEDIA"])
 FIRST_LOCATION = pathlib.Path("/opt/homebrew/bin/yt-dlp")
-REAL_TOOL = "/usr/bin/yt-dlp"
+REAL_TOOL = os.environ.get("QUILLON_TOOL", "/usr/bin/yt-dlp")
 WATCH = "https://www.youtube.com/watch?v="
+
+
+def version_of(tool: str) -> str:
+    return subprocess.run([tool, "--version"], check=True, stdout=subprocess.PIPE).stdout.decode().strip()
 
 
 class Person:
     """With a desktop, a video site, a recording tool and Quillon of their own."""
 
-    def __init__(self, preferences: dict | None = None, fills_disk: str = ""):
-        """Downloads of the one address find no more room after 50 kB."""
+    def __init__(self, preferences: dict | None = None, fills_disk: str = "",
+                 command: list[str] | None = None):
+        """Downloads of the one address find no more room after 50 kB. With a command, it
+        is what is started, and the tool is the system's rather than a recording one."""
         self.fills_disk = fills_disk
+        self.command = command or [str(PROGRAM)]
+        self.records = command is None
+        if self.records:
+            # Whatever its age, nobody is told of it.
+            preferences = (preferences or {}) | {
+                "quillon.toolNotNow": f"{FIRST_LOCATION} {version_of(REAL_TOOL)}"}
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillon-test-"))
         self.desktop = Desktop(self.folder / "home")
         self.desktop.callback(shutil.rmtree, self.folder, ignore_errors=True)
@@ -47,7 +59,8 @@ class Person:
 
     def _prepare(self):
         os.environ.update(self.desktop.environment)
-        self._install_recorder()
+        if self.records:
+            self._install_recorder()
         site = self.desktop.start(sys.executable, str(ROOT / "demo/site.py"), "--home",
                                   str(self.desktop.home), "--media", str(MEDIA),
                                   stdout=subprocess.PIPE)
@@ -65,6 +78,8 @@ class Person:
         FIRST_LOCATION.parent.mkdir(parents=True, exist_ok=True)
         FIRST_LOCATION.write_text(
             "#!/usr/bin/python3\n# quillon recorder\nimport json, os, resource, sys\n"
+            "if sys.argv[1:] == ['--version']:\n"  # nothing that the user has asked for
+            f"    os.execv({REAL_TOOL!r}, [{REAL_TOOL!r}, '--version'])\n"
             f"with open({str(self.folder / 'calls')!r}, 'a') as calls:\n"
             "    environment = open('/proc/self/environ').read().split('\\0')[:-1]\n"
             "    calls.write(json.dumps([sys.argv[1:], sorted(environment)]) + '\\n')\n"
@@ -75,7 +90,7 @@ class Person:
         self.desktop.callback(FIRST_LOCATION.unlink, missing_ok=True)
 
     def start_program(self):
-        self.program = self.desktop.start(str(PROGRAM), stderr=open(self.folder / "stderr", "ab"))
+        self.program = self.desktop.start(*self.command, stderr=open(self.folder / "stderr", "ab"))
         self.window = wait_until(lambda: self.desktop.window("Quillon"), "the window")
         self.desktop.run("xdotool", "windowsize", "--sync", self.window, "960", "720")
         self.desktop.run("xdotool", "windowfocus", "--sync", self.window)

@@ -28,14 +28,24 @@ private Q_SLOTS:
         m_fixture.state.reset();
         m_app = std::make_unique<QuillonApp>(m_fixture.parts());
         m_appearance = std::make_unique<Appearance>(*m_fixture.preferences, m_system);
-        m_main = std::make_unique<MainWindow>(*m_app, *m_appearance, makeThumbnails());
+        m_main = std::make_unique<MainWindow>(*m_app, *m_appearance, makeThumbnails(), extras());
         m_window = m_main->window();
         QVERIFY(QTest::qWaitForWindowExposed(m_window));
     }
 
     void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
 
-    void cleanup()
+    void cleanup() { reset(); }
+
+    void cleanupTestCase()
+    {
+        m_main.reset();
+        m_app.reset();
+    }
+
+protected:
+    /// As if nothing had been done.
+    void reset()
     {
         WAIT_FOR(!state().isDownloading() && !state().isQueueDownloading() && !state().isFetching()
                  && !state().isBrowseSearching());
@@ -58,14 +68,8 @@ private Q_SLOTS:
         WAIT_FOR(!item("download") && !item("history0"));
     }
 
-    void cleanupTestCase()
-    {
-        m_main.reset();
-        m_app.reset();
-    }
-
-protected:
     virtual QQmlImageProviderBase *makeThumbnails() { return new ThumbnailProvider; }
+    virtual MainWindow::Extras extras() { return {}; }
 
     /// Without a picture: one that cannot be had makes Qt warn.
     static VideoInfo video()

@@ -17,10 +17,10 @@ public:
     {
         QByteArray body = {};
         int status = 200;
-        QByteArray location = {};   ///< of a redirect
-        qint64 told = -1;      ///< the length that is told; less than 0 for the true one
-        bool isHeld = false;   ///< what is left of it never comes
-        bool isSilent = false; ///< nothing comes at all
+        QByteArray location = {}; ///< of a redirect
+        qint64 told = -1;         ///< the length that is told; less than 0 for the true one
+        bool isHeld = false;      ///< what is left of it never comes
+        bool isSilent = false;    ///< nothing comes at all
     };
 
     ReleaseServer()

@@ -10,6 +10,8 @@ FocusScope {
     id: root
 
     required property Appearance appearance
+    required property NoticeModel notices
+    required property ToolModel tool
 
     ModeModel {
         id: mode
@@ -26,11 +28,19 @@ FocusScope {
         }
 
         Loader {
+            id: settings
+
             active: AppState.showSettings
             visible: active // else its place stays
             width: parent.width
 
             source: "SettingsPanelView.qml"
+
+            Binding {
+                property: "tool"
+                target: settings.item
+                value: root.tool
+            }
         }
 
         URLInputView {
@@ -51,7 +61,7 @@ FocusScope {
 
         // Scrolls by so many heights of what is seen.
         function turn(heights: real) {
-            const last = Math.max(0, contentHeight - height);
+            const last = Math.max(0, contentHeight + bottomMargin - height);
             contentY = Math.max(0, Math.min(contentY + heights * height, last));
         }
 
@@ -59,6 +69,8 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: bars.bottom
+        // So that the end of the page can be scrolled clear of a notice.
+        bottomMargin: notice.isShown ? notice.height + notice.anchors.bottomMargin : 0
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         contentHeight: content.height
@@ -135,6 +147,24 @@ FocusScope {
         }
 
         target: AppState
+    }
+
+    NoticeSlot {
+        id: notice
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 14
+        anchors.horizontalCenter: parent.horizontalCenter
+        home: input
+        notices: root.notices
+        width: Math.min(parent.width - 2 * Theme.margin, 760)
+    }
+
+    Shortcut {
+        enabled: notice.isShown
+        sequence: "F6"
+
+        onActivated: notice.enterOrLeave()
     }
 
     DropArea {

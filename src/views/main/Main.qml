@@ -10,6 +10,9 @@ T.ApplicationWindow {
 
     required property QuillonApp app
     required property Appearance appearance
+    // Null where nobody looks after the tool.
+    required property NoticeModel notices
+    required property ToolModel tool
 
     // The content's own minimum is 880 by 600; the menu bar comes on top.
     height: 720
@@ -39,6 +42,8 @@ T.ApplicationWindow {
         anchors.fill: parent
         appearance: root.appearance
         focus: true
+        notices: root.notices
+        tool: root.tool
     }
 
     Binding {

@@ -6,7 +6,8 @@
 
 #include <QCoreApplication>
 
-MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails)
+MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails,
+                       Extras extras)
     : m_component(&m_engine)
 {
     AppStateForQml::instance = &app.state();
@@ -17,7 +18,9 @@ MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProvide
     m_component.loadUrl(QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
     m_root.reset(m_component.createWithInitialProperties(
         {{QStringLiteral("app"), QVariant::fromValue(&app)},
-         {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}}));
+         {QStringLiteral("appearance"), QVariant::fromValue(&appearance)},
+         {QStringLiteral("notices"), QVariant::fromValue(extras.notices)},
+         {QStringLiteral("tool"), QVariant::fromValue(extras.tool)}}));
     // So that what is made ahead is made between frames.
     if (window())
         m_engine.setIncubationController(window()->incubationController());

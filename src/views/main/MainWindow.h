@@ -8,8 +8,10 @@
 #include <memory>
 
 class Appearance;
+class NoticeModel;
 class QQmlImageProviderBase;
 class QuillonApp;
+class ToolModel;
 
 /// The one window, with the engine behind it, which takes the application's quit from
 /// the screens. Main thread; the program and its appearance must outlive it.
@@ -18,8 +20,16 @@ class MainWindow
     Q_DISABLE_COPY_MOVE(MainWindow)
 
 public:
+    /// What the window shows beside the state, if it is there. Outlives the window.
+    struct Extras
+    {
+        NoticeModel *notices = nullptr;
+        ToolModel *tool = nullptr;
+    };
+
     /// The thumbnails become the engine's.
-    MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails);
+    MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails,
+               Extras extras);
     ~MainWindow();
 
     /// Null if the program's files are incomplete; errors() says what is missing.

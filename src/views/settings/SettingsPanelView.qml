@@ -3,9 +3,11 @@ import QtQuick
 import Quillon
 import Quillon.Shared
 
-// The five settings. They count at once and are kept by Save.
+// The five settings, which count at once and are kept by Save, and the tool.
 Rectangle {
     id: root
+
+    property ToolModel tool
 
     color: Theme.primaryAt(0.03)
     implicitHeight: rows.height + 28 + divider.height
@@ -110,6 +112,12 @@ Rectangle {
                     onChosen: index => settings.browserIndex = index
                 }
             }
+        }
+
+        ToolRow {
+            tool: root.tool
+            visible: root.tool
+            width: parent.width
         }
     }
 

@@ -13,7 +13,7 @@ Loader {
     active: wanted && text !== ""
     anchors.fill: parent
 
-    source: "HelpTipBubble.qml"
+    source: Qt.resolvedUrl("HelpTipBubble.qml") // beside this file, wherever it is used
 
     Binding {
         property: "text"

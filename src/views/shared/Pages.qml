@@ -17,8 +17,8 @@ QtObject {
     function show(page: Flickable, top: real, bottom: real) {
         if (top < page.contentY)
             page.contentY = Math.max(0, top);
-        else if (bottom > page.contentY + page.height)
-            page.contentY = bottom - page.height;
+        else if (bottom > page.contentY + page.height - page.bottomMargin)
+            page.contentY = bottom - page.height + page.bottomMargin;
     }
 
     function reveal(item: Item) {

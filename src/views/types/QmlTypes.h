@@ -9,6 +9,7 @@
 #include "FormatQualityModel.h"
 #include "HistoryModel.h"
 #include "ModeModel.h"
+#include "NoticeModel.h"
 #include "PlayerPanelModel.h"
 #include "PlayerViewRepresentable.h"
 #include "PlaylistModel.h"
@@ -18,6 +19,7 @@
 #include "SettingsModel.h"
 #include "SingleModeModel.h"
 #include "StatePresenter.h"
+#include "ToolModel.h"
 #include "URLInputModel.h"
 #include "VideoInfo.h"
 
@@ -65,6 +67,22 @@ struct AppearanceForQml
     Q_GADGET
     QML_FOREIGN(Appearance)
     QML_NAMED_ELEMENT(Appearance)
+    QML_UNCREATABLE("There is one, and the program makes it.")
+};
+
+struct NoticeModelForQml
+{
+    Q_GADGET
+    QML_FOREIGN(NoticeModel)
+    QML_NAMED_ELEMENT(NoticeModel)
+    QML_UNCREATABLE("There is one slot, and the program makes it.")
+};
+
+struct ToolModelForQml
+{
+    Q_GADGET
+    QML_FOREIGN(ToolModel)
+    QML_NAMED_ELEMENT(ToolModel)
     QML_UNCREATABLE("There is one, and the program makes it.")
 };
 

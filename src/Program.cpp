@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Program.h"
+
+#include "Appearance.h"
+#include "MainWindow.h"
+#include "MediaSession.h"
+#include "NoticeModel.h"
+#include "Preferences.h"
+#include "QuillonApp.h"
+#include "SingleInstance.h"
+#include "SystemAppearance.h"
+#include "TerminationSignals.h"
+#include "ThumbnailProvider.h"
+#include "ToolKeeper.h"
+#include "ToolModel.h"
+
+#include <QFileInfo>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QQuickWindow>
+#include <QThreadPool>
+#include <QTimer>
+
+namespace {
+
+constexpr std::chrono::milliseconds restAfterFirstFrame{500};
+
+// A desktop that names no font of its own gets one that is made for screens.
+void chooseFont()
+{
+    QFont font = QGuiApplication::font();
+    if (font.family().startsWith(u"Sans") || font.family().startsWith(u"DejaVu")) {
+        font.setFamilies({QStringLiteral("Inter"), font.family()});
+        QGuiApplication::setFont(font);
+    }
+}
+
+// Reading the system's fonts is a good part of the start; it goes on beside the
+// loading of the views.
+void readFontsAhead()
+{
+    QThreadPool::globalInstance()->start([font = QGuiApplication::font()] {
+        QFontMetricsF(font).horizontalAdvance(QGuiApplication::applicationDisplayName());
+    });
+}
+
+// What can wait until the window is seen.
+template<typename Action>
+void afterFirstFrame(const QQuickWindow &window, QObject &context, Action action)
+{
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, &context, std::move(action),
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
+// In all the sizes that a desktop takes.
+void drawIcon()
+{
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
+}
+
+} // namespace
+
+int runProgram(int argc, char *argv[], const ReleaseSource &source)
+{
+    QGuiApplication::setApplicationName(QStringLiteral("quillon"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillon"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quillon"));
+    QGuiApplication application(argc, argv);
+    chooseFont();
+    readFontsAhead();
+
+    Preferences &preferences = Preferences::standard();
+    SingleInstance instance(QFileInfo(preferences.path()).path());
+    if (!instance.isFirst())
+        return 0;
+
+    const TerminationSignals terminationSignals;
+    const SystemAppearance systemAppearance;
+    Appearance appearance(preferences, systemAppearance);
+    QuillonApp app;
+    MediaControl mediaControl;
+    SleepInhibitor sleepInhibitor;
+    const MediaSession mediaSession(app.state(), mediaControl, sleepInhibitor);
+
+    ToolKeeper::Parts toolParts = ToolKeeper::Parts::standard();
+    toolParts.source = source;
+    ToolKeeper toolKeeper(app.state(), preferences, toolParts);
+    ToolModel toolModel(toolKeeper);
+    NoticeModel notices(toolKeeper);
+
+    const MainWindow mainWindow(app, appearance, new ThumbnailProvider,
+                                {.notices = &notices, .tool = &toolModel});
+    if (!mainWindow.window()) {
+        qCritical("Quillon's window could not be made; its files are incomplete.\n%s",
+                  qUtf8Printable(mainWindow.errors()));
+        return 1;
+    }
+    afterFirstFrame(*mainWindow.window(), application, drawIcon);
+    // The first look takes a core for a moment, so it comes when the window is at rest.
+    afterFirstFrame(*mainWindow.window(), toolKeeper, [&toolKeeper] {
+        QTimer::singleShot(restAfterFirstFrame, &toolKeeper, &ToolKeeper::begin);
+    });
+    const auto come = [&mainWindow] { mainWindow.bringForward(); };
+    QObject::connect(&instance, &SingleInstance::activationRequested, mainWindow.window(), come);
+    QObject::connect(&mediaControl, &MediaControl::raiseRequested, mainWindow.window(), come);
+    const int status = QGuiApplication::exec();
+    instance.stopListening();
+    return status;
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class AppState;
+
+/// Repeats what has failed, as long as the screen still holds what it was asked for.
+/// Main thread; the state outlives it.
+class Retry : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Retry(AppState &state);
+
+    /// Whether the screen of the current mode shows the failure of a fetch, a search or a
+    /// playback of just what it holds. A download has a button of its own.
+    [[nodiscard]] bool isPossible() const;
+    void repeat();
+
+private:
+    [[nodiscard]] bool hasFailedFetch() const;
+    [[nodiscard]] bool hasFailedSearch() const;
+    [[nodiscard]] bool hasFailedPlayback() const;
+
+    AppState &m_state;
+    QString m_address; // of the last fetch
+    QString m_query;   // of the last search
+};

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+class ToolKeeper;
+
+/// The line of the settings that tells of the tool.
+class ToolModel : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString name READ name NOTIFY changed)
+    Q_PROPERTY(QString meaning READ meaning NOTIFY changed)
+    Q_PROPERTY(bool isUseless READ isUseless NOTIFY changed)
+    Q_PROPERTY(QString path READ path NOTIFY changed)
+    Q_PROPERTY(QString buttonText READ buttonText NOTIFY changed)
+
+public:
+    /// The keeper outlives it.
+    explicit ToolModel(ToolKeeper &keeper);
+
+    /// "yt-dlp", with its version if that is known.
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] QString meaning() const;
+    [[nodiscard]] bool isUseless() const;
+    [[nodiscard]] QString path() const;
+    /// Empty where an update would not help or cannot be made.
+    [[nodiscard]] QString buttonText() const;
+
+    Q_INVOKABLE void update();
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    ToolKeeper &m_keeper;
+};

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillon
+import Quillon.Shared
+
+// The one place for notices, over the lower edge of the page. It moves nothing there and
+// takes no focus by itself: the keyboard comes by Tab or F6 and leaves by Escape.
+FocusScope {
+    id: root
+
+    required property NoticeModel notices // null where there are none
+    required property Item home // where the keyboard goes for want of another place
+    readonly property bool isShown: notices?.isShown ?? false
+    property Item elsewhere // where the keyboard is when it is not here
+
+    height: card.height
+    visible: isShown
+
+    function focusCard() {
+        (card.item as NoticeCard).focusFirst(Qt.TabFocusReason);
+    }
+
+    function enterOrLeave() {
+        if (activeFocus)
+            leave();
+        else
+            focusCard();
+    }
+
+    function leave() {
+        (elsewhere ?? home).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function holds(item: Item): bool {
+        let each = item;
+        while (each && each !== root)
+            each = each.parent;
+        return each === root;
+    }
+
+    Keys.onEscapePressed: leave()
+    onIsShownChanged: if (!isShown && focus)
+        leave()
+
+    Loader {
+        id: card
+
+        active: root.isShown
+        width: parent.width
+
+        Component.onCompleted: setSource("NoticeCard.qml", {
+            "notices": root.notices
+        })
+    }
+
+    // What screen readers are told of, once for each notice: it is made anew with it.
+    Repeater {
+        model: root.isShown ? [root.notices.kind] : []
+
+        Item {
+            anchors.fill: parent
+
+            Accessible.name: root.notices.title
+            Accessible.role: Accessible.AlertMessage
+        }
+    }
+
+    // With the keyboard here, it goes to what the next notice offers.
+    Connections {
+        function onKindChanged() {
+            if (root.activeFocus && root.isShown)
+                root.focusCard();
+        }
+
+        target: root.notices
+    }
+
+    Connections {
+        function onActiveFocusItemChanged() {
+            const item = root.Window.activeFocusItem as Item;
+            if (item && !root.holds(item))
+                root.elsewhere = item;
+        }
+
+        target: root.Window.window
+    }
+}

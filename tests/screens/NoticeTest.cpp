@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowFixture.h"
+
+#include "NoticeModel.h"
+#include "Release.h"
+#include "ToolKeeper.h"
+#include "ToolModel.h"
+
+#include <QClipboard>
+#include <QDir>
+
+/// The slot for notices, and the line of the settings that tells of the tool.
+class NoticeTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        m_keeper->cancelUpdate();
+        WAIT_FOR(m_keeper->updatePhase() != ToolKeeper::UpdatePhase::running);
+        m_keeper->closeUpdate();
+        QDir(m_fixture.folder.filePath(u"own"_s)).removeRecursively();
+        reset();
+        setTool("2026.08.19");
+        m_server.answers.clear();
+        m_server.requests.clear();
+        m_fixture.preferences->setString(u"quillon.toolNotNow"_s, QString());
+        m_keeper->begin();
+        WAIT_FOR(m_keeper->report() && m_keeper->report()->version.text == u"2026.08.19");
+        WAIT_FOR(!item("notice"));
+    }
+
+    void aToolThatWorksIsNotSpokenOf()
+    {
+        see("2026.08.01");
+        QVERIFY(!item("notice"));
+    }
+
+    void theNoticeStandsAtTheLowerEdgeAndMovesNothing()
+    {
+        state().singleInfo = video();
+        WAIT_FOR(shown("download"));
+        m_window->grabWindow();
+        const double before = sceneY("download");
+        const double scrolled = item("page")->property("contentY").toDouble();
+        complain();
+        m_window->grabWindow();
+        QCOMPARE(sceneY("download"), before);
+        QCOMPARE(item("page")->property("contentY").toDouble(), scrolled);
+        const QRectF card = item("notice")->mapRectToScene(item("notice")->boundingRect());
+        QVERIFY(card.bottom() < m_window->height());
+        QVERIFY(card.bottom() > m_window->height() - 30);
+        QCOMPARE(card.center().x(), m_window->width() / 2.0);
+    }
+
+    void theEndOfThePageCanBeScrolledClearOfIt()
+    {
+        state().singleInfo = playlist(100);
+        WAIT_FOR(shown("download"));
+        complain();
+        auto *const page = item("page");
+        const auto isClear = [&] {
+            turnWheel(20);
+            const double end = page->property("contentY").toDouble() + page->height();
+            return end >= page->property("contentHeight").toDouble() + item("notice")->height();
+        };
+        WAIT_FOR(isClear());
+    }
+
+    void itSaysWhatIsWrongAndWhatCanBeDone()
+    {
+        complain();
+        QCOMPARE(textOf("noticeText"), u"YouTube no longer answers yt-dlp 2023.03.04."_s);
+        QCOMPARE(textOf("noticeAction"), u"Update yt-dlp"_s);
+        QCOMPARE(textOf("noticeDismiss"), u"Not now"_s);
+        QVERIFY(!shown("noticeCommand"));
+    }
+
+    void aMissingToolMayBeInstalled()
+    {
+        QFile::remove(m_fixture.tool.path());
+        m_keeper->begin();
+        WAIT_FOR(shown("notice"));
+        QCOMPARE(textOf("noticeAction"), u"Install yt-dlp"_s);
+        state().showSettings = true;
+        WAIT_FOR(shown("updateTool"));
+        QCOMPARE(textOf("updateTool"), u"Install yt-dlp"_s);
+        QCOMPARE(textOf("toolMeaning"), u"not installed"_s);
+        QCOMPARE(textOf("toolName"), u"yt-dlp"_s);
+    }
+
+    void aScreenReaderIsToldOnce()
+    {
+        complain();
+        QStringList alerts = alertsIn(m_window->contentItem());
+        QCOMPARE(alerts, {u"YouTube no longer answers yt-dlp 2023.03.04."_s});
+        m_server.answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
+        click("noticeAction");
+        WAIT_FOR(textOf("noticeText") == u"Downloading yt-dlp…");
+        QCOMPARE(alertsIn(m_window->contentItem()), {u"Updating yt-dlp"_s});
+    }
+
+    void notNowByMouse()
+    {
+        complain();
+        click("noticeDismiss");
+        WAIT_FOR(!item("notice"));
+        QCOMPARE(m_fixture.preferences->string(u"quillon.toolNotNow"_s),
+                 m_fixture.tool.path() + u" 2023.03.04"_s);
+    }
+
+    void whatLiesBelowIsNotPressed()
+    {
+        complain();
+        AppState::History records;
+        for (int number = 0; number < 40; ++number) {
+            records.append(HistoryItem());
+            records.last().id = QUuid::createUuid();
+        }
+        state().history = records;
+        WAIT_FOR(numbered("page", u"history"_s) > 8);
+        QTest::mouseClick(m_window, Qt::LeftButton, {},
+                          item("notice")->mapToScene({40, 20}).toPoint());
+        QVERIFY(!focusIsIn(item("page")));
+    }
+
+    void f6GoesThereAndBack()
+    {
+        complain();
+        focusField();
+        press(Qt::Key_F6);
+        QCOMPARE(m_window->activeFocusItem(), item("noticeAction"));
+        QVERIFY(item("noticeAction")->property("visualFocus").toBool());
+        press(Qt::Key_F6);
+        QCOMPARE(m_window->activeFocusItem(), item("urlField"));
+    }
+
+    void escapeLeavesItAndItStays()
+    {
+        complain();
+        focusField();
+        press(Qt::Key_F6);
+        press(Qt::Key_Escape);
+        QCOMPARE(m_window->activeFocusItem(), item("urlField"));
+        QVERIFY(shown("notice"));
+    }
+
+    void tabReachesItBehindThePage()
+    {
+        complain();
+        focusField();
+        QStringList reached;
+        for (int step = 0; step < 8 && !reached.contains(u"noticeDismiss"_s); ++step) {
+            press(Qt::Key_Tab);
+            reached.append(m_window->activeFocusItem()->objectName());
+        }
+        QCOMPARE(reached.mid(reached.size() - 2),
+                 QStringList({u"noticeAction"_s, u"noticeDismiss"_s}));
+    }
+
+    void theKeyboardFollowsFromNoticeToNotice()
+    {
+        m_server.answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
+        complain();
+        focusField();
+        press(Qt::Key_F6);
+        press(Qt::Key_Return);
+        QCOMPARE(m_window->activeFocusItem(), item("noticeDismiss"));
+        QCOMPARE(textOf("noticeDismiss"), u"Cancel"_s);
+        press(Qt::Key_Space);
+        WAIT_FOR(m_keeper->updatePhase() == ToolKeeper::UpdatePhase::none);
+        QCOMPARE(m_window->activeFocusItem(), item("noticeAction"));
+    }
+
+    void theKeyboardReturnsToTheFieldWhenTheNoticeGoes()
+    {
+        complain();
+        focusField();
+        press(Qt::Key_F6);
+        press(Qt::Key_Tab);
+        press(Qt::Key_Space);
+        WAIT_FOR(!item("notice"));
+        QCOMPARE(m_window->activeFocusItem(), item("urlField"));
+    }
+
+    void anUpdateTellsHowFarItIs()
+    {
+        m_server.answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
+        complain();
+        click("noticeAction");
+        WAIT_FOR(textOf("noticeText") == u"Downloading yt-dlp…");
+        QVERIFY(!shown("noticeAction"));
+        state().showSettings = true;
+        WAIT_FOR(shown("toolMeaning"));
+        QCOMPARE(textOf("toolMeaning"), u"updating…"_s);
+        QVERIFY(!shown("updateTool"));
+    }
+
+    void aReadyToolIsToldAndFailuresMayBeRepeated()
+    {
+        offer(m_server, m_signer, zippedTool(versionCode("2026.08.19")));
+        complain();
+        m_fixture.tool.setScript("[ \"$1\" = --version ] && echo 2023.03.04 && exit\nexit 1");
+        state().singleURL = u"https://example.org/a"_s;
+        state().fetchSingleInfo();
+        WAIT_FOR(!state().isFetching());
+        click("noticeAction");
+        WAIT_FOR(textOf("noticeText") == u"yt-dlp 2026.08.19 is ready.");
+        QCOMPARE(textOf("noticeAction"), u"Try again"_s);
+        QCOMPARE(textOf("noticeDismiss"), u"Close"_s);
+        state().singleURL = u"https://example.org/b"_s;
+        QVERIFY(!shown("noticeAction"));
+        click("noticeDismiss");
+        WAIT_FOR(!item("notice"));
+    }
+
+    void aFailedUpdateSaysWhy()
+    {
+        complain();
+        click("noticeAction");
+        WAIT_FOR(textOf("noticeText")
+                 == u"yt-dlp could not be downloaded: the server answered 404.");
+        QCOMPARE(textOf("noticeAction"), u"Try again"_s);
+        offer(m_server, m_signer, zippedTool(versionCode("2026.08.19")));
+        click("noticeAction");
+        WAIT_FOR(textOf("noticeText") == u"yt-dlp 2026.08.19 is ready.");
+    }
+
+    void whatRenewsAForeignToolCanBeCopied()
+    {
+        QVERIFY(QDir(m_fixture.folder.path()).mkpath(u"own"_s));
+        writeFile(ownPath(), "#!/bin/sh\nPK=; echo 2023.03.04\n"); // begins as releases do
+        QFile::setPermissions(ownPath(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        complain();
+        QVERIFY(textOf("noticeText").endsWith(u"; this renews it:"));
+        QVERIFY(!shown("noticeAction"));
+        QCOMPARE(textOf("noticeCommand"), ownPath() + u" -U"_s);
+        click("noticeCopy");
+        QCOMPARE(QGuiApplication::clipboard()->text(), ownPath() + u" -U"_s);
+        QCOMPARE(textOf("noticeCopy"), u"Copied"_s);
+        WAIT_FOR(textOf("noticeCopy") == u"Copy");
+    }
+
+    void anOldToolIsHintedAtAfterAFailure()
+    {
+        m_fixture.tool.setScript("[ \"$1\" = --version ] && echo 2026.03.01 && exit\nexit 1");
+        m_keeper->begin();
+        WAIT_FOR(m_keeper->report()->version.text == u"2026.03.01");
+        QVERIFY(!item("notice"));
+        state().singleURL = u"https://example.org/a"_s;
+        state().fetchSingleInfo();
+        WAIT_FOR(shown("notice"));
+        QCOMPARE(textOf("noticeText"), u"yt-dlp is 5 months old. A newer one may help."_s);
+    }
+
+    void theSettingsTellOfTheTool()
+    {
+        complain();
+        state().showSettings = true;
+        WAIT_FOR(shown("updateTool"));
+        QCOMPARE(textOf("toolName"), u"yt-dlp 2023.03.04"_s);
+        QCOMPARE(textOf("toolMeaning"), u"too old for YouTube"_s);
+        QCOMPARE(item("toolPath")->property("text").toString(), m_fixture.tool.path());
+        QCOMPARE(textOf("updateTool"), u"Update yt-dlp"_s);
+        QCOMPARE(accessible("toolMeaning")->text(QAccessible::Name),
+                 u"yt-dlp 2023.03.04, too old for YouTube"_s);
+        focusByTab("cookiesBrowser");
+        press(Qt::Key_Tab);
+        QCOMPARE(m_window->activeFocusItem(), item("updateTool"));
+    }
+
+    void theToolsPathIsSeenInATooltip()
+    {
+        see("2026.08.01");
+        state().showSettings = true;
+        WAIT_FOR(shown("toolMeaning"));
+        QCOMPARE(textOf("toolMeaning"), u"current"_s);
+        m_window->grabWindow();
+        QTest::mouseMove(m_window, item("toolMeaning")->mapToScene({10, 5}).toPoint());
+        WAIT_FOR(tip() == m_fixture.tool.path());
+        QTest::mouseMove(m_window, {2, m_window->height() - 2});
+    }
+
+protected:
+    MainWindow::Extras extras() override
+    {
+        setTool("2026.08.19");
+        m_keeper = std::make_unique<ToolKeeper>(
+            state(), *m_fixture.preferences,
+            ToolKeeper::Parts{.places = {.searchPaths = {ownPath(), m_fixture.tool.path()},
+                                         .ownPath = ownPath(),
+                                         .environment = {{u"PATH"_s, u"/usr/bin:/bin"_s}}},
+                              .source = {.folder = m_server.address(), .key = m_signer.key},
+                              .today = [] { return QDate(2026, 8, 19); }});
+        m_keeper->begin();
+        m_notices = std::make_unique<NoticeModel>(*m_keeper);
+        m_tool = std::make_unique<ToolModel>(*m_keeper);
+        return {.notices = m_notices.get(), .tool = m_tool.get()};
+    }
+
+private:
+    QString ownPath() const { return m_fixture.folder.filePath(u"own/yt-dlp"_s); }
+    void setTool(const QByteArray &version) { m_fixture.tool.setScript("echo " + version); }
+    /// Lets the program see a tool of this version.
+    void see(const QByteArray &version)
+    {
+        setTool(version);
+        m_keeper->begin();
+        WAIT_FOR(m_keeper->report()
+                 && m_keeper->report()->version.text == QString::fromLatin1(version));
+    }
+    void complain()
+    {
+        see("2023.03.04");
+        WAIT_FOR(shown("notice"));
+    }
+    static QStringList alertsIn(QQuickItem *parent)
+    {
+        QStringList found;
+        const QList<QQuickItem *> children = parent->childItems();
+        for (QQuickItem *const child : children) {
+            QAccessibleInterface *const accessible = QAccessible::queryAccessibleInterface(child);
+            if (accessible && child->isVisible() && accessible->role() == QAccessible::AlertMessage
+                && !accessible->text(QAccessible::Name).isEmpty())
+                found.append(accessible->text(QAccessible::Name));
+            found += alertsIn(child);
+        }
+        return found;
+    }
+    QString tip()
+    {
+        const auto *const shownTip = m_window->findChild<QObject *>(u"tip"_s);
+        return shownTip && shownTip->property("visible").toBool()
+            ? shownTip->property("text").toString()
+            : QString();
+    }
+
+    Signer m_signer;
+    ReleaseServer m_server;
+    std::unique_ptr<ToolKeeper> m_keeper;
+    std::unique_ptr<NoticeModel> m_notices;
+    std::unique_ptr<ToolModel> m_tool;
+};
+
+QTEST_MAIN(NoticeTest)
+#include "NoticeTest.moc"

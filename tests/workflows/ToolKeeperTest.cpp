@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "KeeperFixture.h"
+
+/// What the program knows of its tool, when it looks, and what comes of an update.
+class ToolKeeperTest : public KeeperFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { KeeperFixture::init(); }
+    void cleanup() { KeeperFixture::cleanup(); }
+
+    void nothingIsRunBeforeItBegins()
+    {
+        fetch();
+        QCOMPARE(m_fixture->tool.calls().size(), 1); // the fetch
+        QVERIFY(!m_keeper->report());
+        QVERIFY(!m_keeper->isComplaintDue());
+    }
+
+    void aToolOfNoUseIsComplainedOf()
+    {
+        begin();
+        QCOMPARE(m_keeper->status(), ToolStatus::tooOld);
+        QVERIFY(m_keeper->isComplaintDue());
+        QVERIFY(m_keeper->canUpdate());
+    }
+
+    void notNowHoldsUntilTheToolChanges()
+    {
+        begin();
+        m_keeper->notNow();
+        QVERIFY(!m_keeper->isComplaintDue());
+        QCOMPARE(m_fixture->preferences->string(u"quillon.toolNotNow"_s),
+                 m_fixture->tool.path() + u" 2023.03.04"_s);
+        restart();
+        QVERIFY(!m_keeper->isComplaintDue());
+        setTool("2023.03.05");
+        m_keeper->begin();
+        WAIT_FOR(m_keeper->isComplaintDue());
+    }
+
+    void aChangedToolIsSeenBeforeAnOperation()
+    {
+        begin();
+        setTool("2026.08.01");
+        fetch();
+        WAIT_FOR(version() == u"2026.08.01");
+        QVERIFY(!m_keeper->isComplaintDue());
+    }
+
+    void aChangedToolIsSeenWhenTheSettingsOpen()
+    {
+        begin();
+        setTool("2026.08.01");
+        state().showSettings = true;
+        WAIT_FOR(version() == u"2026.08.01");
+    }
+
+    void anUnchangedToolIsNotRunAgain()
+    {
+        begin();
+        fetch();
+        state().showSettings = true;
+        setTool("2026.08.01"); // whose report comes behind all that was looked at before
+        state().showSettings = false;
+        WAIT_FOR(version() == u"2026.08.01");
+        QCOMPARE(m_fixture->tool.calls().count(QStringList{u"--version"_s}), 2);
+    }
+
+    void aFailedLaunchHasTheToolJudgedAgain()
+    {
+        // A link to an interpreter that goes away: the tool's own file stays as it was.
+        const QString shell = m_fixture->folder.filePath(u"sh"_s);
+        QVERIFY(QFile::link(u"/bin/sh"_s, shell));
+        QFile::remove(m_fixture->tool.path());
+        writeFile(m_fixture->tool.path(), "#!" + shell.toUtf8() + "\necho 2026.08.01\n");
+        QFile::setPermissions(m_fixture->tool.path(), QFile::ReadOwner | QFile::ExeOwner);
+        begin();
+        QCOMPARE(m_keeper->status(), ToolStatus::current);
+        QFile::remove(shell);
+        fetch();
+        WAIT_FOR(m_keeper->status() == ToolStatus::doesNotStart);
+    }
+
+    void aFailureThatAgeMayExplainIsHintedAtOnceForAVersion()
+    {
+        setTool("2026.03.01", "echo 'ERROR: Unable to extract uploader id' >&2; exit 1");
+        begin();
+        QCOMPARE(m_keeper->status(), ToolStatus::old);
+        QVERIFY(!m_keeper->isHintDue());
+        fetch();
+        QVERIFY(m_keeper->isHintDue());
+        m_keeper->notNow();
+        QVERIFY(!m_keeper->isHintDue());
+        fetch();
+        QVERIFY(!m_keeper->isHintDue());
+        restart();
+        fetch();
+        QVERIFY(!m_keeper->isHintDue());
+        setTool("2026.03.02", "echo 'ERROR: Unable to extract uploader id' >&2; exit 1");
+        m_keeper->begin();
+        WAIT_FOR(version() == u"2026.03.02");
+        fetch();
+        QVERIFY(m_keeper->isHintDue());
+    }
+
+    void everyKindOfOperationMayHint_data()
+    {
+        QTest::addColumn<QString>("operation");
+        for (const char *const name : {"fetch", "search", "stream", "download", "queue", "player"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void everyKindOfOperationMayHint()
+    {
+        QFETCH(QString, operation);
+        setTool("2026.03.01", "echo 'ERROR: HTTP Error 403: Forbidden' >&2; exit 1");
+        begin();
+        const SearchResult result{.id = u"a"_s,
+                                  .title = u"A"_s,
+                                  .uploader = {},
+                                  .duration = 1,
+                                  .thumbnailURL = {},
+                                  .videoURL = u"https://x/a"_s};
+        if (operation == u"fetch") {
+            fetch();
+        } else if (operation == u"search") {
+            state().browseSearchQuery = u"boats"_s;
+            state().searchYouTube();
+        } else if (operation == u"stream") {
+            state().playBrowseResult(result);
+        } else if (operation == u"download") {
+            state().singleInfo = StateFixture::video(u"a"_s);
+            state().startSingleDownload();
+        } else if (operation == u"queue") {
+            state().addURLToQueue(u"https://x/a"_s);
+        } else {
+            Q_EMIT state().avPlayer.failed(u"HTTP error 403 Forbidden"_s);
+        }
+        WAIT_FOR(m_keeper->isHintDue());
+    }
+
+    void aFailureOfAnotherCauseIsNotHintedAt()
+    {
+        setTool("2026.03.01", "echo 'ERROR: Private video. Sign in' >&2; exit 1");
+        begin();
+        fetch();
+        QVERIFY(!m_keeper->isHintDue());
+    }
+
+    void aCurrentToolIsNotHintedAt()
+    {
+        setTool("2026.08.01", "echo 'ERROR: Unable to extract' >&2; exit 1");
+        begin();
+        fetch();
+        QVERIFY(!m_keeper->isHintDue());
+    }
+
+    void anUpdateIsUsedByTheNextOperation()
+    {
+        offer(*m_server, *m_signer,
+              zippedTool("import sys\nif sys.argv[1:] == ['--version']: print('2026.08.19')\n"
+                         "else: print('{\"id\": \"a\", \"title\": \"New\"}')\n"));
+        begin();
+        fetch();
+        QVERIFY(state().fetchError());
+        update();
+        QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
+        QCOMPARE(m_keeper->updateOutcome().version.text, u"2026.08.19"_s);
+        QCOMPARE(m_keeper->report()->path, ownPath());
+        QVERIFY(!m_keeper->isComplaintDue());
+        QVERIFY(m_keeper->retry().isPossible());
+        m_keeper->retry().repeat();
+        WAIT_FOR(!state().isFetching());
+        QCOMPARE(state().singleInfo()->title, u"New"_s);
+        QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::none);
+    }
+
+    void aFailedUpdateSaysWhyAndMayBeRepeated()
+    {
+        m_server->answers[u"yt-dlp"_s] = {{.body = {}, .status = 404}};
+        begin();
+        update();
+        QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::failed);
+        QVERIFY(m_keeper->updateOutcome().error.contains(u"404"));
+        QCOMPARE(m_keeper->status(), ToolStatus::tooOld);
+        offer(*m_server, *m_signer, zippedTool(versionCode("2026.08.19")));
+        update();
+        QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
+    }
+
+    void aCancelledUpdateIsAsIfItHadNotBeen()
+    {
+        m_server->answers[u"yt-dlp"_s] = {{.body = "x", .told = 100, .isHeld = true}};
+        begin();
+        m_keeper->update();
+        WAIT_FOR(m_server->requests.contains(u"/yt-dlp"_s));
+        m_keeper->cancelUpdate();
+        WAIT_FOR(m_keeper->updatePhase() == ToolKeeper::UpdatePhase::none);
+        QVERIFY(m_keeper->isComplaintDue());
+    }
+
+    void anUpdateDoesNotBeginTwice()
+    {
+        m_server->answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
+        begin();
+        m_keeper->update();
+        m_keeper->update();
+        WAIT_FOR(!m_server->requests.isEmpty());
+        m_keeper.reset(); // the window closes in the middle
+        QCOMPARE(m_server->requests.size(), 1);
+        QVERIFY(QDir(m_fixture->folder.filePath(u"own"_s))
+                    .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    }
+
+    void aDownloadGoesOnDuringAnUpdate()
+    {
+        setTool("2023.03.04", m_fixture->tool.gate("go") + "exit 0");
+        begin();
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().startSingleDownload();
+        WAIT_FOR(m_fixture->tool.processIdentifiers().size() == 2);
+        update();
+        QVERIFY(state().isDownloading());
+        m_fixture->tool.open("go");
+        WAIT_FOR(!state().isDownloading());
+        QCOMPARE(state().downloadStatus().kind(), DownloadUIStatus::Case::done);
+    }
+
+    void aFetchIsRepeatedOnlyForTheAddressThatFailed()
+    {
+        fetch();
+        QVERIFY(m_keeper->retry().isPossible());
+        state().singleURL = u"https://example.org/b"_s;
+        QVERIFY(!m_keeper->retry().isPossible());
+        state().singleURL = u" https://example.org/a "_s;
+        QVERIFY(m_keeper->retry().isPossible());
+        state().mode = AppMode::browse;
+        QVERIFY(!m_keeper->retry().isPossible());
+    }
+
+    void aSearchIsRepeatedOnlyForTheWordsThatFailed()
+    {
+        state().mode = AppMode::browse;
+        state().browseSearchQuery = u"boats"_s;
+        state().searchYouTube();
+        WAIT_FOR(!state().isBrowseSearching());
+        QVERIFY(m_keeper->retry().isPossible());
+        state().browseSearchQuery = u"bridges"_s;
+        QVERIFY(!m_keeper->retry().isPossible());
+        state().browseSearchQuery = u"boats"_s;
+        m_keeper->retry().repeat();
+        QVERIFY(state().isBrowseSearching());
+        WAIT_FOR(!state().isBrowseSearching());
+    }
+
+    void aPlaybackIsRepeatedNotStopped()
+    {
+        state().mode = AppMode::browse;
+        const SearchResult result{.id = u"a"_s,
+                                  .title = u"A"_s,
+                                  .uploader = {},
+                                  .duration = 1,
+                                  .thumbnailURL = {},
+                                  .videoURL = u"https://x/a"_s};
+        state().playBrowseResult(result);
+        WAIT_FOR(state().playerError());
+        QVERIFY(m_keeper->retry().isPossible());
+        m_keeper->retry().repeat();
+        QVERIFY(state().isLoadingStream());
+        QCOMPARE(state().nowPlaying()->id, u"a"_s);
+        WAIT_FOR(state().playerError());
+    }
+
+    void aDownloadIsLeftToItsOwnButton()
+    {
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().startSingleDownload();
+        WAIT_FOR(!state().isDownloading());
+        QCOMPARE(state().downloadStatus().kind(), DownloadUIStatus::Case::failed);
+        QVERIFY(!m_keeper->retry().isPossible());
+    }
+};
+
+QTEST_GUILESS_MAIN(ToolKeeperTest)
+#include "ToolKeeperTest.moc"
