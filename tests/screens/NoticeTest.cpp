@@ -167,6 +167,7 @@ private Q_SLOTS:
         press(Qt::Key_F6);
         press(Qt::Key_Return);
         QCOMPARE(m_window->activeFocusItem(), item("noticeDismiss"));
+        QVERIFY(item("noticeDismiss")->property("visualFocus").toBool());
         QCOMPARE(textOf("noticeDismiss"), u"Cancel"_s);
         press(Qt::Key_Space);
         WAIT_FOR(m_keeper->updatePhase() == ToolKeeper::UpdatePhase::none);
@@ -191,6 +192,7 @@ private Q_SLOTS:
         click("noticeAction");
         WAIT_FOR(textOf("noticeText") == u"Downloading yt-dlp…");
         QVERIFY(!shown("noticeAction"));
+        QVERIFY(!item("noticeDismiss")->property("visualFocus").toBool()); // it was a click
         state().showSettings = true;
         WAIT_FOR(shown("toolMeaning"));
         QCOMPARE(textOf("toolMeaning"), u"updating…"_s);

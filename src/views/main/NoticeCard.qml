@@ -20,8 +20,9 @@ Card {
     }
 
     // The first of its buttons that is there.
-    function focusFirst(reason: int) {
-        (action.visible ? action : copy.visible ? copy : dismiss).forceActiveFocus(reason);
+    function focusFirst(withRing: bool) {
+        const first = action.visible ? action : copy.visible ? copy : dismiss;
+        first.forceActiveFocus(withRing ? Qt.TabFocusReason : Qt.OtherFocusReason);
     }
 
     // What lies below it is not for the pointer.
@@ -95,7 +96,7 @@ Card {
                     onClicked: root.notices.act()
                     // The keyboard stays in the notice when this goes.
                     onVisibleChanged: if (!visible && focus)
-                        dismiss.forceActiveFocus(Qt.TabFocusReason)
+                        dismiss.forceActiveFocus(focusReason)
                 }
 
                 PushButton {

@@ -2,6 +2,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import Quillon
 import Quillon.Shared
 
@@ -18,15 +19,15 @@ FocusScope {
     height: card.height
     visible: isShown
 
-    function focusCard() {
-        (card.item as NoticeCard).focusFirst(Qt.TabFocusReason);
+    function focusCard(withRing: bool) {
+        (card.item as NoticeCard).focusFirst(withRing);
     }
 
     function enterOrLeave() {
         if (activeFocus)
             leave();
         else
-            focusCard();
+            focusCard(true);
     }
 
     function leave() {
@@ -67,11 +68,13 @@ FocusScope {
         }
     }
 
-    // With the keyboard here, it goes to what the next notice offers.
+    // With the keyboard here, it goes to what the next notice offers; with its ring if it
+    // came by a key.
     Connections {
         function onKindChanged() {
-            if (root.activeFocus && root.isShown)
-                root.focusCard();
+            const button = root.Window.activeFocusItem as T.Control;
+            if (button && root.activeFocus && root.isShown)
+                root.focusCard(button.visualFocus);
         }
 
         target: root.notices
