@@ -6,7 +6,6 @@
 #include "DownloadFolder.h"
 #include "HomeDirectory.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 bool AppState::isMixedURL() const
@@ -21,10 +20,11 @@ QString AppState::resolvedDownloadDir() const
 
 void AppState::revealInFinder(const QString &path)
 {
-    if (QFileInfo::exists(path))
-        m_platform.fileViewer->select(path);
+    const QString absolute = absoluteForTool(path);
+    if (QFileInfo::exists(absolute))
+        m_platform.fileViewer->select(absolute);
     else
-        m_platform.fileViewer->openFolder(QFileInfo(QDir::cleanPath(path)).path());
+        m_platform.fileViewer->openFolder(QFileInfo(absolute).path());
 }
 
 void AppState::sendCompleteNotification(const QString &title, qint64 count)

@@ -37,6 +37,7 @@ ChildProcess::ChildProcess(Command command, std::shared_ptr<ProcessHandle> handl
     , m_onEnd(std::move(onEnd))
 {
     m_process.setProcessEnvironment(processEnvironment(m_command.environment));
+    m_process.setWorkingDirectory(m_command.folder);
     m_process.setProgram(m_command.program);
     m_process.setArguments(m_command.arguments);
     m_process.setStandardInputFile(QProcess::nullDevice());

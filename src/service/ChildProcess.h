@@ -44,6 +44,7 @@ public:
         QString program;
         QStringList arguments;
         QMap<QString, QString> environment;
+        QString folder; ///< to start in
         /// The program is ended once it has complained at greater length, in bytes.
         qsizetype mostStandardError = std::numeric_limits<qsizetype>::max();
     };

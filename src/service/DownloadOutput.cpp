@@ -24,6 +24,13 @@ QString DownloadOutput::savedPath() const
     return m_downloadPath.isEmpty() ? m_finalFilePath : m_downloadPath;
 }
 
+QStringList DownloadOutput::namedFiles() const
+{
+    QStringList files{m_downloadPath, m_finalFilePath};
+    files.removeAll(QString());
+    return files;
+}
+
 void DownloadOutput::handle(const ProgressLine::Nothing & /*event*/) { }
 
 void DownloadOutput::handle(const ProgressLine::Progress &event)

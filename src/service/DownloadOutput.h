@@ -4,6 +4,8 @@
 #include "LineBuffer.h"
 #include "ProgressLine.h"
 
+#include <QStringList>
+
 #include <functional>
 
 /// Gets the fraction done (0 to 1), the speed and the remaining time, both as
@@ -26,6 +28,9 @@ public:
     /// Where the file was saved. The file that was written or merged goes before
     /// the one that audio was extracted into; empty when none was named.
     [[nodiscard]] QString savedPath() const;
+
+    /// Every file that was named as finished.
+    [[nodiscard]] QStringList namedFiles() const;
 
     /// The file that stands half made under its final name if the run ends
     /// now; empty if there is none. Only audio extraction writes so; the tool

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "HomeDirectory.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -16,4 +18,15 @@ QString homeDirectory()
     while (home.size() > 1 && home.endsWith(u'/'))
         home.chop(1);
     return home;
+}
+
+QString toolFolder()
+{
+    const QString home = homeDirectory();
+    return QFileInfo(home).isDir() ? home : QStringLiteral("/");
+}
+
+QString absoluteForTool(const QString &path)
+{
+    return QDir::cleanPath(QDir(toolFolder()).absoluteFilePath(path));
 }

@@ -7,3 +7,10 @@
 /// set, so that a test or a demonstration can have one of its own, else the
 /// user database's.
 QString homeDirectory();
+
+/// Where the tool is started: it reads a configuration from the folder that it is started
+/// in, and that of the home folder is the user's own. The root folder for want of a home.
+QString toolFolder();
+
+/// A path as the tool means it, absolute and without detours.
+QString absoluteForTool(const QString &path);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "YTDLPService.h"
 
+#include "DownloadGuard.h"
 #include "HomeDirectory.h"
 #include "Metadata.h"
 #include "RequestArguments.h"
@@ -193,19 +194,25 @@ void YTDLPService::download(const QStringList &arguments,
         return;
     }
     const auto handle = std::make_shared<ProcessHandle>();
+    const auto guard = std::make_shared<DownloadGuard>(arguments);
     setActiveProcess(handle);
     launch(
         arguments, handle, [output](const QByteArray &bytes) { output->append(bytes); },
         [=, this, completion = std::move(completion)](const ProcessEnding &ending) {
             clearActiveProcess(handle);
-            if (ending.isSuccess()) {
+            const QString danger = guard->removeConfigurations();
+            if (!danger.isEmpty()) {
+                completion(YTDLPError::downloadFailed(danger));
+            } else if (ending.isSuccess()) {
+                for (const QString &path : output->namedFiles())
+                    m_finishedFiles.insert(absoluteForTool(path));
                 completion(output->savedPath());
-                return;
+            } else {
+                // The next run would take such a file for a finished download.
+                if (!output->halfMadeFile().isEmpty())
+                    guard->removeHalfMade(output->halfMadeFile(), m_finishedFiles);
+                completion(YTDLPError::downloadFailed(messageOf(ending), launchOf(ending)));
             }
-            // The next run would take such a file for a finished download.
-            if (!output->halfMadeFile().isEmpty())
-                QFile::remove(output->halfMadeFile());
-            completion(YTDLPError::downloadFailed(messageOf(ending), launchOf(ending)));
         });
 }
 
@@ -214,9 +221,11 @@ void YTDLPService::launch(const QStringList &arguments,
                           const ChildProcess::OutputHandler &onOutput,
                           const ChildProcess::EndHandler &onEnd)
 {
-    m_processes.launch(
-        {.program = ytdlpPath(), .arguments = arguments, .environment = processEnv()}, handle,
-        onOutput, onEnd);
+    m_processes.launch({.program = ytdlpPath(),
+                        .arguments = arguments,
+                        .environment = processEnv(),
+                        .folder = toolFolder()},
+                       handle, onOutput, onEnd);
 }
 
 void YTDLPService::setActiveProcess(std::shared_ptr<ProcessHandle> handle)

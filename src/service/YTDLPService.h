@@ -8,6 +8,7 @@
 #include "YTDLPError.h"
 
 #include <QMap>
+#include <QSet>
 #include <QStringList>
 #include <QUrl>
 
@@ -98,6 +99,8 @@ private:
 
     mutable std::mutex m_activeProcessMutex;
     std::shared_ptr<ProcessHandle> m_activeProcess;
+
+    QSet<QString> m_finishedFiles; // the worker thread's: what successful runs have named
 
     ChildProcesses m_processes; // last: its thread ends before the rest goes
 };

@@ -177,6 +177,13 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->desktop.fileViewer->selected, QStringList{file});
     }
 
+    void whatIsRevealedIsAbsolute()
+    {
+        m_fixture->state->revealInFinder(u"no such folder/a.mp4"_s);
+        QCOMPARE(m_fixture->desktop.fileViewer->opened,
+                 QStringList{QDir::homePath() + u"/no such folder"_s});
+    }
+
     void aFinishedRunIsAnnouncedBySoundAndNotification()
     {
         m_fixture->state->sendCompleteNotification(u"A"_s, 1);

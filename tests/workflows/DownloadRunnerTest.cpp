@@ -1,53 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Await.h"
+#include "DownloadRun.h"
 
 #include <QTest>
 
 #include <csignal>
-#include <mutex>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// One download, what its handlers were told and how it ended.
-class Download
-{
-public:
-    explicit Download(YTDLPService &service, const QStringList &arguments = {u"https://x/"_s})
-    {
-        service.runProcessWithProgress(
-            arguments,
-            [shared = m_shared](double progress, const QString &speed, const QString &eta) {
-                shared->add(u"%1 %2 %3"_s.arg(progress).arg(speed, eta));
-            },
-            [shared = m_shared] { shared->add(u"processing"_s); }, m_outcome.completion());
-    }
-
-    [[nodiscard]] QStringList reports() const
-    {
-        const std::scoped_lock lock(m_shared->mutex);
-        return m_shared->reports;
-    }
-
-    [[nodiscard]] const Outcome<QString> &outcome() const { return m_outcome; }
-
-private:
-    struct Shared
-    {
-        void add(const QString &report)
-        {
-            const std::scoped_lock lock(mutex);
-            reports.append(report);
-        }
-        std::mutex mutex;
-        QStringList reports;
-    };
-    std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
-    Outcome<QString> m_outcome;
-};
-
-} // namespace
 
 class DownloadRunnerTest : public QObject
 {
@@ -261,53 +219,6 @@ private Q_SLOTS:
         m_tool->open("go");
         m_tool->open("go");
         WAIT_FOR(first.outcome().isSettled() && second.outcome().isSettled());
-    }
-
-    void aFileThatIsHalfMadeAtAnOrderlyEndIsRemoved()
-    {
-        m_tool->setScript("echo half > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          + m_tool->gate("never"));
-        const Download download(*m_service);
-        WAIT_FOR(QFile::exists(m_tool->file(u"a.mp3"_s)));
-        m_service->endProcesses();
-        QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
-        QVERIFY(download.outcome().isSettled());
-    }
-
-    void aFileThatIsWholeAtAnOrderlyEndStays()
-    {
-        m_tool->setScript("echo whole > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          "echo 'Deleting original file x'\necho '[Merger] x'\n"
-                          + m_tool->gate("never"));
-        const Download download(*m_service);
-        WAIT_FOR(!download.reports().isEmpty());
-        m_service->endProcesses();
-        QVERIFY(QFile::exists(m_tool->file(u"a.mp3"_s)));
-    }
-
-    void aFileThatAFailedExtractionLeftIsRemoved()
-    {
-        m_tool->setScript("echo half > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          "echo 'No space left on device' >&2; exit 1");
-        const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
-        QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
-        QCOMPARE(download.outcome().error(), u"Download failed: No space left on device\n"_s);
-    }
-
-    void aToolThatIsKilledTakesItsChildAndTheHalfMadeFileAlong()
-    {
-        m_tool->setScript("echo half > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          "sh -c 'while :; do sleep 0.05; done' &\n"
-                          "echo $! > \"$DIR/child\"\nkill -9 $$");
-        const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
-        QVERIFY(!isAlive(contentOf(m_tool->file(u"child"_s)).trimmed().toLongLong()));
-        QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
 private:
