@@ -17,7 +17,8 @@ void DesktopFileViewer::select(const QString &path)
 
 void DesktopFileViewer::openFolder(const QString &path)
 {
-    call(QStringLiteral("ShowFolders"), path, path);
+    if (QFileInfo(path).isDir())
+        call(QStringLiteral("ShowFolders"), path, path);
 }
 
 void DesktopFileViewer::call(const QString &method, const QString &path,
@@ -32,7 +33,8 @@ void DesktopFileViewer::call(const QString &method, const QString &path,
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, fallbackFolder] {
         watcher->deleteLater();
-        if (QDBusPendingReply<>(*watcher).isError())
+        // A file would be opened by whatever program it names.
+        if (QDBusPendingReply<>(*watcher).isError() && QFileInfo(fallbackFolder).isDir())
             QDesktopServices::openUrl(QUrl::fromLocalFile(fallbackFolder));
     });
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MprisAdaptors.h"
 
+#include <QUrl>
+
 #include <algorithm>
 #include <cmath>
 
@@ -11,6 +13,13 @@ constexpr double unitsPerSecond = 1e6; // the interface counts microseconds
 qlonglong unitsOf(double seconds)
 {
     return std::llround(seconds * unitsPerSecond);
+}
+
+/// Who reads it may open it, whatever it is.
+bool isOfTheWeb(const QString &address)
+{
+    const QString scheme = QUrl(address).scheme();
+    return scheme == u"http" || scheme == u"https";
 }
 
 } // namespace
@@ -60,9 +69,9 @@ QVariantMap MprisPlayer::metadata() const
         metadata[QStringLiteral("mpris:length")] = unitsOf(shown.duration);
     if (!shown.artist.isEmpty())
         metadata[QStringLiteral("xesam:artist")] = QStringList{shown.artist};
-    if (!shown.artAddress.isEmpty())
+    if (isOfTheWeb(shown.artAddress))
         metadata[QStringLiteral("mpris:artUrl")] = shown.artAddress;
-    if (!shown.address.isEmpty())
+    if (isOfTheWeb(shown.address))
         metadata[QStringLiteral("xesam:url")] = shown.address;
     return metadata;
 }
@@ -74,7 +83,8 @@ double MprisPlayer::volume() const
 
 void MprisPlayer::setVolume(double volume)
 {
-    Q_EMIT m_control.volumeRequested(volume);
+    if (std::isfinite(volume)) // bounds do not hold what is no number
+        Q_EMIT m_control.volumeRequested(volume);
 }
 
 qlonglong MprisPlayer::position() const

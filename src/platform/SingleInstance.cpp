@@ -2,32 +2,61 @@
 #include "SingleInstance.h"
 
 #include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
 #include <QLocalSocket>
-#include <QStandardPaths>
+
+#include <unistd.h>
 
 namespace {
 
 constexpr int answerTimeout = 1000; // ms
 constexpr int endTimeout = 5000;    // ms; longer than an orderly end takes
 
-QString runtimePath(const QString &preferencesFolder)
+QString nameFor(const QString &preferencesFolder)
 {
     const QByteArray key =
         QCryptographicHash::hash(preferencesFolder.toUtf8(), QCryptographicHash::Sha1)
             .toHex()
             .left(12);
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)
-        + QStringLiteral("/quillon-%1").arg(QString::fromLatin1(key));
+    return QStringLiteral("/quillon-") + QString::fromLatin1(key);
+}
+
+/// Where nobody else can put anything: the session's folder, if there is one as it should
+/// be, else that of the preferences.
+QString safeFolder(const QString &preferencesFolder)
+{
+    QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    constexpr auto others =
+        QFile::WriteGroup | QFile::ReadGroup | QFile::WriteOther | QFile::ReadOther;
+    const QFileInfo folder(session);
+    const bool isSafe = folder.isAbsolute() && folder.isDir() && folder.ownerId() == getuid()
+        && !(folder.permissions() & others) && folder.isWritable();
+    if (isSafe)
+        return session;
+    QDir().mkpath(preferencesFolder);
+    return preferencesFolder;
 }
 
 } // namespace
 
 SingleInstance::SingleInstance(const QString &preferencesFolder)
-    : m_socketName(runtimePath(preferencesFolder) + QStringLiteral(".socket"))
-    , m_lock(runtimePath(preferencesFolder) + QStringLiteral(".lock"))
+    : SingleInstance(preferencesFolder, safeFolder(preferencesFolder) + nameFor(preferencesFolder))
+{
+}
+
+SingleInstance::SingleInstance(const QString &preferencesFolder, const QString &path)
+    : m_socketName(path + QStringLiteral(".socket"))
+    , m_lock(path + QStringLiteral(".lock"))
 {
     m_lock.setStaleLockTime(0); // held as long as its process lives
-    m_isFirst = m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError;
+    m_isFirst = m_lock.tryLock();
+    if (!m_isFirst && m_lock.error() != QLockFile::LockFailedError) {
+        // Who cannot write there cannot spoil the preferences of another one either.
+        qWarning("Quillon cannot tell whether another one runs: %s cannot be written",
+                 qUtf8Printable(preferencesFolder));
+        m_isFirst = true;
+    }
     if (!m_isFirst) {
         QLocalSocket running;
         running.connectToServer(m_socketName);

@@ -26,6 +26,8 @@ Q_SIGNALS:
     void activationRequested();
 
 private:
+    SingleInstance(const QString &preferencesFolder, const QString &path);
+
     QString m_socketName;
     QLockFile m_lock;
     QLocalServer m_server;

@@ -109,6 +109,20 @@ private Q_SLOTS:
             QCOMPARE(QDir::cleanPath(opened.toLocalFile()), folder.path());
     }
 
+    void whatIsNoFolderIsNeverOpened()
+    {
+        const QTemporaryDir folder;
+        const QString page = folder.filePath(u"payload.html"_s);
+        writeFile(page, "<script>");
+        DesktopFileViewer viewer;
+        viewer.openFolder(page); // of a forged ".../payload.html/x"
+        viewer.select(page + u"/x"_s);
+        viewer.select(folder.path()); // is opened behind these
+        WAIT_FOR(!m_opened.isEmpty());
+        QCOMPARE(m_opened.size(), 1);
+        QCOMPARE(QDir::cleanPath(m_opened.first().toLocalFile()), folder.path());
+    }
+
 public Q_SLOTS:
     void takeOpened(const QUrl &url) { m_opened.append(url); }
 

@@ -89,6 +89,28 @@ private Q_SLOTS:
         QCOMPARE(playerProperty(u"CanGoNext"_s), false); // it is not among the results
     }
 
+    void onlyAddressesOfTheWebArePassedOn()
+    {
+        SearchResult odd;
+        odd.id = u"x"_s;
+        odd.videoURL = u"ftp://example.org/x"_s;
+        odd.thumbnailURL = u"file:///dev/zero"_s;
+        state().playBrowseResult(odd);
+        WAIT_FOR(!state().isLoadingStream());
+        const auto metadata = qdbus_cast<QVariantMap>(playerProperty(u"Metadata"_s));
+        QCOMPARE(metadata.keys(), QStringList({u"mpris:trackid"_s, u"xesam:title"_s}));
+    }
+
+    void aVolumeThatIsNoNumberIsIgnored()
+    {
+        play(u"a"_s);
+        const double before = state().avPlayer.volume();
+        for (const double odd : {qQNaN(), qInf()})
+            call(u"org.freedesktop.DBus.Properties"_s, u"Set"_s,
+                 {playerInterface, u"Volume"_s, QVariant::fromValue(QDBusVariant(odd))});
+        QCOMPARE(state().avPlayer.volume(), before);
+    }
+
     void changesAreToldAndThePositionIsAskedFor()
     {
         play(u"a"_s);
