@@ -22,6 +22,7 @@ namespace {
 // for every quotation mark, takes twice as long to read back as compressed.
 const QString textMember = QStringLiteral("utf8");
 const QString compressedMember = QStringLiteral("compressed");
+constexpr QFile::Permissions ownerAlone = QFile::ReadOwner | QFile::WriteOwner;
 constexpr qsizetype longestText = qsizetype{64} * 1024;
 
 QJsonValue blobValue(const QByteArray &blob)
@@ -160,6 +161,7 @@ void Preferences::load()
     QFile file(m_path);
     if (!file.exists())
         return;
+    file.setPermissions(ownerAlone); // an earlier release, or whoever wrote it, may not have
     const QJsonDocument document =
         file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()) : QJsonDocument();
     m_isDamaged = !document.isObject();
@@ -216,6 +218,8 @@ void Preferences::write()
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly))
         return;
+    // What somebody watches and where is nobody else's business.
+    file.setPermissions(ownerAlone);
     file.write(QJsonDocument(values).toJson());
     file.commit();
 }

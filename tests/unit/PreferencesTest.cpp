@@ -45,6 +45,25 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_path));
     }
 
+    void onlyTheOwnerMayReadThem()
+    {
+        constexpr auto owner =
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+        {
+            Preferences preferences(m_path);
+            preferences.setString(u"a"_s, u"b"_s);
+            preferences.flush();
+            QCOMPARE(QFile::permissions(m_path), owner);
+        }
+        QFile::setPermissions(m_path, owner | QFile::ReadOther | QFile::ReadGroup);
+        Preferences preferences(m_path);
+        QCOMPARE(QFile::permissions(m_path), owner); // also what an earlier release wrote
+        QFile::setPermissions(m_path, owner | QFile::ReadOther | QFile::ReadGroup);
+        preferences.setString(u"a"_s, u"c"_s);
+        preferences.flush();
+        QCOMPARE(QFile::permissions(m_path), owner);
+    }
+
     void everyKindComesBackAsItWas()
     {
         {
