@@ -3,6 +3,7 @@
 """Takes the figures of docs/performance.md, each beside what it is compared with.
 
 Works on a virtual display, with the benchmark build, and prints one line a figure.
+"tool RELEASE" takes a release of yt-dlp, in its zip form, and needs no build.
 """
 
 import os
@@ -31,17 +32,23 @@ FRAMES = {"QT_LOGGING_RULES": "qt.scenegraph.time.renderloop=true",
           "QT_MESSAGE_PATTERN": "%{time hhmmss.zzz} %{message}"}
 
 
-def watch(desktop: Desktop, program: pathlib.Path):
+def watch(desktop: Desktop, program: pathlib.Path, *arguments: str):
     """The program with a line on standard error for each frame."""
     log = tempfile.NamedTemporaryFile(mode="r+", prefix="quillon-frames-")
     desktop.environment |= FRAMES
-    process = desktop.start(str(program), stderr=log.fileno())
+    process = desktop.start(str(program), *arguments, stderr=log.fileno())
     return process, pathlib.Path(log.name), log
 
 
 def frames(log: pathlib.Path) -> list[float]:
     return [float(found[1]) for line in log.read_text(errors="replace").splitlines()
             if (found := re.match(r"\s*([\d.]+) .*frame rendered", line, re.I))]
+
+
+def pictures(desktop: Desktop) -> list[str]:
+    """What lets the program show those of the local video site."""
+    site = (desktop.home / ".config/quillon-site").read_text()
+    return ["--local-pictures", site.removeprefix("http://")]
 
 
 def start_of(desktop: Desktop, program: pathlib.Path) -> tuple[float, float]:
@@ -72,7 +79,7 @@ def processor_time(pid: int) -> float:
 
 
 def start_slow_download(desktop: Desktop):
-    process, _path, log = watch(desktop, QUILLON)
+    process, _path, log = watch(desktop, QUILLON, *pictures(desktop))
     window = wait_until(lambda: desktop.window("Quillon"), "the window")
     time.sleep(1)
     desktop.type(WATCH + "slow")
@@ -109,7 +116,7 @@ def entering(times: list[float]) -> float:
 
 def measure_card(desktop: Desktop) -> None:
     """From the end of the tool to the first frame of the card."""
-    process, path, log = watch(desktop, QUILLON)
+    process, path, log = watch(desktop, QUILLON, *pictures(desktop))
     with log:
         wait_until(lambda: desktop.window("Quillon"), "the window")
         time.sleep(1)
@@ -254,7 +261,39 @@ def measure_player(desktop: Desktop, renderer: str, site: str, media: pathlib.Pa
                   f"{float(ours[0]) / share:.2f}, {float(ours[1]) / memory:.2f}", flush=True)
 
 
+def cost(desktop: Desktop, *command: str) -> tuple[float, float]:
+    """Seconds until the command has ended, and of processor time."""
+    began = time.monotonic()
+    process = subprocess.Popen(command, env=desktop.environment | {"PATH": "/usr/bin:/bin"}, stdin=subprocess.DEVNULL,
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    _pid, _status, usage = os.wait4(process.pid, 0)
+    return time.monotonic() - began, usage.ru_utime + usage.ru_stime
+
+
+def measure_tool(desktop: Desktop, release: str) -> None:
+    """The packaged tool, a release of it, and what the program installs of that release."""
+    installed = str(desktop.home / "yt-dlp")
+    subprocess.run(["/usr/bin/python3", "-I", str(ROOT / "src/tool/pack_tool.py"), release, installed,
+                    "mark"], check=True, stdout=subprocess.DEVNULL)
+    os.chmod(installed, 0o755)
+    forms = {"packaged": "/usr/bin/yt-dlp", "as released": release, "installed": installed}
+    for what, arguments in (("start", ["--version"]),
+                            ("refused fetch", ["--dump-json", "--quiet", WATCH + "private"])):
+        rounds = [{name: cost(desktop, tool, *arguments) for name, tool in forms.items()}
+                  for _ in range(STARTS)]
+        base = [statistics.median(each["packaged"][index] for each in rounds) for index in (0, 1)]
+        for name in forms:
+            ours = [statistics.median(each[name][index] for each in rounds) for index in (0, 1)]
+            print(f"tool, {what}, {name}: {ours[0]:.3f} s, {ours[1]:.3f} s of a processor; "
+                  f"ratios {ours[0] / base[0]:.2f}, {ours[1] / base[1]:.2f}", flush=True)
+
+
 def main() -> None:
+    if sys.argv[1:2] == ["tool"]:
+        with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-"))) as desktop:
+            start_site(desktop, ROOT / "build/site-media")
+            measure_tool(desktop, sys.argv[2])
+        return
     chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser", "lists", "queue", "run",
                                 "player", "picture", "idle"}
     with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-"))) as desktop:

@@ -9,6 +9,7 @@ import pathlib
 import shutil
 import subprocess
 import sys
+import urllib.parse
 
 from desktop import Desktop, wait_until
 from scenarios import WATCH
@@ -72,18 +73,29 @@ def keep_results(desktop: Desktop, window: str, record: dict, folder: pathlib.Pa
     return [video, probe, history, picture]
 
 
+def claim(folder: pathlib.Path) -> None:
+    """Makes the folder ours; one that is there and not ours, or only a link, is refused."""
+    mark = folder / ".quillon-demonstration"
+    if folder.is_symlink() or (folder.exists() and not mark.is_file()):
+        sys.exit(f"{folder} is there already and was not made by this demonstration")
+    folder.mkdir(parents=True, exist_ok=True)
+    mark.touch()
+
+
 def main() -> None:
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--program", type=pathlib.Path, required=True)
     parser.add_argument("--into", type=pathlib.Path, required=True, help="where the results go")
     arguments = parser.parse_args()
+    claim(arguments.into)
     shutil.rmtree(arguments.into / "home", ignore_errors=True)
     display = os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY")
     with Desktop(arguments.into / "home", display=display) as desktop:
         print("Starting the local video site; its films are made at the first start", flush=True)
-        start_site(desktop, pathlib.Path("build/site-media"))
+        site = start_site(desktop, pathlib.Path("build/site-media"))
         ask_nothing_about_the_tool(desktop)
-        program = desktop.start(str(arguments.program))
+        program = desktop.start(str(arguments.program), "--local-pictures",
+                                urllib.parse.urlsplit(site).netloc)
         if display:
             print(f"Quillon is open. Paste {WATCH}boat into it; "
                   f"downloads go to {desktop.home}/Downloads", flush=True)

@@ -63,7 +63,7 @@ void drawIcon()
 
 } // namespace
 
-int runProgram(int argc, char *argv[], const ReleaseSource &source)
+int runProgram(int argc, char *argv[], const ProgramSetup &setup)
 {
     QGuiApplication::setApplicationName(QStringLiteral("quillon"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillon"));
@@ -86,12 +86,12 @@ int runProgram(int argc, char *argv[], const ReleaseSource &source)
     const MediaSession mediaSession(app.state(), mediaControl, sleepInhibitor);
 
     ToolKeeper::Parts toolParts = ToolKeeper::Parts::standard();
-    toolParts.source = source;
+    toolParts.source = setup.releases;
     ToolKeeper toolKeeper(app.state(), preferences, toolParts);
     ToolModel toolModel(toolKeeper);
     NoticeModel notices(toolKeeper);
 
-    const MainWindow mainWindow(app, appearance, new ThumbnailProvider,
+    const MainWindow mainWindow(app, appearance, new ThumbnailProvider(setup.pictures),
                                 {.notices = &notices, .tool = &toolModel});
     if (!mainWindow.window()) {
         qCritical("Quillon's window could not be made; its files are incomplete.\n%s",

@@ -33,6 +33,9 @@ inline constexpr MpvOption mpvOptions[] = {
     {"demuxer-max-back-bytes", "8MiB"},
     {"demuxer-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto,data]"},
     {"stream-lavf-o", "protocol_whitelist=[http,https,tcp,tls,crypto]"},
+    // A little more than 8K. A stream may claim any size, and each picture of 12,000 by
+    // 12,000 would take more than a gigabyte.
+    {"vd-lavc-o", "max_pixels=40000000"},
     // Without the last one a machine without sound plays nothing at all.
     {"ao", "pipewire,pulse,alsa,null"},
     // What has ended stays to be seen.

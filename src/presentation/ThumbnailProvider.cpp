@@ -14,8 +14,8 @@ constexpr qsizetype cacheBytes = 32LL * 1024 * 1024;
 
 } // namespace
 
-ThumbnailProvider::ThumbnailProvider(std::chrono::milliseconds patience)
-    : m_patience(patience)
+ThumbnailProvider::ThumbnailProvider(PictureSource source)
+    : m_source(std::move(source))
     , m_cache(std::make_shared<ThumbnailCache>(cacheBytes))
 {
 }
@@ -29,17 +29,15 @@ QQuickImageResponse *ThumbnailProvider::requestImageResponse(const QString &id,
     // Images are asked for on a loading thread; the network lives on the main one.
     response->moveToThread(QCoreApplication::instance()->thread());
     QMetaObject::invokeMethod(
-        response, [this, response, url] { response->load(network(), url, m_patience); },
+        response, [this, response, url] { response->load(network(), url, m_source); },
         Qt::QueuedConnection);
     return response;
 }
 
 QNetworkAccessManager &ThumbnailProvider::network()
 {
-    if (!m_network) {
+    if (!m_network)
         m_network.emplace();
-        m_network->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
-    }
     return *m_network;
 }
 

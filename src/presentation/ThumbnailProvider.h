@@ -1,25 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "PictureSource.h"
 #include "ThumbnailCache.h"
 
 #include <QNetworkAccessManager>
 #include <QQuickAsyncImageProvider>
 
-#include <chrono>
 #include <memory>
 #include <optional>
 
 /// Pictures from the network for image://thumbnail/<radius>/<address>, the radius
 /// in device pixels and the address in base 64; cropped to the size asked for,
-/// with rounded corners painted in. Only http and https, only the formats of
-/// video sites, and only what a thumbnail may reasonably weigh and take;
+/// with rounded corners painted in. Only from where a picture may come from, only the
+/// formats of video sites, and only what a thumbnail may reasonably weigh and take;
 /// everything else fails.
 class ThumbnailProvider : public QQuickAsyncImageProvider
 {
 public:
-    /// The time is for one picture, from being asked for to being there.
-    explicit ThumbnailProvider(std::chrono::milliseconds patience = std::chrono::seconds(30));
+    explicit ThumbnailProvider(PictureSource source = {});
 
     QQuickImageResponse *requestImageResponse(const QString &id,
                                               const QSize &requestedSize) override;
@@ -29,7 +28,7 @@ private:
 
     // Made with the first picture, since that takes its time. Main thread.
     std::optional<QNetworkAccessManager> m_network;
-    std::chrono::milliseconds m_patience;
+    const PictureSource m_source;
     std::shared_ptr<ThumbnailCache> m_cache;
 };
 

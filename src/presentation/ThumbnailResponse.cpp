@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ThumbnailResponse.h"
 
+#include "PictureBounds.h"
 #include "ThumbnailProvider.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QNetworkAccessManager>
 #include <QThreadPool>
 #include <QTimer>
@@ -13,38 +12,9 @@
 
 namespace {
 
-// Twice what the largest thumbnails of video sites weigh; and a little more than
-// their largest pictures have. A server that wants more gets the placeholder.
+// Twice what the largest thumbnails of video sites weigh. A server that wants to send
+// more gets the placeholder.
 constexpr qint64 largestThumbnail = 8LL * 1024 * 1024;
-constexpr qint64 mostPixels = 40'000'000;
-// How often the size shown a picture may be as wide or as high, filling it.
-constexpr int largestExcess = 8;
-
-// What video sites send. Others, whatever Qt could read, are not worth trusting.
-bool isTrusted(const QByteArray &format)
-{
-    return format == "jpeg" || format == "png" || format == "webp" || format == "gif";
-}
-
-QImage decoded(const QByteArray &bytes, QSize size)
-{
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    if (!reader.canRead() || !isTrusted(reader.format()))
-        return {};
-    const QSize original = reader.size();
-    if (original.isEmpty() || qint64(original.width()) * original.height() > mostPixels)
-        return {};
-    // A long thin strip, filling the size, would be huge.
-    const QSize scaled = original.scaled(size, Qt::KeepAspectRatioByExpanding);
-    if (scaled.width() > largestExcess * size.width()
-        || scaled.height() > largestExcess * size.height())
-        return {};
-    reader.setScaledSize(scaled);
-    return reader.read();
-}
 
 } // namespace
 
@@ -63,10 +33,9 @@ ThumbnailResponse::~ThumbnailResponse()
 }
 
 void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
-                             std::chrono::milliseconds patience)
+                             const PictureSource &source)
 {
-    if (!url.isValid() || url.host().isEmpty()
-        || (url.scheme() != u"http" && url.scheme() != u"https") || m_size.isEmpty()) {
+    if (!source.isAllowed(url) || m_size.isEmpty()) {
         fail(QStringLiteral("Not an address of a picture"));
         return;
     }
@@ -75,8 +44,19 @@ void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
         decodeElsewhere(known);
         return;
     }
-    m_reply = network.get(QNetworkRequest(url));
-    QTimer::singleShot(patience, m_reply, &QNetworkReply::abort);
+    QNetworkRequest request(url);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::UserVerifiedRedirectPolicy);
+    request.setRawHeader("Accept-Encoding", "identity"); // so that its size is its size
+    m_reply = network.get(request);
+    QTimer::singleShot(source.patience, m_reply, &QNetworkReply::abort);
+    connect(m_reply, &QNetworkReply::redirected, this, [this, url, source](const QUrl &target) {
+        const bool isLessSafe = url.scheme() == u"https" && target.scheme() != u"https";
+        if (source.isAllowed(target) && !isLessSafe)
+            Q_EMIT m_reply->redirectAllowed();
+        else
+            m_reply->abort();
+    });
     connect(m_reply, &QNetworkReply::downloadProgress, this, [this](qint64 received, qint64 total) {
         if (std::max(received, total) > largestThumbnail)
             m_reply->abort();
@@ -116,7 +96,7 @@ void ThumbnailResponse::decodeElsewhere(const QByteArray &bytes)
 
 void ThumbnailResponse::decode(const QByteArray &bytes)
 {
-    const QImage picture = decoded(bytes, m_size);
+    const QImage picture = boundedPicture(bytes, m_size);
     if (picture.isNull()) {
         fail(QStringLiteral("Not a picture"));
         return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "PictureSource.h"
 #include "ThumbnailCache.h"
 
 #include <QImage>
@@ -8,7 +9,6 @@
 #include <QPointer>
 #include <QQuickImageResponse>
 
-#include <chrono>
 #include <memory>
 
 class QNetworkAccessManager;
@@ -23,7 +23,7 @@ public:
     ThumbnailResponse(QSize size, double radius, std::shared_ptr<ThumbnailCache> cache);
     ~ThumbnailResponse() override;
 
-    void load(QNetworkAccessManager &network, const QUrl &url, std::chrono::milliseconds patience);
+    void load(QNetworkAccessManager &network, const QUrl &url, const PictureSource &source);
 
     [[nodiscard]] QQuickTextureFactory *textureFactory() const override;
     [[nodiscard]] QString errorString() const override { return m_error; }

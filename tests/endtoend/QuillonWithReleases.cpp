@@ -4,16 +4,17 @@
 #include <QFile>
 
 /// Quillon as it is, but with releases of the tool from a server of the test's own:
-///     QuillonWithReleases ADDRESS KEY-FILE
+///     QuillonWithReleases ADDRESS KEY-FILE --local-pictures HOST:PORT
 int main(int argc, char *argv[])
 {
-    if (argc != 3)
+    if (argc != 5)
         return 2;
-    ReleaseSource source = ReleaseSource::official();
+    ProgramSetup setup;
     QFile key(QFile::decodeName(argv[2]));
     if (!key.open(QIODevice::ReadOnly))
         return 2;
-    source.folder = QUrl(QString::fromLocal8Bit(argv[1]));
-    source.key = key.readAll();
-    return runProgram(1, argv, source);
+    setup.releases.folder = QUrl(QString::fromLocal8Bit(argv[1]));
+    setup.releases.key = key.readAll();
+    setup.pictures.exception = QString::fromLocal8Bit(argv[4]);
+    return runProgram(1, argv, setup);
 }

@@ -10,6 +10,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import urllib.parse
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "demo"))
@@ -64,7 +65,8 @@ class Person:
         site = self.desktop.start(sys.executable, str(ROOT / "demo/site.py"), "--home",
                                   str(self.desktop.home), "--media", str(MEDIA),
                                   stdout=subprocess.PIPE)
-        site.stdout.readline()
+        place = urllib.parse.urlsplit(site.stdout.readline().decode().strip()).netloc
+        self.command += ["--local-pictures", place]
         self.desktop_services = self.desktop.start(
             sys.executable, str(ROOT / "tests/endtoend/services.py"),
             str(self.folder / "services"), stderr=None)

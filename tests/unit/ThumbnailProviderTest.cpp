@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ThumbnailProvider.h"
+#include "PictureServer.h"
 #include "StateFixture.h"
 
 #include <QBuffer>
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using Server = PictureServer;
 
 namespace {
 
@@ -25,71 +24,6 @@ QImage picture(int width = 320, int height = 180)
     image.fill(Qt::darkCyan);
     return image;
 }
-
-/// Says the same to everyone who asks, and counts them. Whoever is told more than
-/// goes through the line gets it bit by bit.
-class Server : public QTcpServer
-{
-public:
-    Server()
-    {
-        connect(this, &QTcpServer::newConnection, this, [this] {
-            QTcpSocket *const socket = nextPendingConnection();
-            connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
-                if (!socket->readAll().contains("\r\n\r\n"))
-                    return;
-                ++asked;
-                socket->write(answer);
-                if (closes)
-                    socket->disconnectFromHost();
-                else if (floods)
-                    flood(socket);
-                else if (drips)
-                    drip(socket);
-            });
-            connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] {
-                if (floods)
-                    flood(socket);
-            });
-            connect(socket, &QTcpSocket::disconnected, this, [this] { ++left; });
-        });
-        listen(QHostAddress::LocalHost);
-    }
-
-    static void drip(QTcpSocket *socket)
-    {
-        auto *const timer = new QTimer(socket);
-        connect(timer, &QTimer::timeout, socket, [socket] { socket->write("x"); });
-        timer->start(20ms);
-    }
-
-    void flood(QTcpSocket *socket)
-    {
-        while (sent < 200 << 20 && socket->bytesToWrite() < 1 << 20) {
-            socket->write(QByteArray(1 << 16, 'x'));
-            sent += 1 << 16;
-        }
-    }
-
-    void serve(const QByteArray &body, const QByteArray &type = "image/png")
-    {
-        answer = "HTTP/1.1 200 OK\r\nContent-Type: " + type
-            + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body;
-    }
-
-    [[nodiscard]] QString address(const QString &path = u"a.png"_s) const
-    {
-        return u"http://127.0.0.1:%1/%2"_s.arg(serverPort()).arg(path);
-    }
-
-    QByteArray answer;
-    bool closes = false;
-    bool floods = false;
-    bool drips = false;
-    qint64 sent = 0;
-    int asked = 0;
-    int left = 0;
-};
 
 /// One picture asked for, and what became of it.
 struct Request
@@ -133,7 +67,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, format);
         Server server;
         server.serve(encoded(picture(), format.constData()));
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QCOMPARE(request.response->errorString(), QString());
@@ -146,7 +80,7 @@ private Q_SLOTS:
     {
         Server server;
         server.serve(encoded(picture(), "png"));
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request first(provider, server.address());
         WAIT_FOR(first.hasFinished);
         Request again(provider, server.address());
@@ -173,7 +107,7 @@ private Q_SLOTS:
     void aServerThatHangsIsGivenUp()
     {
         Server server; // says nothing
-        ThumbnailProvider provider(50ms);
+        ThumbnailProvider provider(server.source(50ms));
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QVERIFY(!request.response->errorString().isEmpty());
@@ -185,7 +119,7 @@ private Q_SLOTS:
         Server server;
         server.answer = "HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n";
         server.drips = true;
-        ThumbnailProvider provider(300ms);
+        ThumbnailProvider provider(server.source(300ms));
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QVERIFY(!request.response->errorString().isEmpty());
@@ -197,7 +131,7 @@ private Q_SLOTS:
         server.serve(encoded(picture(), "png"));
         server.answer.chop(20);
         server.closes = true;
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QVERIFY(!request.response->errorString().isEmpty());
@@ -219,7 +153,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, body);
         Server server;
         server.serve(body);
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QVERIFY(!request.response->errorString().isEmpty());
@@ -230,7 +164,7 @@ private Q_SLOTS:
     {
         Server server;
         server.serve(encoded(picture(), "jpg"), "text/html");
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QCOMPARE(request.image().size(), QSize(160, 90));
@@ -249,7 +183,7 @@ private Q_SLOTS:
         Server server;
         server.answer = "HTTP/1.1 200 OK\r\n" + header + "\r\n";
         server.floods = true;
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QVERIFY(!request.response->errorString().isEmpty());
@@ -272,7 +206,7 @@ private Q_SLOTS:
         vast.fill(1);
         Server server;
         server.serve(encoded(vast, "png"));
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
         QCOMPARE(request.response->errorString(), u"Not a picture"_s);
@@ -281,7 +215,7 @@ private Q_SLOTS:
     void aRequestThatIsNoLongerWantedIsDropped()
     {
         Server server; // says nothing
-        ThumbnailProvider provider;
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(server.asked == 1);
         request.response->cancel();
@@ -311,15 +245,41 @@ private Q_SLOTS:
         QCOMPARE(request.response->errorString(), u"Not an address of a picture"_s);
     }
 
-    void aRedirectionAwayFromTheWebIsNotFollowed()
+    void aRedirectionAwayFromTheWebIsNotFollowed() { QVERIFY(!follows("file:///etc/hostname")); }
+
+    void aRedirectionToTheLocalNetworkIsNotFollowed()
+    {
+        Server other;
+        other.serve(encoded(picture(), "png"));
+        QVERIFY(!follows(other.address().toUtf8()));
+        QCOMPARE(other.asked, 0);
+    }
+
+    void aRedirectionThatIsAllowedIsFollowed()
     {
         Server server;
-        server.answer = "HTTP/1.1 302 Found\r\nLocation: file:///etc/hostname\r\n"
-                        "Content-Length: 0\r\n\r\n";
-        ThumbnailProvider provider;
+        server.serve(encoded(picture(), "png"));
+        server.next = std::exchange(server.answer, redirection("/b.png"));
+        ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
         WAIT_FOR(request.hasFinished);
-        QVERIFY(!request.response->errorString().isEmpty());
+        QCOMPARE(request.response->errorString(), QString());
+        QCOMPARE(server.asked, 2);
+    }
+
+private:
+    static QByteArray redirection(const QByteArray &target)
+    {
+        return "HTTP/1.1 302 Found\r\nLocation: " + target + "\r\nContent-Length: 0\r\n\r\n";
+    }
+    static bool follows(const QByteArray &target)
+    {
+        Server server;
+        server.answer = redirection(target);
+        ThumbnailProvider provider(server.source());
+        Request request(provider, server.address());
+        return !QTest::qWaitFor([&] { return request.hasFinished; }, 30000)
+            || request.response->errorString().isEmpty();
     }
 };
 
