@@ -4,6 +4,7 @@
 import contextlib
 import os
 import pathlib
+import secrets
 import shutil
 import subprocess
 import tempfile
@@ -63,13 +64,25 @@ class Desktop(contextlib.ExitStack):
             process.wait()
 
     def _start_display(self, size: str) -> str:
+        """A display for those alone who know its cookie."""
+        cookies = self.home.parent / f".{self.home.name}-cookies"
+        cookie = secrets.token_hex(16)
+        self.environment["XAUTHORITY"] = str(cookies)
+        self.callback(cookies.unlink, missing_ok=True)
+
+        def admit(display: str) -> None:
+            self.run("xauth", "-q", "-f", str(cookies), "add", display, ".", cookie)
+
+        admit(":0")  # the display looks at the cookie alone
         read, write = os.pipe()
         # Left by its last visitor it would end who is just coming.
         self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{size}x24", "-noreset",
-                   "-nolisten", "tcp", pass_fds=[write])
+                   "-nolisten", "tcp", "-auth", str(cookies), pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as number:
-            return ":" + number.readline().strip()
+            display = ":" + number.readline().strip()
+        admit(display)
+        return display
 
     def _start_window_manager(self) -> None:
         self.start("openbox")
