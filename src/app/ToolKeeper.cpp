@@ -31,14 +31,12 @@ ToolKeeper::ToolKeeper(AppState &state, Preferences &preferences, Parts parts)
     , m_mailbox(std::make_shared<Mailbox>())
     , m_delivery(m_mailbox->open())
 {
-    connect(&state, &AppState::operationStarted, this, [this] {
-        look();
-        if (m_phase == UpdatePhase::ready)
-            closeUpdate();
-    });
+    connect(&state, &AppState::operationStarted, this, &ToolKeeper::look);
     connect(&state, &AppState::operationFailed, this,
             [this](const QString &description, bool wasLaunched) {
-                if (!wasLaunched && m_judge)
+                // The tool's file may be as it was when the Python that runs it is not.
+                if (m_judge
+                    && (!wasLaunched || description.contains(u"python", Qt::CaseInsensitive)))
                     m_judge->lookAgain();
                 suspectAge(description);
             });
@@ -46,10 +44,15 @@ ToolKeeper::ToolKeeper(AppState &state, Preferences &preferences, Parts parts)
     connect(&state, &AppState::showSettingsChanged, this, &ToolKeeper::look);
     // What can be repeated changes with these.
     for (const auto signal :
-         {&AppState::modeChanged, &AppState::singleURLChanged, &AppState::fetchErrorChanged,
+         {&AppState::modeChanged, &AppState::isFetchingChanged, &AppState::isBrowseSearchingChanged,
+          &AppState::singleURLChanged, &AppState::fetchErrorChanged,
           &AppState::browseSearchQueryChanged, &AppState::browseSearchErrorChanged,
           &AppState::nowPlayingChanged, &AppState::playerErrorChanged})
         connect(&state, signal, this, &ToolKeeper::changed);
+    // The new tool is at work, so nobody needs to be told of it any more.
+    for (const auto signal : {&AppState::isFetchingChanged, &AppState::isBrowseSearchingChanged,
+                              &AppState::isLoadingStreamChanged})
+        connect(&state, signal, this, &ToolKeeper::closeNewsOfUpdate);
     m_daily.setTimerType(Qt::VeryCoarseTimer);
     m_daily.setInterval(lookInterval);
     connect(&m_daily, &QTimer::timeout, this, [this] { m_judge->lookAgain(); });
@@ -131,6 +134,20 @@ void ToolKeeper::closeUpdate()
         setPhase(UpdatePhase::none);
 }
 
+void ToolKeeper::remind()
+{
+    m_preferences.setString(notNowKey, QString());
+    Q_EMIT changed();
+}
+
+void ToolKeeper::closeNewsOfUpdate()
+{
+    const bool isAtWork =
+        m_state.isFetching() || m_state.isBrowseSearching() || m_state.isLoadingStream();
+    if (isAtWork && m_phase == UpdatePhase::ready)
+        closeUpdate();
+}
+
 void ToolKeeper::look()
 {
     if (m_judge)
@@ -142,6 +159,9 @@ void ToolKeeper::showReport(const ToolReport &report)
     if (!m_report || nameOf(*m_report) != nameOf(report))
         m_isHintDue = false;
     m_report = report;
+    const QString refused = m_preferences.string(notNowKey).value_or(QString());
+    if (!refused.isEmpty() && refused != nameOf(report)) // it was said of another one
+        m_preferences.setString(notNowKey, QString());
     Q_EMIT changed();
 }
 
@@ -166,6 +186,7 @@ void ToolKeeper::showOutcome(const UpdateOutcome &outcome)
         m_report->path = m_parts.places.ownPath;
         m_report->exists = true;
         m_report->version = outcome.version;
+        m_isHintDue = false;
     }
     setPhase(outcome.isSuccess()           ? UpdatePhase::ready
                  : outcome.error.isEmpty() ? UpdatePhase::none

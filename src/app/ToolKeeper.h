@@ -53,9 +53,11 @@ public:
     [[nodiscard]] bool isComplaintDue() const;
     /// Whether the user is to be told that the tool is old: something has failed that this
     /// may explain. Once for a version.
-    [[nodiscard]] bool isHintDue() const { return m_isHintDue; }
+    [[nodiscard]] bool isHintDue() const { return m_isHintDue && status() == ToolStatus::old; }
     /// Nothing more of this tool, until it is another one.
     void notNow();
+    /// Takes notNow() back.
+    void remind();
 
     [[nodiscard]] UpdatePhase updatePhase() const { return m_phase; }
     [[nodiscard]] const UpdateProgress &updateProgress() const { return m_progress; }
@@ -78,6 +80,7 @@ private:
     void suspectAge(const QString &failure);
     void showOutcome(const UpdateOutcome &outcome);
     void setPhase(UpdatePhase phase);
+    void closeNewsOfUpdate();
 
     AppState &m_state;
     Preferences &m_preferences;

@@ -24,15 +24,15 @@ NoticeModel::NoticeModel(ToolKeeper &keeper)
 
 void NoticeModel::update()
 {
-    const Kind due = kindDue();
-    if (due == m_kind) {
-        Q_EMIT changed();
-        return;
-    }
-    m_kind = due;
-    m_copied.stop();
+    const Kind before = std::exchange(m_kind, kindDue());
+    const QString titleBefore = std::exchange(m_title, titleDue());
+    if (m_kind != before)
+        m_copied.stop();
     Q_EMIT changed(); // first, so that who makes the new notice finds it whole
-    Q_EMIT kindChanged();
+    if (m_kind != before)
+        Q_EMIT kindChanged();
+    if (m_title != titleBefore)
+        Q_EMIT titleChanged();
 }
 
 NoticeModel::Kind NoticeModel::kindDue() const
@@ -52,9 +52,11 @@ NoticeModel::Kind NoticeModel::kindDue() const
     return m_keeper.isHintDue() ? Kind::oldTool : Kind::none;
 }
 
-QString NoticeModel::title() const
+QString NoticeModel::titleDue() const
 {
-    return kind() == Kind::updating ? QStringLiteral("Updating yt-dlp") : text();
+    if (kind() == Kind::updating)
+        return QStringLiteral("Updating yt-dlp");
+    return (text() + u' ' + command()).trimmed();
 }
 
 QString NoticeModel::text() const
@@ -133,7 +135,7 @@ QString NoticeModel::copyText() const
 
 QString NoticeModel::actionText() const
 {
-    const QString again = QStringLiteral("Try again");
+    QString again = QStringLiteral("Try again");
     switch (kind()) {
     case Kind::none:
     case Kind::updating:

@@ -14,7 +14,7 @@ class NoticeModel : public QObject
     Q_OBJECT
     Q_PROPERTY(Kind kind READ kind NOTIFY kindChanged)
     Q_PROPERTY(bool isShown READ isShown NOTIFY kindChanged)
-    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY titleChanged)
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
     Q_PROPERTY(QString tone READ tone NOTIFY changed)
@@ -35,7 +35,7 @@ public:
     [[nodiscard]] Kind kind() const { return m_kind; }
     [[nodiscard]] bool isShown() const { return m_kind != Kind::none; }
     /// What is said once, when the notice comes.
-    [[nodiscard]] QString title() const;
+    [[nodiscard]] QString title() const { return m_title; }
     /// What is read; with an update it tells how far that is.
     [[nodiscard]] QString text() const;
     [[nodiscard]] QString symbol() const;
@@ -57,12 +57,15 @@ public:
 Q_SIGNALS:
     void changed();
     void kindChanged();
+    void titleChanged();
 
 private:
     [[nodiscard]] Kind kindDue() const;
+    [[nodiscard]] QString titleDue() const;
     void update();
 
     ToolKeeper &m_keeper;
     Kind m_kind = Kind::none;
+    QString m_title;
     QTimer m_copied; // runs while it is told that the command has been copied
 };

@@ -35,6 +35,8 @@ QString ToolModel::path() const
 
 QString ToolModel::buttonText() const
 {
+    if (isObstructed())
+        return QStringLiteral("How to update");
     if (!m_keeper.canUpdate())
         return {};
     return m_keeper.report()->exists ? QStringLiteral("Update yt-dlp")
@@ -43,5 +45,14 @@ QString ToolModel::buttonText() const
 
 void ToolModel::update()
 {
-    m_keeper.update();
+    if (isObstructed())
+        m_keeper.remind();
+    else
+        m_keeper.update();
+}
+
+bool ToolModel::isObstructed() const
+{
+    return m_keeper.report() && m_keeper.report()->obstacle != Obstacle::none
+        && ::isUseless(m_keeper.status()) && !m_keeper.isComplaintDue();
 }

@@ -24,7 +24,8 @@ public:
     [[nodiscard]] QString meaning() const;
     [[nodiscard]] bool isUseless() const;
     [[nodiscard]] QString path() const;
-    /// Empty where an update would not help or cannot be made.
+    /// Empty where an update would not help. Where only the user can make one, it offers
+    /// the notice again that says how.
     [[nodiscard]] QString buttonText() const;
 
     Q_INVOKABLE void update();
@@ -33,5 +34,8 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// Whether the tool is of no use, Quillon may not renew it, and no notice says so.
+    [[nodiscard]] bool isObstructed() const;
+
     ToolKeeper &m_keeper;
 };

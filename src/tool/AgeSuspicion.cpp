@@ -37,7 +37,7 @@ bool ageMayExplain(const QString &failure)
         QStringLiteral("connection reset"),
         QStringLiteral("timed out"),
         QStringLiteral("certificate verify failed"),
-        QStringLiteral("proxy"),
+        QStringLiteral("unable to connect to proxy"),
         // The machine
         QStringLiteral("no space left"),
         QStringLiteral("disk quota exceeded"),
@@ -46,8 +46,10 @@ bool ageMayExplain(const QString &failure)
         QStringLiteral("read-only file system"),
         QStringLiteral("no such file or directory"),
         QStringLiteral("file name too long"),
-        QStringLiteral("ffmpeg"),
-        QStringLiteral("cookies"),
+        QStringLiteral("ffmpeg is not installed"),
+        QStringLiteral("ffmpeg not found"),
+        QStringLiteral("cookies database"),
+        QStringLiteral("failed to decrypt"),
     };
     return std::none_of(otherCauses.begin(), otherCauses.end(), [&](const QString &cause) {
         return failure.contains(cause, Qt::CaseInsensitive);

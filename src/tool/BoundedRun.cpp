@@ -53,8 +53,10 @@ ChildProcess *runBounded(ChildProcesses &processes, ChildProcess::Command comman
     return child;
 }
 
-QString lastLine(const QByteArray &text)
+QString wordsOf(const BoundedRun &run)
 {
-    const QList<QByteArray> lines = text.trimmed().split('\n');
+    if (!run.ending.launchError.isEmpty())
+        return run.ending.launchError;
+    const QList<QByteArray> lines = run.ending.standardError.trimmed().split('\n');
     return decodedText(lines.last()).simplified().left(longestLine);
 }

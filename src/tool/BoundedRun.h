@@ -28,5 +28,6 @@ ChildProcess *runBounded(ChildProcesses &processes, ChildProcess::Command comman
                          const std::function<void(const BoundedRun &)> &onEnd,
                          const ChildProcess::OutputHandler &onOutput = {});
 
-/// The last line that is not blank, short enough to be shown.
-QString lastLine(const QByteArray &text);
+/// What a failed run has to say for itself, short enough to be shown: why it could not be
+/// launched, or the last line that it wrote to standard error; may be empty.
+QString wordsOf(const BoundedRun &run);

@@ -52,14 +52,16 @@ void Download::follow(const QUrl &target)
 
 void Download::read()
 {
-    // What a refusal says is not the file.
-    if (m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= firstError)
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status >= firstError) { // whatever it goes on to say
+        end(QStringLiteral("the server answered %1").arg(status));
         return;
+    }
     const QByteArray bytes = m_reply->readAll();
     m_bytes += bytes.size();
     const auto length = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
     if (m_bytes > m_limits.mostBytes || length > m_limits.mostBytes) {
-        end(QStringLiteral("it is too large to be it"));
+        end(QStringLiteral("what came is too large to be yt-dlp"));
         return;
     }
     const double part =
@@ -77,12 +79,11 @@ void Download::finish()
 
 void Download::end(const QString &error)
 {
-    // Aborting finishes, too.
-    if (const auto onEnd = std::exchange(m_handlers.onEnd, {})) {
-        m_reply->disconnect(this);
-        m_reply->abort();
+    // What still comes goes with this object: aborted in its own signal, the reply would
+    // complain.
+    m_reply->disconnect(this);
+    if (const auto onEnd = std::exchange(m_handlers.onEnd, {}))
         onEnd(error);
-    }
 }
 
 QString Download::failure() const

@@ -44,14 +44,36 @@ int writeToDisk(const QString &path)
     return error;
 }
 
+bool isUnknown(int error)
+{
+    return error == EINVAL || error == ENOSYS; // what a file system says that cannot do it
+}
+
+int renamed(const QByteArray &from, const QByteArray &to, unsigned int how)
+{
+    return renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), how) == 0 ? 0 : errno;
+}
+
 /// 0, or the system's error: EEXIST if something is there by now.
 int renameToNothing(const QByteArray &from, const QByteArray &to)
 {
-    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
-        return 0;
-    if (errno != EINVAL && errno != ENOSYS) // file systems that know no such thing
-        return errno;
-    return rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+    const int error = renamed(from, to, RENAME_NOREPLACE);
+    if (!isUnknown(error))
+        return error;
+    return link(from.constData(), to.constData()) == 0 ? 0 : errno;
+}
+
+/// 0, or the system's error: EEXIST if what was there is, by now, not Quillon's.
+int renameOverOwn(const QByteArray &from, const QByteArray &to)
+{
+    const int error = renamed(from, to, RENAME_EXCHANGE);
+    if (isUnknown(error))
+        return renamed(from, to, 0);
+    if (error == 0 && !isOwn(QFile::decodeName(from))) {
+        renamed(from, to, RENAME_EXCHANGE);
+        return EEXIST;
+    }
+    return error;
 }
 
 } // namespace
@@ -75,8 +97,11 @@ std::optional<QString> ToolFolder::take()
 {
     if (!QDir().mkpath(m_folder))
         return QStringLiteral("The folder %1 could not be made.").arg(m_folder);
-    if (!lock())
+    const int error = lock();
+    if (error == EWOULDBLOCK)
         return QStringLiteral("Another Quillon is updating yt-dlp at this moment.");
+    if (error != 0)
+        return writingFailed(m_folder, error);
     clear(m_workFolder);
     if (mkdir(encoded(m_workFolder).constData(), forOwner) != 0)
         return writingFailed(m_folder, errno);
@@ -103,8 +128,7 @@ std::optional<QString> ToolFolder::install(const QString &finished) const
         return writingFailed(m_folder, error);
     const QByteArray from = encoded(finished);
     const QByteArray to = encoded(m_toolPath);
-    const int error = isThere ? (rename(from.constData(), to.constData()) == 0 ? 0 : errno)
-                              : renameToNothing(from, to);
+    const int error = isThere ? renameOverOwn(from, to) : renameToNothing(from, to);
     if (error == EEXIST)
         return foreign;
     if (error != 0)
@@ -121,17 +145,18 @@ void ToolFolder::clearLeftovers(const QString &toolPath)
         const bool isTaken = folder.lock();
 }
 
-bool ToolFolder::lock()
+int ToolFolder::lock()
 {
     const int descriptor = open(encoded(m_folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
-        return false;
-    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        return errno;
+    // Network file systems may not lock folders; there it goes without.
+    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         close(descriptor);
-        return false;
+        return EWOULDBLOCK;
     }
     m_descriptor = descriptor;
-    return true;
+    return 0;
 }
 
 QString writingFailed(const QString &path, int error)

@@ -34,7 +34,8 @@ public:
     static void clearLeftovers(const QString &toolPath);
 
 private:
-    [[nodiscard]] bool lock();
+    /// 0, or the system's error: EWOULDBLOCK while somebody else has it.
+    int lock();
 
     const QString m_toolPath;
     const QString m_folder;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ToolJudge.h"
 
+#include "HomeDirectory.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -33,7 +35,7 @@ bool isPythonScript(const QString &path)
         && file.readLine(256).contains("python");
 }
 
-StartFailure failureOf(const QString &path, const BoundedRun &run)
+StartFailure failureOf(const QString &path, const BoundedRun &run, bool hasPython)
 {
     const QByteArray &complaint = run.ending.standardError;
     if (run.hasRunOutOfTime)
@@ -42,7 +44,7 @@ StartFailure failureOf(const QString &path, const BoundedRun &run)
         return StartFailure::none;
     constexpr int notFound = 127; // env's and the shell's word for a missing program
     const bool isMissing = !run.ending.launchError.isEmpty() || run.ending.status == notFound;
-    if (isMissing && isPythonScript(path))
+    if (isMissing && !hasPython && isPythonScript(path))
         return StartFailure::noPython;
     if (complaint.contains("unsupported version of Python"))
         return StartFailure::oldPython;
@@ -97,9 +99,11 @@ void ToolJudge::ask(ToolReport report)
         settle(report);
         return;
     }
-    if (QFileInfo(report.path).isDir())
+    const QFileInfo file(report.path);
+    const bool isExecutable = access(QFile::encodeName(report.path).constData(), X_OK) == 0;
+    if (file.isDir())
         report.failure = StartFailure::isFolder;
-    else if (access(QFile::encodeName(report.path).constData(), X_OK) != 0)
+    else if (!file.isFile() || !isExecutable) // at a pipe, say, a reader would wait for good
         report.failure = StartFailure::notExecutable;
     if (report.failure != StartFailure::none) {
         settle(report);
@@ -109,14 +113,15 @@ void ToolJudge::ask(ToolReport report)
     runBounded(m_processes,
                {.program = report.path,
                 .arguments = {QStringLiteral("--version")},
-                .environment = m_places.environment},
+                .environment = m_places.environment,
+                .folder = toolFolder()},
                m_patience, [this, report](const BoundedRun &run) mutable {
                    m_isAsking = false;
-                   report.failure = failureOf(report.path, run);
+                   const bool hasPython =
+                       !programIn(m_places.environment, QStringLiteral("python3")).isEmpty();
+                   report.failure = failureOf(report.path, run, hasPython);
                    if (report.failure == StartFailure::other)
-                       report.failureText = run.ending.launchError.isEmpty()
-                           ? lastLine(run.ending.standardError)
-                           : run.ending.launchError;
+                       report.failureText = wordsOf(run);
                    if (run.isSuccess())
                        report.version = versionFromOutput(run.output);
                    settle(report);

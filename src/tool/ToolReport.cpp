@@ -28,27 +28,6 @@ QString failureTextOf(const ToolReport &report)
     Q_UNREACHABLE();
 }
 
-/// What has to be done elsewhere, since it cannot be done here.
-QString adviceFor(const ToolReport &report)
-{
-    switch (report.obstacle) {
-    case Obstacle::none:
-        return {};
-    case Obstacle::comesFirst:
-        return report.command.isEmpty()
-            ? QStringLiteral(" It is at %1, where Quillon changes nothing.")
-                  .arg(report.obstaclePath)
-            : QStringLiteral(" It is at %1; this renews it:").arg(report.obstaclePath);
-    case Obstacle::foreign:
-        return report.command.isEmpty()
-            ? QStringLiteral(" Quillon did not put %1 there, so it stays as it is.")
-                  .arg(report.obstaclePath)
-            : QStringLiteral(" Quillon did not put %1 there; this renews it:")
-                  .arg(report.obstaclePath);
-    }
-    Q_UNREACHABLE();
-}
-
 /// Whether what failed is not the tool but what it needs.
 bool lacksPython(const ToolReport &report)
 {
@@ -62,10 +41,11 @@ QString statementAbout(const ToolReport &report, QDate today)
         return QStringLiteral(
             "yt-dlp is not installed. Quillon needs it for everything that it does.");
     case ToolStatus::doesNotStart:
-        if (report.failure == StartFailure::isFolder)
+        if (report.failure == StartFailure::isFolder) {
             return QStringLiteral(
                        "yt-dlp cannot run: %1 is a folder, which hides every other yt-dlp.")
                 .arg(report.path);
+        }
         if (lacksPython(report))
             return QStringLiteral("yt-dlp does not start: it needs Python 3.10 or newer.");
         return QStringLiteral("yt-dlp does not start: %1.").arg(failureTextOf(report));
@@ -133,7 +113,25 @@ QString complaintAbout(const ToolReport &report, QDate today)
     const QString statement = statementAbout(report, today);
     const bool isWhole =
         statement.isEmpty() || lacksPython(report) || report.failure == StartFailure::isFolder;
-    return isWhole ? statement : statement + adviceFor(report);
+    return isWhole ? statement : (statement + u' ' + obstacleText(report)).trimmed();
+}
+
+QString obstacleText(const ToolReport &report)
+{
+    const bool isKnown = !report.command.isEmpty();
+    switch (report.obstacle) {
+    case Obstacle::none:
+        return {};
+    case Obstacle::comesFirst:
+        return (isKnown ? QStringLiteral("It is at %1; this renews it:")
+                        : QStringLiteral("It is at %1, where Quillon changes nothing."))
+            .arg(report.obstaclePath);
+    case Obstacle::foreign:
+        return (isKnown ? QStringLiteral("Quillon did not put %1 there; this renews it:")
+                        : QStringLiteral("Quillon did not put %1 there, so it stays as it is."))
+            .arg(report.obstaclePath);
+    }
+    Q_UNREACHABLE();
 }
 
 QString nameOf(const ToolReport &report)

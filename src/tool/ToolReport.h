@@ -49,5 +49,8 @@ QString meaningOf(const ToolReport &report, QDate today);
 /// of its renewal, if anything is. Empty for one that works.
 QString complaintAbout(const ToolReport &report, QDate today);
 
+/// Why Quillon does not renew this tool, and what does if that can be told.
+QString obstacleText(const ToolReport &report);
+
 /// Names a tool whose notice the user does not want again: path and version.
 QString nameOf(const ToolReport &report);

@@ -5,8 +5,8 @@
 
 #include <utility>
 
-ToolUpdate::ToolUpdate(ReleaseSource source, ToolPlaces places, ToolVersion present,
-                       Handlers handlers)
+ToolUpdate::ToolUpdate(const ReleaseSource &source, const ToolPlaces &places,
+                       const ToolVersion &present, const Handlers &handlers)
 {
     m_processes.post([=, this] {
         m_run = std::make_shared<UpdateRun>(m_processes, source, places, present, handlers);

@@ -44,7 +44,8 @@ public:
     };
 
     /// A release older than `present` is refused.
-    ToolUpdate(ReleaseSource source, ToolPlaces places, ToolVersion present, Handlers handlers);
+    ToolUpdate(const ReleaseSource &source, const ToolPlaces &places, const ToolVersion &present,
+               const Handlers &handlers);
     /// Gives it up if it is not finished, and leaves nothing behind.
     ~ToolUpdate();
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "UpdateRun.h"
 
+#include "HomeDirectory.h"
+
 #include <QNetworkProxy>
 
 #include <cerrno>
@@ -50,24 +52,39 @@ QString pythonNeeded(const QString &found)
     return QStringLiteral("yt-dlp needs Python 3.10 or newer; %1.").arg(found);
 }
 
+/// What is wrong with a Python that was asked for its version; nothing if it will do.
+QString objectionToPython(const BoundedRun &answer)
+{
+    const QList<QByteArray> version = answer.output.trimmed().split('.');
+    if (!answer.isSuccess() || version.size() != 2)
+        return QStringLiteral("what is installed does not start");
+    const bool isNewEnough = version[0].toInt() == 3 && version[1].toInt() >= oldestPython;
+    return isNewEnough ? QString()
+                       : QStringLiteral("here is ") + QString::fromLatin1(version.join('.'));
+}
+
+/// In brackets what a failed run said; nothing if it said nothing.
+QString bracketed(const QString &words)
+{
+    return words.isEmpty() ? words : QStringLiteral(" (%1)").arg(words);
+}
+
 /// What is wrong with a new tool that was tried; nothing if it may be used.
 QString objectionTo(const BoundedRun &tried, const ToolVersion &present)
 {
     if (tried.hasRunOutOfTime)
         return notUsed + QStringLiteral("it does not answer.");
     if (!tried.isSuccess()) {
-        const QString words = tried.ending.launchError.isEmpty()
-            ? lastLine(tried.ending.standardError)
-            : tried.ending.launchError;
-        return notUsed + QStringLiteral("it does not start (%1).").arg(words);
+        return notUsed + QStringLiteral("it does not start%1.").arg(bracketed(wordsOf(tried)));
     }
     const ToolVersion version = versionFromOutput(tried.output);
     if (!version.isDated())
         return notUsed + QStringLiteral("it does not tell its version.");
-    if (present.isDated() && compare(version, present) < 0)
+    if (present.isDated() && compare(version, present) < 0) {
         return notUsed
             + QStringLiteral("the latest release, %1, is older than what is here, %2.")
                   .arg(version.text, present.text);
+    }
     if (version.date < oldestWorkingRelease())
         return notUsed
             + QStringLiteral("YouTube does not answer the latest release, %1.").arg(version.text);
@@ -89,6 +106,10 @@ UpdateRun::UpdateRun(ChildProcesses &processes, ReleaseSource source, ToolPlaces
 
 void UpdateRun::begin()
 {
+    if (const ToolReport found = locateTool(m_places); found.obstacle != Obstacle::none) {
+        fail(obstacleText(found));
+        return;
+    }
     m_python = programIn(m_places.environment, QStringLiteral("python3"));
     if (m_python.isEmpty()) {
         fail(pythonNeeded(QStringLiteral("it is not installed")));
@@ -97,14 +118,11 @@ void UpdateRun::begin()
     const QString question = QStringLiteral("import sys; print(*sys.version_info[:2], sep='.')");
     run(m_python, {QStringLiteral("-I"), QStringLiteral("-c"), question}, timeOfHelper,
         [this](const BoundedRun &answer) {
-            const QList<QByteArray> version = answer.output.trimmed().split('.');
-            if (!answer.isSuccess() || version.size() != 2)
-                fail(pythonNeeded(QStringLiteral("what is installed does not start")));
-            else if (version[0].toInt() != 3 || version[1].toInt() < oldestPython)
-                fail(pythonNeeded(QStringLiteral("here is ")
-                                  + QString::fromLatin1(version.join('.'))));
-            else
+            const QString objection = objectionToPython(answer);
+            if (objection.isEmpty())
                 takeFolder();
+            else
+                fail(pythonNeeded(objection));
         });
 }
 
@@ -146,6 +164,8 @@ void UpdateRun::verifySums()
                 && check.output.contains("[GNUPG:] VALIDSIG ");
             if (isGood)
                 fetchTool();
+            else if (check.hasRunOutOfTime || check.ending.wasSignalled)
+                fail(QStringLiteral("A new yt-dlp cannot be checked: gpgv does not answer."));
             else
                 beginAnew(notUsed + QStringLiteral("its signature is not good."));
         });
@@ -186,6 +206,7 @@ void UpdateRun::pack()
         [this](const BoundedRun &packing) {
             constexpr int noZip = 3;
             constexpr int noRoom = 4;
+            const QString words = bracketed(wordsOf(packing));
             if (packing.isSuccess())
                 tryPacked();
             else if (packing.ending.status == noZip && !packing.ending.wasSignalled)
@@ -193,12 +214,13 @@ void UpdateRun::pack()
             else if (packing.ending.status == noRoom && !packing.ending.wasSignalled)
                 fail(writingFailed(m_places.ownPath, ENOSPC));
             else
-                fail(notUsed
-                     + QStringLiteral("it could not be unpacked (%1).")
-                           .arg(lastLine(packing.ending.standardError)));
+                fail(notUsed + QStringLiteral("it could not be unpacked%1.").arg(words));
         },
         [this](const QByteArray &bytes) {
-            const int percent = bytes.trimmed().split('\n').last().toInt();
+            bool isNumber = false;
+            const int percent = bytes.trimmed().split('\n').last().toInt(&isNumber);
+            if (!isNumber)
+                return;
             m_handlers.onProgress({UpdateProgress::Step::preparing, percent / 100.0});
         });
 }
@@ -266,7 +288,11 @@ void UpdateRun::run(const QString &program, const QStringList &arguments,
     const auto hasEnded = std::make_shared<bool>(false);
     ChildProcess *const child = runBounded(
         m_processes,
-        {.program = program, .arguments = arguments, .environment = m_places.environment}, time,
+        {.program = program,
+         .arguments = arguments,
+         .environment = m_places.environment,
+         .folder = toolFolder()},
+        time,
         [this, hasEnded, onEnd](const BoundedRun &finished) {
             *hasEnded = true;
             m_child = nullptr;

@@ -69,7 +69,11 @@ class Tool(unittest.TestCase):
     def test_by_keyboard_alone_and_by_ear(self):
         person = self.person
         person.see(self.complaint)
+        person.desktop.keys("ctrl+q")
+        self.assertEqual(person.program.wait(timeout=30), 0)
         alerts = person.listen_for_alerts()
+        person.start_program()
+        person.see(self.complaint)
         person.desktop.type(ADDRESS)
         person.desktop.keys("Return")
         person.see(REFUSAL)
@@ -87,7 +91,7 @@ class Tool(unittest.TestCase):
         person.desktop.keys("space")
         person.see(TITLE)
         wait_until(lambda: person.focused() == "Paste a YouTube URL...", "the field")
-        wait_until(lambda: alerts() == [REFUSAL, "Updating yt-dlp", f"yt-dlp {NEW} is ready."],
+        wait_until(lambda: alerts() == [self.complaint, REFUSAL, "Updating yt-dlp", f"yt-dlp {NEW} is ready."],
                    f"the alerts; heard {alerts()}")
 
     def test_cancelled_and_closed_in_the_middle(self):

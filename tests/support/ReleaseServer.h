@@ -20,6 +20,7 @@ public:
         QByteArray location = {}; ///< of a redirect
         qint64 told = -1;         ///< the length that is told; less than 0 for the true one
         bool isHeld = false;      ///< what is left of it never comes
+        bool isEndless = false;   ///< no length is told, and it never stops
         bool isSilent = false;    ///< nothing comes at all
     };
 
@@ -70,6 +71,16 @@ private:
     {
         if (answer.isSilent)
             return;
+        if (answer.isEndless) {
+            socket->write("HTTP/1.1 " + QByteArray::number(answer.status) + " So\r\n\r\n");
+            const auto flood = [socket] {
+                if (socket->bytesToWrite() < 1 << 20)
+                    socket->write(QByteArray(1 << 18, 'x'));
+            };
+            connect(socket, &QTcpSocket::bytesWritten, socket, flood);
+            flood();
+            return;
+        }
         const qint64 length = answer.told < 0 ? answer.body.size() : answer.told;
         QByteArray head = "HTTP/1.1 " + QByteArray::number(answer.status)
             + " So\r\nConnection: close\r\n" + "Content-Length: " + QByteArray::number(length)

@@ -215,6 +215,9 @@ private Q_SLOTS:
                                 << true;
         QTest::newRow("unparsed") << u"Parse error: Could not parse video JSON"_s << true;
         QTest::newRow("exit code") << u"Failed to fetch info: Exit code 1"_s << true;
+        QTest::newRow("not a bot")
+            << u"ERROR: [youtube] a: Sign in to confirm you’re not a bot. Use --cookies-from-browser or --cookies"_s
+            << true;
         QTest::newRow("private")
             << u"ERROR: [youtube] a: Private video. Sign in if you've been granted access"_s
             << false;

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -65,10 +67,29 @@ private Q_SLOTS:
 
     void aMissingPythonIsFound()
     {
+        const QTemporaryDir programs; // env alone
+        QVERIFY(QFile::link(u"/usr/bin/env"_s, programs.filePath(u"env"_s)));
+        environment[u"PATH"_s] = programs.path();
         replaceBy("#!/nowhere/python3\nprint('2026.08.19')\n");
         QCOMPARE(judged().failure, StartFailure::noPython);
-        replaceBy("#!/usr/bin/env python3-that-is-not-there\nprint('2026.08.19')\n");
+        replaceBy("#!/usr/bin/env python3\nprint('2026.08.19')\n");
         QCOMPARE(again().failure, StartFailure::noPython);
+        environment[u"PATH"_s] = u"/usr/bin:/bin"_s;
+    }
+
+    void aPythonOfItsOwnThatIsGoneIsAnotherFailure()
+    {
+        replaceBy("#!/nowhere/venv/bin/python\nprint('2026.08.19')\n");
+        const ToolReport report = judged();
+        QCOMPARE(report.failure, StartFailure::other);
+        QVERIFY2(report.failureText.contains(u"No such file"), qPrintable(report.failureText));
+    }
+
+    void aPipeIsNotRead()
+    {
+        QFile::remove(m_tool->path());
+        QVERIFY(mkfifo(m_tool->path().toUtf8().constData(), 0700) == 0);
+        QCOMPARE(judged().failure, StartFailure::notExecutable);
     }
 
     void aPythonThatIsTooOldIsFound()
@@ -249,8 +270,7 @@ private:
         QFile::setPermissions(m_tool->path(), QFile::ReadOwner | QFile::ExeOwner);
     }
 
-    const QMap<QString, QString> environment{{u"PATH"_s, u"/usr/bin:/bin"_s},
-                                             {u"HOME"_s, u"/nowhere"_s}};
+    QMap<QString, QString> environment{{u"PATH"_s, u"/usr/bin:/bin"_s}, {u"HOME"_s, u"/nowhere"_s}};
     std::unique_ptr<FakeTool> m_tool;
     std::unique_ptr<ToolJudge> m_judge;
     std::mutex m_mutex;

@@ -176,6 +176,72 @@ private Q_SLOTS:
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::none);
     }
 
+    void theHintGoesWithTheUpdateThatItLedTo()
+    {
+        setTool("2026.03.01", "echo 'ERROR: Unable to extract' >&2; exit 1");
+        begin();
+        fetch();
+        QVERIFY(m_keeper->isHintDue());
+        update();
+        m_keeper->closeUpdate();
+        QVERIFY(!m_keeper->isHintDue());
+    }
+
+    void aFailureThatComesAfterTheUpdateMayBeRepeated()
+    {
+        setTool("2023.03.04", m_fixture->tool.gate("go") + "exit 1");
+        begin();
+        state().singleURL = u"https://example.org/a"_s;
+        state().fetchSingleInfo();
+        update();
+        int changes = 0;
+        connect(m_keeper.get(), &ToolKeeper::changed, this,
+                [&] { changes += m_keeper->retry().isPossible() ? 1 : 0; });
+        m_fixture->tool.open("go");
+        WAIT_FOR(changes > 0);
+        QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
+    }
+
+    void aQueueThatGoesOnDoesNotHideThatTheToolIsReady()
+    {
+        begin();
+        update();
+        state().addURLToQueue(u"https://example.org/a"_s);
+        QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
+    }
+
+    void aToolThatComesFirstEndsAnUpdateAtItsBeginning()
+    {
+        begin();
+        QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"own"_s));
+        writeFile(ownPath(), "mine");
+        update();
+        QVERIFY(m_keeper->updateOutcome().error.contains(u"Quillon did not put"));
+        QCOMPARE(m_server->requests, QStringList());
+    }
+
+    void notNowIsForgottenWithTheToolThatItWasSaidOf()
+    {
+        QFile::rename(m_fixture->tool.path(), m_fixture->tool.file(u"aside"_s));
+        begin();
+        QCOMPARE(m_keeper->status(), ToolStatus::missing);
+        m_keeper->notNow();
+        QVERIFY(!m_keeper->isComplaintDue());
+        setTool("2026.08.01");
+        m_keeper->begin();
+        WAIT_FOR(m_keeper->status() == ToolStatus::current);
+        QFile::remove(m_fixture->tool.path());
+        m_keeper->begin();
+        WAIT_FOR(m_keeper->isComplaintDue());
+    }
+
+    void whatAKilledUpdateLeftIsClearedWhenItBegins()
+    {
+        QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"own/.quillon-update"_s));
+        begin();
+        WAIT_FOR(!QDir(m_fixture->folder.filePath(u"own/.quillon-update"_s)).exists());
+    }
+
     void aFailedUpdateSaysWhyAndMayBeRepeated()
     {
         m_server->answers[u"yt-dlp"_s] = {{.body = {}, .status = 404}};
@@ -225,60 +291,6 @@ private Q_SLOTS:
         m_fixture->tool.open("go");
         WAIT_FOR(!state().isDownloading());
         QCOMPARE(state().downloadStatus().kind(), DownloadUIStatus::Case::done);
-    }
-
-    void aFetchIsRepeatedOnlyForTheAddressThatFailed()
-    {
-        fetch();
-        QVERIFY(m_keeper->retry().isPossible());
-        state().singleURL = u"https://example.org/b"_s;
-        QVERIFY(!m_keeper->retry().isPossible());
-        state().singleURL = u" https://example.org/a "_s;
-        QVERIFY(m_keeper->retry().isPossible());
-        state().mode = AppMode::browse;
-        QVERIFY(!m_keeper->retry().isPossible());
-    }
-
-    void aSearchIsRepeatedOnlyForTheWordsThatFailed()
-    {
-        state().mode = AppMode::browse;
-        state().browseSearchQuery = u"boats"_s;
-        state().searchYouTube();
-        WAIT_FOR(!state().isBrowseSearching());
-        QVERIFY(m_keeper->retry().isPossible());
-        state().browseSearchQuery = u"bridges"_s;
-        QVERIFY(!m_keeper->retry().isPossible());
-        state().browseSearchQuery = u"boats"_s;
-        m_keeper->retry().repeat();
-        QVERIFY(state().isBrowseSearching());
-        WAIT_FOR(!state().isBrowseSearching());
-    }
-
-    void aPlaybackIsRepeatedNotStopped()
-    {
-        state().mode = AppMode::browse;
-        const SearchResult result{.id = u"a"_s,
-                                  .title = u"A"_s,
-                                  .uploader = {},
-                                  .duration = 1,
-                                  .thumbnailURL = {},
-                                  .videoURL = u"https://x/a"_s};
-        state().playBrowseResult(result);
-        WAIT_FOR(state().playerError());
-        QVERIFY(m_keeper->retry().isPossible());
-        m_keeper->retry().repeat();
-        QVERIFY(state().isLoadingStream());
-        QCOMPARE(state().nowPlaying()->id, u"a"_s);
-        WAIT_FOR(state().playerError());
-    }
-
-    void aDownloadIsLeftToItsOwnButton()
-    {
-        state().singleInfo = StateFixture::video(u"a"_s);
-        state().startSingleDownload();
-        WAIT_FOR(!state().isDownloading());
-        QCOMPARE(state().downloadStatus().kind(), DownloadUIStatus::Case::failed);
-        QVERIFY(!m_keeper->retry().isPossible());
     }
 };
 

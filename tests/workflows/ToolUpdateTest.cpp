@@ -35,6 +35,7 @@ private Q_SLOTS:
         };
         QVERIFY(hasPart(UpdateProgress::Step::downloading, 1));
         QVERIFY(hasPart(UpdateProgress::Step::preparing, 1));
+        QCOMPARE(m_progress.last().part, 1.0); // it never goes back
     }
 
     void theInstalledFormHasCompiledModulesBesideTheSources()

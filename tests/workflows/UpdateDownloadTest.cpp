@@ -37,13 +37,6 @@ private Q_SLOTS:
         QVERIFY2(error.startsWith(u"yt-dlp could not be downloaded: "), qPrintable(error));
     }
 
-    void redirectsInACircleEnd()
-    {
-        answer("SHA2-256SUMS", {.status = 302, .location = "https://127.0.0.1:1/"});
-        const QString error = refused();
-        QVERIFY2(error.startsWith(u"yt-dlp could not be downloaded: "), qPrintable(error));
-    }
-
     void aServerThatSaysNothingIsGivenUp()
     {
         m_source.longestSilence = 300ms;
@@ -67,20 +60,25 @@ private Q_SLOTS:
     void aBodyThatIsSaidToBeTooLongIsNotRead()
     {
         answer("yt-dlp", {.body = "x", .told = 20'000'001, .isHeld = true});
-        checkRefused(u"yt-dlp could not be downloaded: it is too large to be it."_s);
+        checkRefused(u"yt-dlp could not be downloaded: what came is too large to be yt-dlp."_s);
     }
 
-    void aBodyThatIsTooLongIsCutOff()
+    void aBodyThatNeverEndsIsCutOff()
     {
-        // Of no told length, so that only counting helps.
-        answer("yt-dlp", {.body = QByteArray(21'000'000, 'x'), .told = 0x7fffffffffff});
-        checkRefused(u"yt-dlp could not be downloaded: it is too large to be it."_s);
+        answer("yt-dlp", {.isEndless = true});
+        checkRefused(u"yt-dlp could not be downloaded: what came is too large to be yt-dlp."_s);
+    }
+
+    void aRefusalThatNeverEndsIsNotRead()
+    {
+        answer("yt-dlp", {.status = 404, .isEndless = true});
+        checkRefused(u"yt-dlp could not be downloaded: the server answered 404."_s);
     }
 
     void sumsOfAHundredMegabytesAreNotRead()
     {
         answer("SHA2-256SUMS", {.body = QByteArray(100'000'000, 'x')});
-        checkRefused(u"yt-dlp could not be downloaded: it is too large to be it."_s);
+        checkRefused(u"yt-dlp could not be downloaded: what came is too large to be yt-dlp."_s);
     }
 };
 

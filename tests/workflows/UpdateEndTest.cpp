@@ -68,7 +68,7 @@ private:
     static void steps()
     {
         QTest::addColumn<QString>("step");
-        for (const char *const step : {"sums", "download", "packing", "trial"})
+        for (const char *const step : {"sums", "check", "download", "packing", "trial"})
             QTest::newRow(step) << QString::fromLatin1(step);
     }
     /// Makes an update stay at this step for good.
@@ -79,6 +79,8 @@ private:
             answer("SHA2-256SUMS", {.isSilent = true});
         else if (step == u"download")
             answer("yt-dlp", {.body = QByteArray(5000, 'x'), .told = 9000, .isHeld = true});
+        else if (step == u"check")
+            stub(u"gpgv"_s, mark + "exec sleep 1000");
         else if (step == u"packing")
             stub(u"python3"_s,
                  "case \"$*\" in *pack_tool.py*) " + mark

@@ -117,14 +117,32 @@ private Q_SLOTS:
         else if (kind == u"folder")
             QVERIFY(QDir().mkpath(own()));
         else
-            QVERIFY(QFile::link(u"/usr/bin/env"_s, own()));
+            QVERIFY(QFile::link(u"/etc/passwd"_s, own()));
         const UpdateOutcome outcome = updated();
+        QCOMPARE(m_server->requests, QStringList());
         QCOMPARE(outcome.error,
                  u"Quillon did not put %1 there, so it stays as it is."_s.arg(own()));
         QCOMPARE(ownFolder(), {u"yt-dlp"_s});
         QCOMPARE(QFileInfo(own()).isSymLink(), kind == u"link");
         QCOMPARE(QFileInfo(own()).isDir(), kind == u"folder");
         QVERIFY(!isOwn(own()));
+    }
+
+    void whatAppearsThereDuringAnUpdateStays()
+    {
+        stub(u"python3"_s,
+             "case \"$*\" in *pack_tool.py*) echo mine > '" + own().toUtf8()
+                 + "';; esac\nexec /usr/bin/python3 \"$@\"");
+        const UpdateOutcome outcome = updated();
+        QVERIFY(outcome.error.startsWith(u"Quillon did not put"));
+        QCOMPARE(contentOf(own()), "mine\n");
+        QCOMPARE(ownFolder(), {u"yt-dlp"_s});
+    }
+
+    void aGpgvThatHangsIsSaid()
+    {
+        stub(u"gpgv"_s, "kill -9 $$");
+        checkRefused(u"A new yt-dlp cannot be checked: gpgv does not answer."_s);
     }
 
     void aSecondUpdateOnTheMachineIsRefused()

@@ -31,7 +31,8 @@ FocusScope {
     }
 
     function leave() {
-        (elsewhere ?? home).forceActiveFocus(Qt.TabFocusReason);
+        const place = elsewhere?.enabled && elsewhere?.visible ? elsewhere : home;
+        place.forceActiveFocus(Qt.TabFocusReason);
     }
 
     function holds(item: Item): bool {
@@ -56,9 +57,9 @@ FocusScope {
         })
     }
 
-    // What screen readers are told of, once for each notice: it is made anew with it.
+    // What screen readers are told of, once for each notice: it is made anew with its words.
     Repeater {
-        model: root.isShown ? [root.notices.kind] : []
+        model: root.isShown ? [root.notices.title] : []
 
         Item {
             anchors.fill: parent
