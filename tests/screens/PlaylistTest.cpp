@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "PictureServer.h"
 #include "WindowFixture.h"
 
-#include <QTcpServer>
 #include <QTcpSocket>
 
 /// The panel in which the entries of a playlist are chosen.
@@ -248,21 +248,14 @@ private Q_SLOTS:
 
     void aCardThatIsScrolledAwayDropsItsRequest()
     {
-        QVERIFY(m_silentServer.listen(QHostAddress::LocalHost));
-        connect(&m_silentServer, &QTcpServer::newConnection, &m_silentServer, [this] {
-            ++m_came;
-            connect(m_silentServer.nextPendingConnection(), &QTcpSocket::disconnected,
-                    &m_silentServer, [this] { ++m_left; });
-        });
         VideoInfo info = playlist(400);
-        info.playlistEntries[0].thumbnailURL =
-            u"http://127.0.0.1:%1/a.png"_s.arg(m_silentServer.serverPort());
+        info.playlistEntries[0].thumbnailURL = m_silentServer.address();
         show(info);
-        WAIT_FOR(m_came == 1);
-        QCOMPARE(m_left, 0);
+        WAIT_FOR(m_silentServer.asked == 1);
+        QCOMPARE(m_silentServer.left, 0);
         focusByTab("playlistCards");
         press(Qt::Key_End);
-        WAIT_FOR(m_left > 0);
+        WAIT_FOR(m_silentServer.left > 0);
         state().singleInfo = AppState::Info();
         WAIT_FOR(!item("playlistCards"));
     }
@@ -299,6 +292,12 @@ END
         WAIT_FOR(shown("card3"));
         QCOMPARE(textOf("playlistTitle"), u"Playlist (4 videos)"_s);
         QCOMPARE(textOf("playlistCount"), u"3 of 4 selected"_s);
+    }
+
+protected:
+    QQmlImageProviderBase *makeThumbnails() override
+    {
+        return new ThumbnailProvider(m_silentServer.source());
     }
 
 private:
@@ -340,9 +339,7 @@ private:
         return found && sceneY(name) >= top && sceneY(name) + found->height() <= m_window->height();
     }
 
-    QTcpServer m_silentServer; // takes connections and says nothing
-    int m_came = 0;
-    int m_left = 0;
+    PictureServer m_silentServer; // takes connections and says nothing
 };
 
 QTEST_MAIN(PlaylistTest)
