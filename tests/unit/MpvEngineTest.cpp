@@ -66,6 +66,13 @@ private Q_SLOTS:
         QVERIFY(m_status.loadedTo >= 2);
     }
 
+    void picturesOfAbsurdSizeAreNotDecoded()
+    {
+        load("huge.mp4");
+        WAIT_FOR(m_ends == 1 || !m_failures.isEmpty());
+        QVERIFY(m_pictures.isEmpty());
+    }
+
     void theNumbersOfTheStreamBeforeAreNotToldOfTheNext()
     {
         load("long.mp4");
@@ -277,6 +284,8 @@ private:
             send(socket, request, "");
         else if (path == "/long.mp4")
             send(socket, request, m_longClip);
+        else if (path == "/huge.mp4")
+            send(socket, request, madeClip(1, {8000, 5100}, u"mjpeg"_s, 1));
         else if (path == "/short.mp4")
             socket->write("HTTP/1.0 200 OK\r\nContent-Length: " + QByteArray::number(m_clip.size())
                           + "\r\n\r\n" + m_clip.left(m_clip.size() / 2));
