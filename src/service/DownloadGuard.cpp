@@ -31,18 +31,18 @@ bool isConfiguration(const QString &folder, const QString &name)
 
 DownloadGuard::DownloadGuard(const QStringList &arguments)
     : m_folder(folderOf(arguments))
-    , m_isAudio(arguments.contains(QStringLiteral("-x")))
-    , m_watch(m_folder, [folder = m_folder, isAudio = m_isAudio](const QString &name) {
-        return isConfiguration(folder, name) || (isAudio && name.endsWith(audioSuffix));
-    })
+    , m_watch(m_folder,
+              [folder = m_folder,
+               isAudio = arguments.contains(QStringLiteral("-x"))](const QString &name) {
+                  return isConfiguration(folder, name) || (isAudio && name.endsWith(audioSuffix));
+              })
 {
 }
 
 void DownloadGuard::removeHalfMade(const QString &path, const QSet<QString> &finished) const
 {
     const QString file = absoluteForTool(path);
-    if (m_isAudio && file.endsWith(audioSuffix) && m_watch.hasCome(file)
-        && !finished.contains(file))
+    if (file.endsWith(audioSuffix) && m_watch.hasCome(file) && !finished.contains(file))
         QFile::remove(file);
 }
 

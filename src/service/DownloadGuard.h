@@ -25,6 +25,5 @@ public:
 
 private:
     const QString m_folder; // that the run writes to
-    const bool m_isAudio;
-    const FolderWatch m_watch;
+    const FolderWatch m_watch; // of audio files in audio runs, and of configurations
 };

@@ -139,6 +139,7 @@ private Q_SLOTS:
         QVERIFY(armed.size() > png.size() + 500 * 1000);
         QVERIFY(!barePng(armed).contains("zTXt"));
         QCOMPARE(boundedPicture(armed, {64, 64}), boundedPicture(png, {64, 64}));
+        QVERIFY(boundedPicture(armed, {64, 64}).textKeys().isEmpty()); // nobody has read them
         QCOMPARE(barePng(barePng(png)), barePng(png));
     }
 
