@@ -24,6 +24,6 @@ public:
     [[nodiscard]] QString removeConfigurations() const;
 
 private:
-    const QString m_folder; // that the run writes to
+    const QString m_folder;    // that the run writes to
     const FolderWatch m_watch; // of audio files in audio runs, and of configurations
 };
