@@ -70,7 +70,9 @@ private Q_SLOTS:
     {
         load("huge.mp4");
         WAIT_FOR(m_ends == 1 || !m_failures.isEmpty());
-        QVERIFY(m_pictures.isEmpty());
+        // Newer engines show an empty picture in place of one that they do not decode.
+        for (const QImage &each : std::as_const(m_pictures))
+            QVERIFY(isBlack(each));
     }
 
     void theNumbersOfTheStreamBeforeAreNotToldOfTheNext()
