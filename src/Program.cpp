@@ -72,10 +72,11 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     chooseFont();
     readFontsAhead();
 
-    Preferences &preferences = Preferences::standard();
-    SingleInstance instance(QFileInfo(preferences.path()).path());
+    // Before the preferences are read: one that is about to end may still write them.
+    SingleInstance instance(QFileInfo(Preferences::standardPath()).path());
     if (!instance.isFirst())
         return 0;
+    Preferences &preferences = Preferences::standard();
 
     const TerminationSignals terminationSignals;
     const SystemAppearance systemAppearance;

@@ -69,18 +69,24 @@ QString asideName(const QString &path)
 Preferences &Preferences::standard()
 {
     if (!standardPreferences) {
-        standardPreferences =
-            new Preferences(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-                            + QStringLiteral("/quillon/preferences.json"));
+        standardPreferences = new Preferences(standardPath());
         // Not at the end of the process: its thread needs the application.
         qAddPostRoutine([] { delete std::exchange(standardPreferences, nullptr); });
     }
     return *standardPreferences;
 }
 
-Preferences::Preferences(QString path)
+QString Preferences::standardPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QStringLiteral("/quillon/preferences.json");
+}
+
+Preferences::Preferences(QString path, std::chrono::milliseconds retryInterval)
     : m_path(std::move(path))
 {
+    m_retry.setInterval(retryInterval);
+    QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { retry(); });
     load();
 }
 
@@ -145,6 +151,7 @@ void Preferences::setBoolean(const QString &key, bool value)
 
 void Preferences::setBlob(const QString &key, BlobEncoder encode)
 {
+    m_values.remove(key);
     m_blobs[key] = std::move(encode);
     scheduleWrite();
 }
@@ -152,7 +159,10 @@ void Preferences::setBlob(const QString &key, BlobEncoder encode)
 void Preferences::flush()
 {
     std::binary_semaphore written(0);
-    m_writer.post([&written] { written.release(); });
+    m_writer.post([this, &written] {
+        write();
+        written.release();
+    });
     written.acquire();
 }
 
@@ -177,6 +187,7 @@ void Preferences::load()
 
 void Preferences::set(const QString &key, const QJsonValue &value)
 {
+    m_blobs.remove(key);
     m_values[key] = value;
     scheduleWrite();
 }
@@ -189,6 +200,19 @@ void Preferences::scheduleWrite()
         m_unwritten = {.values = QJsonDocument(m_values).toJson(), .blobs = m_blobs};
     }
     m_writer.post([this] { write(); });
+    m_retry.start();
+}
+
+void Preferences::retry()
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (!m_unwritten) {
+            m_retry.stop();
+            return;
+        }
+    }
+    m_writer.post([this] { write(); });
 }
 
 void Preferences::write()
@@ -198,11 +222,22 @@ void Preferences::write()
         const std::scoped_lock lock(m_mutex);
         content = std::exchange(m_unwritten, std::nullopt);
     }
-    if (!content) // the write before took this change along
-        return;
+    // Else the write before took this change along.
+    if (content && !writeFile(*content))
+        keepUnwritten(std::move(*content));
+}
 
-    QJsonObject values = QJsonDocument::fromJson(content->values).object();
-    for (auto blob = content->blobs.begin(); blob != content->blobs.end(); ++blob) {
+void Preferences::keepUnwritten(Content content)
+{
+    const std::scoped_lock lock(m_mutex);
+    if (!m_unwritten) // else something newer has come meanwhile
+        m_unwritten = std::move(content);
+}
+
+bool Preferences::writeFile(const Content &content)
+{
+    QJsonObject values = QJsonDocument::fromJson(content.values).object();
+    for (auto blob = content.blobs.begin(); blob != content.blobs.end(); ++blob) {
         if (const auto bytes = (*blob)())
             m_encodedBlobs[blob.key()] = blobValue(*bytes);
         if (m_encodedBlobs.contains(blob.key()))
@@ -212,14 +247,14 @@ void Preferences::write()
     if (m_isDamaged) {
         // Whatever can still be saved of it is the user's.
         if (!QFile::rename(m_path, asideName(m_path)) && QFile::exists(m_path))
-            return;
+            return false;
         m_isDamaged = false;
     }
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly))
-        return;
+        return false;
     // What somebody watches and where is nobody else's business.
     file.setPermissions(ownerAlone);
     file.write(QJsonDocument(values).toJson());
-    file.commit();
+    return file.commit();
 }

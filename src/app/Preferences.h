@@ -7,15 +7,18 @@
 #include <QJsonObject>
 #include <QMap>
 #include <QString>
+#include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <mutex>
 #include <optional>
 
 /// The user's preferences: a flat file of keys whose values keep their kinds.
 /// Used on one thread; the file is written on a thread of its own, replaced
-/// atomically, soon after each change and at the latest by flush(). A write
-/// that fails is not reported; the values stay as they are in memory.
+/// atomically, soon after each change and at the latest by flush(). A write that
+/// fails, as on a full disk, is not reported; it is tried again with the next change,
+/// every half minute, and by flush().
 class Preferences
 {
     Q_DISABLE_COPY_MOVE(Preferences)
@@ -28,8 +31,10 @@ public:
     /// The store of the user who runs the program; it ends with the application
     /// object.
     static Preferences &standard();
+    static QString standardPath();
 
-    explicit Preferences(QString path);
+    explicit Preferences(QString path,
+                         std::chrono::milliseconds retryInterval = std::chrono::seconds(30));
     ~Preferences();
 
     [[nodiscard]] QString path() const { return m_path; }
@@ -50,7 +55,7 @@ public:
     /// the writing thread.
     void setBlob(const QString &key, BlobEncoder encode);
 
-    /// Returns when all changes so far have been written or have failed to be.
+    /// Writes what is not written yet; returns when that is done or has failed.
     void flush();
 
 private:
@@ -63,11 +68,15 @@ private:
     void load();
     void set(const QString &key, const QJsonValue &value);
     void scheduleWrite();
+    void retry();
     void write();
+    void keepUnwritten(Content content);
+    bool writeFile(const Content &content);
 
     const QString m_path;
     QJsonObject m_values; // all but the blobs
     QMap<QString, BlobEncoder> m_blobs;
+    QTimer m_retry; // runs while something may be unwritten
 
     std::mutex m_mutex;
     std::optional<Content> m_unwritten;

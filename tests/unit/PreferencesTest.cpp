@@ -196,6 +196,45 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_path));
     }
 
+    void aFailedWriteIsTriedAgain()
+    {
+        store("in the way of the folder");
+        const QString path = m_path + u"/preferences.json"_s;
+        Preferences preferences(path, std::chrono::milliseconds(20));
+        preferences.setString(u"a"_s, u"b"_s);
+        preferences.flush();
+        QFile::remove(m_path);
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path), 30000);
+        QCOMPARE(Preferences(path).string(u"a"_s), u"b"_s);
+    }
+
+    void aFailedWriteIsTriedAgainAtTheEnd()
+    {
+        store("in the way of the folder");
+        const QString path = m_path + u"/preferences.json"_s;
+        {
+            Preferences preferences(path);
+            preferences.setString(u"a"_s, u"b"_s);
+            preferences.flush();
+            QFile::remove(m_path);
+        }
+        QCOMPARE(Preferences(path).string(u"a"_s), u"b"_s);
+    }
+
+    void aSavedValueReplacesWhateverHadItsKey()
+    {
+        store(R"({"a": {"utf8": "x"}, "b": "text"})");
+        {
+            Preferences preferences(m_path);
+            preferences.setString(u"a"_s, u"saved"_s);
+            preferences.setBlob(u"b"_s, bytes("blob"));
+        }
+        const Preferences preferences(m_path);
+        QCOMPARE(preferences.string(u"a"_s), u"saved"_s);
+        QVERIFY(!preferences.blob(u"a"_s));
+        QCOMPARE(preferences.blob(u"b"_s), "blob"_ba);
+    }
+
     void aReadOnlyFileStaysAsItIs()
     {
         store(R"({"a":"old"})");
