@@ -236,7 +236,8 @@ private:
     void takeProcessing();
     void setLastReport(Report report);
     void endRun(const DownloadUIStatus &status);
-    void continueStopped();
+    /// Ends the pause, whoever asks for it: no process stays stopped without the flag.
+    void unsetPause();
 
     /// Starts a coroutine from the event loop's next turn and looks after it;
     /// `start` is not called when the state has begun to close.

@@ -16,14 +16,15 @@ void AppState::togglePause()
     }
     if (active)
         active->send(SIGCONT);
-    continueStopped();
-    isPaused = false;
+    unsetPause();
 }
 
-void AppState::continueStopped()
+// Whoever ends the pause: what it has stopped would have no button to go on any more. It
+// need not be in the slot, since another download may have taken that.
+void AppState::unsetPause()
 {
-    // A run that another one has pushed out of the slot would stay stopped.
     for (const auto &process : std::as_const(m_stopped))
         process->send(SIGCONT);
     m_stopped.clear();
+    isPaused = false;
 }

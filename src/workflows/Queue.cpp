@@ -46,7 +46,7 @@ void AppState::startQueueDownload()
                       .quality = runQuality(multiFormat, multiQuality),
                       .folder = resolvedDownloadDir()};
     isQueueDownloading = true;
-    isPaused = false;
+    unsetPause();
     queueRun.items = inactive(queue);
     totalDownloadCount = queueRun.items.size();
     currentDownloadIndex = 0;
@@ -61,7 +61,7 @@ QCoro::Task<> AppState::runQueue(QueueRun queueRun)
             co_return;
     }
     isQueueDownloading = false;
-    isPaused = false;
+    unsetPause();
     currentDownloadTitle = QString();
     currentDownloadIndex = 0;
     totalDownloadCount = 0;

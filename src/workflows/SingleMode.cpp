@@ -52,7 +52,7 @@ void AppState::startSingleDownload()
                         .folder = {},
                         .title = runTitle(*singleInfo())};
     isDownloading = true;
-    isPaused = false;
+    unsetPause();
     downloadProgress = 0;
     downloadSpeed = QString();
     downloadETA = QString();
@@ -107,13 +107,12 @@ QCoro::Task<> AppState::downloadTask(SingleRun singleRun, qsizetype position)
 
 void AppState::resetDownload()
 {
-    continueStopped(); // without the flag there would be no way to do so
     downloadStatus = DownloadUIStatus::idle();
     downloadProgress = 0;
     downloadSpeed = QString();
     downloadETA = QString();
     isDownloading = false;
-    isPaused = false;
+    unsetPause();
     currentDownloadTitle = QString();
     currentDownloadIndex = 0;
     totalDownloadCount = 0;
@@ -152,5 +151,5 @@ void AppState::endRun(const DownloadUIStatus &status)
 {
     downloadStatus = status;
     isDownloading = false;
-    isPaused = false;
+    unsetPause();
 }

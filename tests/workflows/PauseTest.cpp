@@ -60,6 +60,82 @@ private Q_SLOTS:
         WAIT_FOR(m_fixture->hasEnded());
     }
 
+    void pauseStopsTheToolAloneAndNotItsChildren()
+    {
+        tool().setScript("sleep 1000 & echo $! > \"$DIR/child\"; echo '[Merger] x'\n"
+                         + tool().gate("go") + "kill $!");
+        startDownload();
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
+        const qint64 child = contentOf(tool().file(u"child"_s)).trimmed().toLongLong();
+        state().togglePause();
+        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QCOMPARE(stateOf(child), "S"_ba);
+        state().togglePause();
+        tool().open("go");
+        WAIT_FOR(m_fixture->hasEnded());
+    }
+
+    void theStartOfAQueueContinuesAPausedDownload()
+    {
+        runTwo();
+        startDownload();
+        WAIT_FOR(runs(0));
+        pause(0);
+        state().queue = {std::make_shared<DownloadItem>(u"https://x/"_s)};
+        state().startQueueDownload();
+        QVERIFY(!state().isPaused());
+        WAIT_FOR(stateOf(process(0)) != "T");
+        endBoth();
+    }
+
+    void theEndOfAQueueContinuesAPausedDownloadOfBrowse()
+    {
+        runTwo();
+        state().queue = {std::make_shared<DownloadItem>(u"https://x/"_s)};
+        state().startQueueDownload();
+        WAIT_FOR(runs(0));
+        browse();
+        pause(1);
+        tool().open("one");
+        WAIT_FOR(!state().isQueueDownloading());
+        QVERIFY(!state().isPaused());
+        WAIT_FOR(stateOf(process(1)) != "T");
+        endBoth();
+    }
+
+    void theEndOfASingleRunContinuesAPausedDownloadOfBrowse_data()
+    {
+        QTest::addColumn<QByteArray>("ending");
+        QTest::newRow("success") << "exit 0"_ba;
+        QTest::newRow("failure") << "exit 1"_ba;
+    }
+    void theEndOfASingleRunContinuesAPausedDownloadOfBrowse()
+    {
+        QFETCH(QByteArray, ending);
+        runTwo(ending);
+        startDownload();
+        WAIT_FOR(runs(0));
+        browse();
+        pause(1);
+        tool().open("one");
+        WAIT_FOR(m_fixture->hasEnded());
+        QVERIFY(!state().isPaused());
+        WAIT_FOR(stateOf(process(1)) != "T");
+        endBoth();
+    }
+
+    void aSecondSingleRunContinuesThePausedFirst()
+    {
+        runTwo();
+        startDownload();
+        WAIT_FOR(runs(0));
+        pause(0);
+        startDownload();
+        QVERIFY(!state().isPaused());
+        WAIT_FOR(stateOf(process(0)) != "T");
+        endBoth();
+    }
+
     void aResetWhilePausedLetsTheRunGoOn()
     {
         startStoppable();
@@ -69,6 +145,55 @@ private Q_SLOTS:
         WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
         tool().open("go");
         WAIT_FOR(!state().history().isEmpty());
+    }
+
+private:
+    void startDownload()
+    {
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().startSingleDownload();
+    }
+
+    /// The first call of the tool waits for "one", others for "two".
+    void runTwo(const QByteArray &endOfFirst = "exit 0")
+    {
+        tool().setScript("if [ $N = 1 ]; then " + tool().gate("one") + endOfFirst + "; else "
+                         + tool().gate("two") + "fi");
+    }
+
+    void browse()
+    {
+        state().browseDownload({.id = u"b"_s,
+                                .title = u"B"_s,
+                                .uploader = {},
+                                .duration = {},
+                                .thumbnailURL = {},
+                                .videoURL = u"https://x/b"_s},
+                               false);
+        WAIT_FOR(runs(1));
+    }
+
+    qint64 process(qsizetype call) { return tool().processIdentifiers().value(call); }
+
+    /// Whether a call is the one that pause would stop.
+    bool runs(qsizetype call)
+    {
+        const auto active = service().activeProcess();
+        return active && active->isRunning() && process(call) == active->processIdentifier();
+    }
+
+    void pause(qsizetype call)
+    {
+        state().togglePause();
+        WAIT_FOR(stateOf(process(call)) == "T");
+    }
+
+    void endBoth()
+    {
+        tool().open("one");
+        for (int call = 0; call < 2; ++call)
+            tool().open("two");
+        WAIT_FOR(m_fixture->hasEnded() && !state().isQueueDownloading());
     }
 };
 
