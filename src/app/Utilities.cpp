@@ -5,6 +5,7 @@
 #include "CompletionText.h"
 #include "DownloadFolder.h"
 #include "HomeDirectory.h"
+#include "ShownText.h"
 
 #include <QFileInfo>
 
@@ -34,5 +35,5 @@ void AppState::sendCompleteNotification(const QString &title, qint64 count)
     m_platform.sound->playCompletion();
     m_platform.notifier->post({.identifier = QUuid::createUuid().toString(QUuid::WithoutBraces),
                                .title = QStringLiteral("Download Complete"),
-                               .body = completionText(title, count)});
+                               .body = completionText(shownText(title), count)});
 }

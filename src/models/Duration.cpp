@@ -4,14 +4,12 @@
 #include <algorithm>
 #include <cmath>
 
-QString formattedDuration(std::optional<double> seconds)
+QString clockText(double seconds)
 {
     // A tool that prints garbage may print more seconds than a 64-bit number holds.
     constexpr double longest = 9e15;
-    if (!seconds || std::isnan(*seconds) || *seconds <= 0)
-        return {};
-
-    const auto total = static_cast<qint64>(std::min(*seconds, longest));
+    const auto total =
+        std::isnan(seconds) ? 0 : static_cast<qint64>(std::clamp(seconds, 0.0, longest));
     const qint64 hours = total / 3600;
     const qint64 minutes = total % 3600 / 60;
     if (hours > 0) {
@@ -21,4 +19,9 @@ QString formattedDuration(std::optional<double> seconds)
             .arg(total % 60, 2, 10, QLatin1Char('0'));
     }
     return QStringLiteral("%1:%2").arg(minutes).arg(total % 60, 2, 10, QLatin1Char('0'));
+}
+
+QString formattedDuration(std::optional<double> seconds)
+{
+    return seconds && *seconds > 0 ? clockText(*seconds) : QString();
 }

@@ -5,6 +5,9 @@
 
 #include <optional>
 
-/// A duration in seconds as "h:mm:ss" or "m:ss", fractions cut off; empty when
-/// there is none or it is not greater than 0.
+/// Seconds as "h:mm:ss" or "m:ss", fractions cut off; "0:00" for what is no time.
+QString clockText(double seconds);
+
+/// A duration in seconds as on a clock; empty when there is none or it is not greater
+/// than 0.
 QString formattedDuration(std::optional<double> seconds);

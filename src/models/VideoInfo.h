@@ -12,9 +12,9 @@
 struct VideoInfo
 {
     Q_GADGET
-    Q_PROPERTY(QString title MEMBER title CONSTANT)
+    Q_PROPERTY(QString title READ shownTitle CONSTANT)
     Q_PROPERTY(QString thumbnailURL MEMBER thumbnailURL CONSTANT)
-    Q_PROPERTY(QString uploader MEMBER uploader CONSTANT)
+    Q_PROPERTY(QString uploader READ shownUploader CONSTANT)
     Q_PROPERTY(QString formattedDuration READ formattedDuration CONSTANT)
     Q_PROPERTY(bool isPlaylist MEMBER isPlaylist CONSTANT)
 
@@ -31,6 +31,8 @@ public:
     QSet<qint64> availableHeights; ///< pixels; empty when unknown
 
     [[nodiscard]] QString formattedDuration() const;
+    [[nodiscard]] QString shownTitle() const;
+    [[nodiscard]] QString shownUploader() const;
 
     bool operator==(const VideoInfo &other) const;
 };

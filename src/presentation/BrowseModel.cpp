@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BrowseModel.h"
 
+#include "ShownText.h"
 #include "StatusName.h"
 
 BrowseModel::BrowseModel(AppState &state)
@@ -12,10 +13,10 @@ BrowseModel::BrowseModel(AppState &state)
     connect(&state, &AppState::browseSearchErrorChanged, this, &BrowseModel::areaChanged);
     connect(&state, &AppState::nowPlayingChanged, this, [this] { tell({IsNowPlayingRole}); });
     connect(&state, &AppState::browseDownloadStatusesChanged, this, [this] {
-        tell({VideoStatusRole, AudioStatusRole, VideoFailureRole, AudioFailureRole});
+        tell({VideoStatusRole, AudioStatusRole, VideoSpokenRole, AudioSpokenRole});
     });
     connect(&state, &AppState::browseDownloadProgressChanged, this, [this] {
-        tell({VideoProgressRole, AudioProgressRole});
+        tell({VideoProgressRole, AudioProgressRole, VideoSpokenRole, AudioSpokenRole});
     });
 }
 
@@ -30,7 +31,7 @@ BrowseModel::Area BrowseModel::area() const
 
 QString BrowseModel::errorText() const
 {
-    return m_state.browseSearchError().value_or(QString()).trimmed();
+    return shownText(m_state.browseSearchError().value_or(QString()));
 }
 
 QString BrowseModel::countText() const
@@ -51,9 +52,9 @@ QVariant BrowseModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:
-        return result.title;
+        return shownLine(result.title);
     case UploaderRole:
-        return result.uploader;
+        return shownLine(result.uploader);
     case DurationRole:
         return result.formattedDuration();
     case ThumbnailRole:
@@ -63,9 +64,9 @@ QVariant BrowseModel::data(const QModelIndex &index, int role) const
     case VideoStatusRole:
     case AudioStatusRole:
         return browseStatusName(m_state, result.id, role == AudioStatusRole);
-    case VideoFailureRole:
-    case AudioFailureRole:
-        return browseFailure(m_state, result.id, role == AudioFailureRole);
+    case VideoSpokenRole:
+    case AudioSpokenRole:
+        return browseSpoken(m_state, result.id, role == AudioSpokenRole);
     case VideoProgressRole:
     case AudioProgressRole:
         return browseProgress(m_state, result.id, role == AudioProgressRole);
@@ -82,10 +83,10 @@ QHash<int, QByteArray> BrowseModel::roleNames() const
             {ThumbnailRole, "thumbnailURL"},
             {IsNowPlayingRole, "isNowPlaying"},
             {VideoStatusRole, "videoStatus"},
-            {VideoFailureRole, "videoFailure"},
+            {VideoSpokenRole, "videoSpoken"},
             {VideoProgressRole, "videoProgress"},
             {AudioStatusRole, "audioStatus"},
-            {AudioFailureRole, "audioFailure"},
+            {AudioSpokenRole, "audioSpoken"},
             {AudioProgressRole, "audioProgress"}};
 }
 

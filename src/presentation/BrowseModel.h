@@ -25,10 +25,10 @@ public:
         ThumbnailRole,
         IsNowPlayingRole,
         VideoStatusRole,
-        VideoFailureRole, ///< by name; empty where nothing was downloaded
+        VideoSpokenRole, ///< by name; empty where nothing was downloaded
         VideoProgressRole,
         AudioStatusRole,
-        AudioFailureRole,
+        AudioSpokenRole,
         AudioProgressRole,
     };
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DownloadSectionModel.h"
 
+#include "DownloadLabel.h"
 #include "Percent.h"
+#include "ShownText.h"
 #include "StatusChipText.h"
 
 DownloadSectionModel::DownloadSectionModel(AppState &state)
@@ -23,10 +25,7 @@ QString DownloadSectionModel::buttonLabel() const
     const auto &info = state().singleInfo();
     if (!info || !info->isPlaylist)
         return QStringLiteral("Download");
-    const qsizetype count = state().selectedPlaylistItems().size();
-    return QStringLiteral("Download %1 Video%2")
-        .arg(count)
-        .arg(count == 1 ? QString() : QStringLiteral("s"));
+    return downloadLabel(state().selectedPlaylistItems().size());
 }
 
 bool DownloadSectionModel::isDisabled() const
@@ -71,6 +70,11 @@ bool DownloadSectionModel::showsRunLine() const
     return state().totalDownloadCount > 1;
 }
 
+QString DownloadSectionModel::runLineTitle() const
+{
+    return shownLine(state().currentDownloadTitle);
+}
+
 QString DownloadSectionModel::runLineCount() const
 {
     return QStringLiteral("%1 / %2")
@@ -93,10 +97,15 @@ QString DownloadSectionModel::percent() const
     return percentText(state().downloadProgress);
 }
 
+QString DownloadSectionModel::speed() const
+{
+    return shownLine(state().downloadSpeed);
+}
+
 QString DownloadSectionModel::remaining() const
 {
     const QString &eta = state().downloadETA();
-    return eta.isEmpty() || eta == u"--" ? QString() : QStringLiteral("ETA ") + eta;
+    return eta.isEmpty() || eta == u"--" ? QString() : shownLine(QStringLiteral("ETA ") + eta);
 }
 
 QString DownloadSectionModel::description() const

@@ -43,13 +43,13 @@ public:
     [[nodiscard]] QString chipText() const;
     [[nodiscard]] QString chipTone() const;
     [[nodiscard]] bool showsRunLine() const;
-    [[nodiscard]] QString runLineTitle() const { return state().currentDownloadTitle; }
+    [[nodiscard]] QString runLineTitle() const;
     [[nodiscard]] QString runLineCount() const;
     [[nodiscard]] bool showsProgress() const;
     [[nodiscard]] bool showsProcessing() const;
     [[nodiscard]] double progress() const { return state().downloadProgress; }
     [[nodiscard]] QString percent() const;
-    [[nodiscard]] QString speed() const { return state().downloadSpeed; }
+    [[nodiscard]] QString speed() const;
     /// "ETA" and the remaining time; empty while that is unknown.
     [[nodiscard]] QString remaining() const;
     /// Speed and remaining time as a screen reader says them.

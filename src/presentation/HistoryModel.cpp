@@ -2,6 +2,7 @@
 #include "HistoryModel.h"
 
 #include "RelativeDate.h"
+#include "ShownText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,7 +42,7 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:
-        return record.title;
+        return shownLine(record.title);
     case ThumbnailRole:
         return record.thumbnailURL;
     case PlaceholderRole:
@@ -50,7 +51,7 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
     case DateRole:
         return relativeDate(record.date, ReferenceDate::now());
     case DetailsRole:
-        return record.format.toUpper() + QStringLiteral(" · ") + record.quality;
+        return shownLine(record.format.toUpper() + QStringLiteral(" · ") + record.quality);
     case CanRevealRole:
         return record.savedPath.has_value();
     default:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MediaSession.h"
 
+#include "ShownText.h"
+
 MediaSession::MediaSession(AppState &state, MediaControl &control, SleepInhibitor &inhibitor)
     : m_state(state)
     , m_control(control)
@@ -9,6 +11,7 @@ MediaSession::MediaSession(AppState &state, MediaControl &control, SleepInhibito
 {
     const AVPlayer &player = state.avPlayer;
     connect(&m_panel, &PlayerPanelModel::changed, this, &MediaSession::show);
+    connect(&m_panel, &PlayerPanelModel::presenceChanged, this, &MediaSession::show);
     connect(&player, &AVPlayer::itemChanged, this, &MediaSession::show);
     connect(&player, &AVPlayer::statusChanged, this, &MediaSession::show);
     connect(&player, &AVPlayer::soundChanged, this, &MediaSession::show);
@@ -46,8 +49,8 @@ NowPlaying MediaSession::nowPlaying() const
     const AVPlayer &player = m_state.avPlayer;
     const SearchResult &result = *m_state.nowPlaying();
     return {.id = result.id,
-            .title = result.title,
-            .artist = result.uploader,
+            .title = shownLine(result.title),
+            .artist = shownLine(result.uploader),
             .artAddress = result.thumbnailURL,
             .address = result.videoURL,
             .duration = player.duration() > 0 ? player.duration() : result.duration.value_or(0),

@@ -2,6 +2,7 @@
 #include "NoticeModel.h"
 
 #include "Percent.h"
+#include "ShownText.h"
 #include "ToolKeeper.h"
 
 #include <QClipboard>
@@ -74,10 +75,10 @@ QString NoticeModel::text() const
     case Kind::updated:
         return QStringLiteral("yt-dlp %1 is ready.").arg(m_keeper.updateOutcome().version.text);
     case Kind::updateFailed:
-        return m_keeper.updateOutcome().error;
+        return shownText(m_keeper.updateOutcome().error);
     case Kind::uselessTool:
     case Kind::oldTool:
-        return complaintAbout(*m_keeper.report(), m_keeper.today());
+        return shownText(complaintAbout(*m_keeper.report(), m_keeper.today()));
     }
     Q_UNREACHABLE();
 }

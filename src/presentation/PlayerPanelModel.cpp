@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PlayerPanelModel.h"
 
+#include "Duration.h"
+#include "ShownText.h"
 #include "StatusName.h"
 
 PlayerPanelModel::PlayerPanelModel(AppState &state)
@@ -10,17 +12,25 @@ PlayerPanelModel::PlayerPanelModel(AppState &state)
          {&AppState::nowPlayingChanged, &AppState::isLoadingStreamChanged,
           &AppState::playerErrorChanged, &AppState::browseResultsChanged,
           &AppState::browseDownloadStatusesChanged, &AppState::browseDownloadProgressChanged})
-        connect(&state, signal, this, &PlayerPanelModel::changed);
+        connect(&state, signal, this, &PlayerPanelModel::follow);
+    connect(&state, &AppState::nowPlayingChanged, this, &PlayerPanelModel::presenceChanged);
+    connect(player(), &AVPlayer::statusChanged, this, &PlayerPanelModel::timesChanged);
+}
+
+void PlayerPanelModel::follow()
+{
+    if (isPresent())
+        Q_EMIT changed();
 }
 
 QString PlayerPanelModel::title() const
 {
-    return state().nowPlaying() ? state().nowPlaying()->title : QString();
+    return state().nowPlaying() ? shownLine(state().nowPlaying()->title) : QString();
 }
 
 QString PlayerPanelModel::errorText() const
 {
-    return state().playerError().value_or(QString()).trimmed();
+    return shownText(state().playerError().value_or(QString()));
 }
 
 QString PlayerPanelModel::place() const
@@ -28,6 +38,16 @@ QString PlayerPanelModel::place() const
     const auto index = state().currentPlayIndex();
     const QString number = index ? QString::number(*index + 1) : QStringLiteral("–");
     return QStringLiteral("%1 / %2").arg(number).arg(state().browseResults().size());
+}
+
+QString PlayerPanelModel::elapsed() const
+{
+    return clockText(player()->position());
+}
+
+QString PlayerPanelModel::total() const
+{
+    return clockText(player()->duration());
 }
 
 bool PlayerPanelModel::hasPrevious() const
@@ -46,9 +66,9 @@ QString PlayerPanelModel::videoStatus() const
     return browseStatusName(state(), id(), false);
 }
 
-QString PlayerPanelModel::videoFailure() const
+QString PlayerPanelModel::videoSpoken() const
 {
-    return browseFailure(state(), id(), false);
+    return browseSpoken(state(), id(), false);
 }
 
 double PlayerPanelModel::videoProgress() const
@@ -61,9 +81,9 @@ QString PlayerPanelModel::audioStatus() const
     return browseStatusName(state(), id(), true);
 }
 
-QString PlayerPanelModel::audioFailure() const
+QString PlayerPanelModel::audioSpoken() const
 {
-    return browseFailure(state(), id(), true);
+    return browseSpoken(state(), id(), true);
 }
 
 double PlayerPanelModel::audioProgress() const

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PlaylistModel.h"
 
+#include "ShownText.h"
+
 PlaylistModel::PlaylistModel(AppState &state)
     : m_state(state)
 {
@@ -14,6 +16,11 @@ void PlaylistModel::setInfo(const VideoInfo &info)
     endResetModel();
     Q_EMIT infoChanged();
     Q_EMIT countLineChanged();
+}
+
+QString PlaylistModel::heading() const
+{
+    return shownLine(m_info.playlistTitle.value_or(m_info.title));
 }
 
 QString PlaylistModel::countLine() const
@@ -36,7 +43,7 @@ QVariant PlaylistModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:
-        return entry.title;
+        return shownLine(entry.title);
     case ThumbnailRole:
         return entry.thumbnailURL;
     case DurationRole:

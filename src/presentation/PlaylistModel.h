@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] VideoInfo info() const { return m_info; }
     void setInfo(const VideoInfo &info);
-    [[nodiscard]] QString heading() const { return m_info.playlistTitle.value_or(m_info.title); }
+    [[nodiscard]] QString heading() const;
     /// How many of the entries are selected, in words.
     [[nodiscard]] QString countLine() const;
 

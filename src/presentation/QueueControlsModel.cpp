@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "QueueControlsModel.h"
 
+#include "ShownText.h"
+
 QueueControlsModel::QueueControlsModel(AppState &state)
     : StatePresenter(state)
 {
@@ -26,6 +28,11 @@ QString QueueControlsModel::position() const
     return QStringLiteral("%1 / %2")
         .arg(state().currentDownloadIndex())
         .arg(state().totalDownloadCount());
+}
+
+QString QueueControlsModel::title() const
+{
+    return shownLine(state().currentDownloadTitle);
 }
 
 void QueueControlsModel::start()

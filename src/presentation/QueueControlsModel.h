@@ -23,7 +23,7 @@ public:
     [[nodiscard]] QString pauseHelp() const;
     /// The running entry's place in the run, and how many the run has.
     [[nodiscard]] QString position() const;
-    [[nodiscard]] QString title() const { return state().currentDownloadTitle; }
+    [[nodiscard]] QString title() const;
 
     Q_INVOKABLE void start();
     Q_INVOKABLE void togglePause();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "QueueModel.h"
 
+#include "DownloadLabel.h"
+#include "ShownText.h"
 #include "StatusName.h"
 
 #include <QFileInfo>
@@ -10,15 +12,15 @@
 
 namespace {
 
-QString statusLine(const DownloadStatus &status)
+QString statusText(const DownloadStatus &status)
 {
     switch (status.kind()) {
     case DownloadStatus::Case::downloading:
-        return QStringLiteral("%1  ETA %2").arg(status.speed(), status.eta()).trimmed();
+        return QStringLiteral("%1  ETA %2").arg(status.speed(), status.eta());
     case DownloadStatus::Case::done:
         return QFileInfo(status.path()).fileName();
     case DownloadStatus::Case::failed:
-        return status.message().trimmed();
+        return status.message();
     default:
         return {};
     }
@@ -46,9 +48,7 @@ QString QueueModel::downloadButtonLabel() const
         return QStringLiteral("Downloading...");
     if (m_readyCount == 0)
         return QStringLiteral("Nothing to download");
-    return QStringLiteral("Download %1 Video%2")
-        .arg(m_readyCount)
-        .arg(m_readyCount == 1 ? QString() : QStringLiteral("s"));
+    return downloadLabel(m_readyCount);
 }
 
 bool QueueModel::canDownload() const
@@ -70,13 +70,17 @@ QVariant QueueModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:
-        return item.title();
+        return shownLine(item.title());
     case ThumbnailRole:
         return item.info() ? item.info()->thumbnailURL : QString();
+    case PlaceholderRole:
+        return item.info() ? QStringLiteral("photo") : QStringLiteral("play.rectangle.fill");
     case StatusRole:
         return statusName(status);
     case StatusLineRole:
-        return statusLine(status);
+        return shownLine(statusText(status));
+    case StatusTextRole:
+        return shownText(statusText(status));
     case BadgeRole:
         return status.badgeLabel();
     case ProgressRole:
@@ -90,10 +94,9 @@ QVariant QueueModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> QueueModel::roleNames() const
 {
-    return {{TitleRole, "title"},        {ThumbnailRole, "thumbnailURL"},
-            {StatusRole, "status"},      {StatusLineRole, "statusLine"},
-            {BadgeRole, "badge"},        {ProgressRole, "progress"},
-            {CanRevealRole, "canReveal"}};
+    return {{TitleRole, "title"},   {ThumbnailRole, "thumbnailURL"}, {PlaceholderRole, "symbol"},
+            {StatusRole, "status"}, {StatusLineRole, "statusLine"},  {StatusTextRole, "statusText"},
+            {BadgeRole, "badge"},   {ProgressRole, "progress"},      {CanRevealRole, "canReveal"}};
 }
 
 void QueueModel::reveal(int row)

@@ -20,11 +20,13 @@ public:
     enum Role {
         TitleRole = Qt::UserRole,
         ThumbnailRole,
-        StatusRole,     ///< "waiting", "fetching", "downloading", "processing", "done", "failed"
-        StatusLineRole, ///< what is to be said of the status beside its badge
-        BadgeRole,      ///< the status in a word, for those who do not see the badge
-        ProgressRole,   ///< from 0 to 1
-        CanRevealRole,  ///< whether it is known where the file is
+        PlaceholderRole, ///< the symbol where there is no picture
+        StatusRole,      ///< "waiting", "fetching", "downloading", "processing", "done", "failed"
+        StatusLineRole,  ///< what is to be said of the status beside its badge, on one line
+        StatusTextRole,  ///< the same with all its lines
+        BadgeRole,       ///< the status in a word, for those who do not see the badge
+        ProgressRole,    ///< from 0 to 1
+        CanRevealRole,   ///< whether it is known where the file is
     };
 
     /// The state outlives the model.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SingleModeModel.h"
 
+#include "ShownText.h"
+
 SingleModeModel::SingleModeModel(AppState &state)
     : StatePresenter(state)
 {
@@ -8,4 +10,9 @@ SingleModeModel::SingleModeModel(AppState &state)
          {&AppState::fetchErrorChanged, &AppState::isFetchingChanged, &AppState::singleInfoChanged})
         connect(&state, signal, this, &SingleModeModel::changed);
     connect(&state, &AppState::singleInfoChanged, this, &SingleModeModel::infoChanged);
+}
+
+QString SingleModeModel::error() const
+{
+    return shownText(state().fetchError().value_or(QString()));
 }

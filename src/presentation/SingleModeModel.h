@@ -18,7 +18,7 @@ public:
     explicit SingleModeModel(AppState &state);
 
     [[nodiscard]] bool hasError() const { return state().fetchError().has_value(); }
-    [[nodiscard]] QString error() const { return state().fetchError().value_or(QString()); }
+    [[nodiscard]] QString error() const;
     [[nodiscard]] bool isFetching() const { return state().isFetching; }
     [[nodiscard]] bool hasInfo() const { return state().singleInfo().has_value(); }
     [[nodiscard]] VideoInfo info() const { return state().singleInfo().value_or(VideoInfo()); }

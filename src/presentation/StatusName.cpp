@@ -2,6 +2,8 @@
 #include "StatusName.h"
 
 #include "AppState.h"
+#include "Percent.h"
+#include "ShownText.h"
 
 QString statusName(const DownloadStatus &status)
 {
@@ -40,11 +42,26 @@ QString browseStatusName(const AppState &state, const QString &resultID, bool is
     return status ? statusName(*status) : QString();
 }
 
-QString browseFailure(const AppState &state, const QString &resultID, bool isAudio)
+QString browseSpoken(const AppState &state, const QString &resultID, bool isAudio)
 {
     const auto status = browseStatus(state, resultID, isAudio);
-    const bool hasFailed = status && status->kind() == DownloadStatus::Case::failed;
-    return hasFailed ? status->message().trimmed() : QString();
+    if (!status)
+        return {};
+    switch (status->kind()) {
+    case DownloadStatus::Case::downloading:
+        return QStringLiteral("Downloading ")
+            + percentText(browseProgress(state, resultID, isAudio));
+    case DownloadStatus::Case::processing:
+        return QStringLiteral("Processing");
+    case DownloadStatus::Case::done:
+        return QStringLiteral("Done");
+    case DownloadStatus::Case::failed:
+        return QStringLiteral("Failed, press to try again: ") + shownText(status->message());
+    case DownloadStatus::Case::waiting:
+    case DownloadStatus::Case::fetching:
+        return {};
+    }
+    Q_UNREACHABLE();
 }
 
 double browseProgress(const AppState &state, const QString &resultID, bool isAudio)

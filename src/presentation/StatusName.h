@@ -11,8 +11,8 @@ class AppState;
 /// Of the last download of a search result; empty where there was none.
 QString browseStatusName(const AppState &state, const QString &resultID, bool isAudio);
 
-/// Why it failed; empty if it did not.
-QString browseFailure(const AppState &state, const QString &resultID, bool isAudio);
+/// In words, for those who do not see it.
+QString browseSpoken(const AppState &state, const QString &resultID, bool isAudio);
 
 /// How far it was last reported to be, from 0 to 1.
 double browseProgress(const AppState &state, const QString &resultID, bool isAudio);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ToolModel.h"
 
+#include "ShownText.h"
 #include "ToolKeeper.h"
 
 ToolModel::ToolModel(ToolKeeper &keeper)
@@ -19,7 +20,7 @@ QString ToolModel::meaning() const
 {
     if (m_keeper.updatePhase() == ToolKeeper::UpdatePhase::running)
         return QStringLiteral("updating…");
-    return m_keeper.report() ? meaningOf(*m_keeper.report(), m_keeper.today())
+    return m_keeper.report() ? shownLine(meaningOf(*m_keeper.report(), m_keeper.today()))
                              : QStringLiteral("…");
 }
 

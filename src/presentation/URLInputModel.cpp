@@ -139,7 +139,7 @@ void URLInputModel::handleSubmit()
         break;
     case AppMode::multi:
         state().addURLToQueue(state().multiURL);
-        state().multiURL = QString();
+        edit(QString());
         break;
     case AppMode::browse:
         state().searchYouTube();
@@ -158,10 +158,10 @@ void URLInputModel::clearURL()
         state().resetDownload();
         break;
     case AppMode::multi:
-        state().multiURL = QString();
+        edit(QString());
         break;
     case AppMode::browse:
-        state().browseSearchQuery = QString();
+        edit(QString());
         state().browseResults = AppState::Results();
         state().browseSearchError = AppState::Text();
         break;

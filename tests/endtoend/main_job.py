@@ -194,16 +194,69 @@ class MainJob(Case):
         self.assertEqual(self.person.history(), [])
         self.assertEqual(list(self.downloads.glob("*.mp4")), [])
 
-    def test_a_second_start_brings_the_first_forward(self):
-        second = self.person.desktop.start(str(self.person.program.args[0]))
-        self.assertEqual(second.wait(timeout=30), 0)
-        self.assertIsNone(self.person.program.poll())
+    def test_a_record_that_is_still_written_is_there_after_a_quick_restart(self):
+        person = self.person
+        person.program.terminate()
+        self.assertEqual(person.program.wait(timeout=30), 0)
+        environment = person.desktop.environment
+        options = environment.get("ASAN_OPTIONS", "")
+        environment |= {"LD_PRELOAD": os.environ["QUILLON_SLOW_DISK"],
+                        "ASAN_OPTIONS": options + ":verify_asan_link_order=0"}
+        person.start_program()
+        first = person.program
+        self.download("steady", TITLE, "Complete")
+        person.desktop.keys("ctrl+q")
+        wait_until(lambda: not person.desktop.window("Quillon"), "the window to go")
+        self.assertIsNone(first.poll(), "it has ended before the next start")
+        del environment["LD_PRELOAD"]
+        environment["ASAN_OPTIONS"] = options
+        person.start_program()
+        self.assertEqual(first.wait(timeout=30), 0)
+        person.see("Show in Finder", row=TITLE)
+        self.assertEqual(len(person.history()), 1)
 
     def test_the_colours_follow_the_desktop_while_the_window_is_open(self):
         person = self.person
         wait_until(lambda: person.background() == "#ECECEE", "light colours")
         person.desktop_services.send_signal(signal.SIGUSR1)
         wait_until(lambda: person.background() == "#1E1E20", "dark colours")
+
+
+class SecondStart(Case):
+    def start_again(self):
+        person = self.person
+        second = person.desktop.start(str(person.program.args[0]))
+        self.assertEqual(second.wait(timeout=30), 0)
+        wait_until(person.is_in_front, "the window to come forward")
+        self.assertIsNone(person.program.poll())
+
+    def cover(self):
+        self.person.desktop.start("xev")
+        wait_until(lambda: not self.person.is_in_front(), "another window in front")
+
+    def test_brings_the_window_before_others(self):
+        self.cover()
+        self.start_again()
+
+    def test_leaves_the_window_maximized(self):
+        self.person.maximize()
+        self.cover()
+        self.start_again()
+        self.assertTrue(self.person.is_maximized())
+
+    def test_brings_a_minimized_window_back_as_it_was(self):
+        self.person.maximize()
+        self.person.desktop.run("xdotool", "windowminimize", self.person.window)
+        wait_until(lambda: "HIDDEN" in self.person.window_state(), "the window to go")
+        self.start_again()
+        self.assertTrue(self.person.is_maximized())
+
+    def test_reaches_another_workspace(self):
+        run = self.person.desktop.run
+        run("xdotool", "set_num_desktops", "2")
+        run("xdotool", "set_desktop_for_window", self.person.window, "1")
+        wait_until(lambda: not self.person.is_in_front(), "the window to be elsewhere")
+        self.start_again()
 
 
 class FolderThatIsNotThereYet(Case):

@@ -106,6 +106,29 @@ class Person:
     def close(self):
         self.desktop.close()
 
+    # The window among others
+
+    def window_state(self) -> str:
+        return self.desktop.run("xprop", "-id", self.window, "_NET_WM_STATE")
+
+    def is_maximized(self) -> bool:
+        return "MAXIMIZED_VERT" in self.window_state()
+
+    def maximize(self):
+        """By a double click on its title."""
+        place = dict(line.split("=") for line in self.desktop.run(
+            "xdotool", "getwindowgeometry", "--shell", self.window).split())
+        self.desktop.run("xdotool", "mousemove", str(int(place["X"]) + 300), str(int(place["Y"]) - 8),
+                         "click", "--repeat", "2", "--delay", "60", "1")
+        wait_until(self.is_maximized, "the window to be maximized")
+
+    def is_in_front(self) -> bool:
+        """Whether it is the active one, on the workspace that is shown."""
+        active = subprocess.run(["xdotool", "getactivewindow"], env=self.desktop.environment,
+                                check=False, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL).stdout.decode().strip()
+        return active == self.window
+
     # What was recorded
 
     def calls(self) -> list:

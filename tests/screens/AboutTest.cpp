@@ -64,6 +64,17 @@ private Q_SLOTS:
         WAIT_FOR(windows().isEmpty());
     }
 
+    void theMenusKeysWorkInItToo()
+    {
+        ask();
+        QWindow *const window = windows().first();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QTest::keyClick(window, Qt::Key_M, Qt::ControlModifier);
+        QVERIFY(state().mode() == AppMode::multi);
+        window->close();
+        WAIT_FOR(windows().isEmpty());
+    }
+
     void droppedTextLandsInTheFieldOfTheModeAndNothingIsFetched()
     {
         QMimeData text;

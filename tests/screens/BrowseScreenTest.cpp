@@ -51,6 +51,22 @@ private Q_SLOTS:
         state().browseSearchError = u"No network\n"_s;
         WAIT_FOR(placeholder() == u"Search failed");
         QVERIFY(!shown("result0"));
+        const QAccessibleInterface *const alert = accessible("searchFailed");
+        QVERIFY(alert->role() == QAccessible::AlertMessage);
+        QCOMPARE(alert->text(QAccessible::Name), u"Search failed: No network"_s);
+    }
+
+    void thePlaceholderStandsInTheMiddle()
+    {
+        show(0);
+        m_window->grabWindow();
+        const QQuickItem *const page = item("page");
+        const QQuickItem *const content =
+            find(item("searchEmpty"), u"browsePlaceholder"_s)->parentItem();
+        const double middle =
+            content->mapToItem(page, {0, content->height() / 2}).y() - page->height() / 2;
+        // The page's own margins are 12 above and 28 below.
+        QVERIFY2(std::abs(middle) <= 10, qPrintable(QString::number(middle)));
     }
 
     void clearingTheFieldClearsResultsAndErrorAndPlaysOn()

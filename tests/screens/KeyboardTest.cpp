@@ -29,6 +29,19 @@ private Q_SLOTS:
         QCOMPARE(reached.mid(0, expected.size()), expected);
     }
 
+    void submittingBySpaceLeavesTheKeyboardInTheField()
+    {
+        m_fixture.tool.setScript(m_fixture.tool.gate("fetch") + "exit 1");
+        focusField();
+        typeText("https://x/watch?v=i");
+        focusByTab("submit");
+        press(Qt::Key_Space);
+        QVERIFY(state().isFetching());
+        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
+        m_fixture.tool.open("fetch");
+        WAIT_FOR(!state().isFetching());
+    }
+
     void aMenuOpensByItsLetterAndRunsItsCommand()
     {
         QTest::keyClick(m_window, Qt::Key_D, Qt::AltModifier);

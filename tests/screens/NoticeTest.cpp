@@ -330,14 +330,6 @@ private:
         }
         return found;
     }
-    QString tip()
-    {
-        const auto *const shownTip = m_window->findChild<QObject *>(u"tip"_s);
-        return shownTip && shownTip->property("visible").toBool()
-            ? shownTip->property("text").toString()
-            : QString();
-    }
-
     Signer m_signer;
     ReleaseServer m_server;
     std::unique_ptr<ToolKeeper> m_keeper;

@@ -232,6 +232,47 @@ private Q_SLOTS:
         QCOMPARE(state().avPlayer.position(), 35.0);
     }
 
+    void inFullScreenThePointerGoesWithTheControls()
+    {
+        show(1);
+        play(0);
+        focusByTab("video");
+        press(Qt::Key_F);
+        WAIT_FOR(playerWindow());
+        QVERIFY(QTest::qWaitForWindowExposed(playerWindow()));
+        const QPoint middle(playerWindow()->width() / 2, playerWindow()->height() / 2);
+        QTest::mouseMove(playerWindow(), middle);
+        QTest::mouseMove(playerWindow(), middle + QPoint(5, 0));
+        QCOMPARE(playerWindow()->cursor().shape(), Qt::ArrowCursor);
+        WAIT_FOR(playerWindow()->cursor().shape() == Qt::BlankCursor);
+        QTest::mouseMove(playerWindow(), middle);
+        WAIT_FOR(playerWindow()->cursor().shape() == Qt::ArrowCursor);
+        QTest::keyClick(playerWindow(), Qt::Key_Escape);
+        WAIT_FOR(!playerWindow());
+    }
+
+    void theMenusKeysWorkInThePlayersWindow()
+    {
+        show(1);
+        play(0);
+        focusByTab("video");
+        press(Qt::Key_F);
+        WAIT_FOR(playerWindow());
+        QVERIFY(QTest::qWaitForWindowActive(playerWindow()));
+        QTest::keyClick(playerWindow(), Qt::Key_M, Qt::ControlModifier);
+        WAIT_FOR(state().mode() == AppMode::single && !playerWindow());
+    }
+
+    void aPlayerThatLeavesKeepsItsWords()
+    {
+        show(2);
+        play(0);
+        click("closePlayer");
+        QVERIFY(!state().nowPlaying() && shown("playerPanel"));
+        QCOMPARE(textOf("playerPlace"), u"1 / 2"_s);
+        QCOMPARE(textOf("playerTitle"), u"Title 0"_s);
+    }
+
     void thePlayersWindowGoesWithWhatItPlays()
     {
         show(1);

@@ -95,13 +95,95 @@ private Q_SLOTS:
         WAIT_FOR(focusIsIn(item("queue0")));
     }
 
-    void removingTheLastEntryBringsBackTheEmptyState()
+    void removingTheLastEntryLeavesTheKeyboardInTheField()
     {
         show(1);
         focusByTab("queueRows");
         QTest::keyClick(m_window, Qt::Key_Delete);
         QVERIFY(state().queue().isEmpty());
         WAIT_FOR(shown("emptyQueue"));
+        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
+    }
+
+    void clearingTheQueueByKeyLeavesTheKeyboardInTheField()
+    {
+        show(2);
+        focusByTab("clearQueue");
+        press(Qt::Key_Space);
+        WAIT_FOR(shown("emptyQueue"));
+        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
+    }
+
+    void aHiddenPauseButtonTakesNoKeys()
+    {
+        show(1);
+        m_fixture.tool.setScript(m_fixture.tool.gate("run"));
+        click("startQueue");
+        WAIT_FOR(shown("pauseQueue"));
+        click("pauseQueue");
+        click("pauseQueue");
+        m_fixture.tool.open("run");
+        WAIT_FOR(!shown("pauseQueue"));
+        WAIT_FOR(!focusIsIn(item("pauseQueue")));
+        press(Qt::Key_Space);
+        QVERIFY(!state().isPaused());
+    }
+
+    void aRowIsRemovedByMouse()
+    {
+        show(2);
+        hover(item("queue0"));
+        WAIT_FOR(shown("remove0"));
+        click("remove0");
+        QCOMPARE(state().queue().size(), 1);
+        QCOMPARE(state().queue()[0]->url, u"https://x/1"_s);
+    }
+
+    void aFinishedFileIsShownByAClickOnItsName()
+    {
+        show(1);
+        const QString path = m_fixture.folder.filePath(u"a.mp4"_s);
+        writeFile(path, "x");
+        state().queue()[0]->status = DownloadStatus::done(path);
+        WAIT_FOR(find(item("queue0"), u"statusLine"_s)->isVisible());
+        m_window->grabWindow();
+        QTest::mouseClick(m_window, Qt::LeftButton, {},
+                          startOf(find(item("queue0"), u"statusLine"_s)));
+        QCOMPARE(m_fixture.desktop.fileViewer->selected, QStringList{path});
+    }
+
+    void aMessageOfManyLinesStaysOnOneAndIsWholeInTheTooltip()
+    {
+        show(2);
+        state().queue()[0]->status = DownloadStatus::failed(u"first\nsecond\nthird\n"_s);
+        QQuickItem *const line = find(item("queue0"), u"statusLine"_s);
+        WAIT_FOR(line->isVisible());
+        m_window->grabWindow();
+        QCOMPARE(line->property("text").toString(), u"first second third"_s);
+        QVERIFY(line->height() < 20);
+        QCOMPARE(accessible("queue0")->text(QAccessible::Description), u"first\nsecond\nthird"_s);
+        hover(find(item("queue0"), u"line"_s));
+        WAIT_FOR(tip() == u"first\nsecond\nthird"_s);
+        hover(item("queueCount"));
+        WAIT_FOR(tip().isEmpty());
+    }
+
+    void megabytesOfAMessageReachNoTextOnTheScreen()
+    {
+        show(2);
+        state().queue()[0]->status = DownloadStatus::failed(QString(3'000'000, u'x'));
+        WAIT_FOR(find(item("queue0"), u"statusLine"_s)->isVisible());
+        QVERIFY(longestText(m_window->contentItem()) < 11'000);
+        QVERIFY(accessible("queue0")->text(QAccessible::Name).size() < 11'000);
+        QVERIFY(accessible("queue0")->text(QAccessible::Description).size() < 11'000);
+    }
+
+    void aPictureThatCannotBeHadShowsASymbolForWhatIsKnown()
+    {
+        show(2);
+        state().queue()[1]->info = video();
+        WAIT_FOR(symbolOf(1) == u"photo");
+        QCOMPARE(symbolOf(0), u"play.rectangle.fill"_s);
     }
 
     void rowsAreUsedByKeyboard()
@@ -169,6 +251,27 @@ private Q_SLOTS:
     }
 
 private:
+    QString symbolOf(int row)
+    {
+        return find(item(qPrintable(u"queue%1"_s.arg(row))), u"placeholder"_s)
+            ->property("symbol")
+            .toString();
+    }
+
+    static QPoint startOf(const QQuickItem *text)
+    {
+        return text->mapToScene({25, text->height() / 2}).toPoint();
+    }
+
+    static qsizetype longestText(const QQuickItem *parent)
+    {
+        qsizetype longest = parent->property("text").toString().size();
+        const QList<QQuickItem *> children = parent->childItems();
+        for (const QQuickItem *const child : children)
+            longest = std::max(longest, longestText(child));
+        return longest;
+    }
+
     void show(int count)
     {
         AppState::Queue queue;

@@ -81,6 +81,31 @@ private Q_SLOTS:
         state().speedLimit = u"0"_s;
     }
 
+    void everyChoiceFitsInEveryFont()
+    {
+        open();
+        for (const char *const name : {"historyLimit", "speedLimit", "cookiesBrowser"}) {
+            QQuickItem *const choice = find(item(name), u"choice"_s);
+            const QString before = choice->property("text").toString();
+            const QVariant font = choice->property("font");
+            const QStringList choices = item(name)->property("model").toStringList();
+            for (const char *const family : {"Inter", "DejaVu Sans", "Noto Sans"}) {
+                QFont other = font.value<QFont>();
+                other.setFamily(QString::fromLatin1(family));
+                choice->setProperty("font", other);
+                for (const QString &each : choices) {
+                    choice->setProperty("text", each);
+                    m_window->grabWindow();
+                    QVERIFY2(!choice->property("truncated").toBool(), qPrintable(each));
+                }
+            }
+            choice->setProperty("font", font);
+            choice->setProperty("text", before);
+        }
+        state().showSettings = false; // made anew by the next test
+        WAIT_FOR(!item("historyLimit"));
+    }
+
     void aMenuIsChosenFromByMouse()
     {
         open();

@@ -20,13 +20,8 @@ private Q_SLOTS:
     void everyTextOfTheThemeCanBeRead()
     {
         QFETCH(bool, dark);
-        QQmlComponent component(&m_main->engine());
-        component.setData("import QtQml; import Quillon.Shared\n"
-                          "QtObject { property QtObject theme: Theme }",
-                          {});
-        const std::unique_ptr<QObject> holder(component.create());
-        QVERIFY2(holder, qPrintable(component.errorString()));
-        auto *const theme = holder->property("theme").value<QObject *>();
+        QObject *const theme = findTheme();
+        QVERIFY(theme);
         theme->setProperty("dark", dark);
         const auto color = [&](const char *name) { return theme->property(name).value<QColor>(); };
         const auto over = [](const QColor &top, const QColor &bottom, float opacity = 1) {
@@ -54,6 +49,32 @@ private Q_SLOTS:
             }
         }
         theme->setProperty("dark", m_appearance->isDark());
+    }
+
+    void withoutMotionWhatComesIsThereAtOnce()
+    {
+        QObject *const theme = findTheme();
+        QVERIFY(theme && theme->property("animates").toBool());
+        for (const bool animates : {false, true}) {
+            theme->setProperty("animates", animates);
+            state().isFetching = true;
+            // At once, before any frame: else it is only about to come.
+            QCOMPARE(item("fetching") != nullptr, !animates);
+            WAIT_FOR(item("fetching"));
+            state().isFetching = false;
+            WAIT_FOR(!item("fetching"));
+        }
+    }
+
+private:
+    QObject *findTheme()
+    {
+        QQmlComponent component(&m_main->engine());
+        component.setData("import QtQml; import Quillon.Shared\n"
+                          "QtObject { property QtObject theme: Theme }",
+                          {});
+        const std::unique_ptr<QObject> holder(component.create());
+        return holder ? holder->property("theme").value<QObject *>() : nullptr;
     }
 };
 

@@ -30,6 +30,7 @@ private Q_SLOTS:
         m_appearance = std::make_unique<Appearance>(*m_fixture.preferences, m_system);
         m_main = std::make_unique<MainWindow>(*m_app, *m_appearance, makeThumbnails(), extras());
         m_window = m_main->window();
+        m_window->resize(960, 720); // also on a screen that is smaller
         QVERIFY(QTest::qWaitForWindowExposed(m_window));
     }
 
@@ -206,6 +207,36 @@ protected:
         }
         const QPointF centre = target->mapToScene({target->width() / 2, target->height() / 2});
         QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    /// Lets the pointer rest there.
+    void hover(const QQuickItem *target)
+    {
+        m_window->grabWindow(); // so that everything is in its place
+        const QPointF centre = target->mapToScene({target->width() / 2, target->height() / 2});
+        QTest::mouseMove(m_window, {1, m_window->height() - 1});
+        QTest::mouseMove(m_window, centre.toPoint());
+    }
+
+    /// What the open tooltip says; empty without one.
+    QString tip()
+    {
+        const QObject *const open = tipIn(m_window->contentItem());
+        return open ? open->property("text").toString() : QString();
+    }
+
+    /// Rows are nobody's children but their view's.
+    static const QObject *tipIn(const QQuickItem *parent)
+    {
+        const auto *const tip = parent->findChild<QObject *>(u"tip"_s, Qt::FindDirectChildrenOnly);
+        if (tip && tip->property("opened").toBool())
+            return tip;
+        const QList<QQuickItem *> children = parent->childItems();
+        for (const QQuickItem *const child : children) {
+            if (const QObject *const found = tipIn(child))
+                return found;
+        }
+        return nullptr;
     }
 
     /// As Tab does, so that a ring is shown.

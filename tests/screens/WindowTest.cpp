@@ -7,36 +7,6 @@ class WindowTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void aMenuOpensByMouseAndShowsItsCommandsOnce()
-    {
-        QQuickItem *const root = m_window->contentItem();
-        for (const AppMode mode : {AppMode::multi, AppMode::single}) {
-            click(withText(root, u"&Download"_s));
-            WAIT_FOR(withText(root, u"Toggle Mode"_s));
-            QCOMPARE(countIn(root, QRegularExpression(u"^menuCommand$"_s)), 4);
-            const QQuickItem *const start = withText(root, u"Start Download"_s);
-            QVERIFY(start && !start->isEnabled());
-            click(withText(root, u"Toggle Mode"_s));
-            WAIT_FOR(state().mode() == mode && !withText(root, u"Toggle Mode"_s));
-        }
-    }
-
-    void aMenuOpensAndIsChosenFromByAScreenReader()
-    {
-        QQuickItem *const root = m_window->contentItem();
-        const auto press = [root](const QString &text) {
-            QAccessible::queryAccessibleInterface(withText(root, text))
-                ->actionInterface()
-                ->doAction(QAccessibleActionInterface::pressAction());
-        };
-        press(u"&Download"_s);
-        WAIT_FOR(withText(root, u"Toggle Mode"_s));
-        press(u"Start Download"_s); // unavailable
-        QVERIFY(withText(root, u"Toggle Mode"_s));
-        press(u"Toggle Mode"_s);
-        WAIT_FOR(state().mode() == AppMode::multi && !withText(root, u"Toggle Mode"_s));
-    }
-
     void theContentHasItsMinimumBelowTheMenuBar()
     {
         const auto *const menuBar = m_window->property("menuBar").value<QQuickItem *>();
@@ -46,45 +16,35 @@ private Q_SLOTS:
         QCOMPARE(m_window->title(), u"Quillon"_s);
     }
 
-    void theMenusCommandsHaveTheirKeys()
+    void itOpensAsLargeAsTheScreenHasRoomFor()
     {
-        const auto press = [this](Qt::Key key) {
-            QTest::keyClick(m_window, key, Qt::ControlModifier);
-        };
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
-        focusField();
-        typeText("https://x/watch?v=i");
-        press(Qt::Key_F);
-        WAIT_FOR(shown("videoTitle") && !state().isFetching());
-        m_fixture.tool.setScript("echo '[Merger] x'\n" + m_fixture.tool.gate("go"));
-        press(Qt::Key_D);
-        WAIT_FOR(state().isDownloading() && shown("processingBar"));
-        press(Qt::Key_P);
-        QVERIFY(state().isPaused());
-        press(Qt::Key_P);
-        QVERIFY(!state().isPaused());
-        m_fixture.tool.open("go");
-        WAIT_FOR(!state().isDownloading());
-        press(Qt::Key_M);
-        QVERIFY(state().mode() == AppMode::multi);
+        QCOMPARE(openingSize({1920, 1080}), QSize(960, 720));
+        QCOMPARE(openingSize({1366, 720}), QSize(960, 680)); // 768 with a panel
+        QCOMPARE(openingSize({800, 480}), QSize(880, 600));  // never below the minimum
     }
 
-    void fetchInfoIsChosenFromTheMenuByMouse()
+    void itOpensAtThatSize()
     {
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
-        state().singleURL = u"https://x/watch?v=i"_s;
-        QQuickItem *const root = m_window->contentItem();
-        click(withText(root, u"&Download"_s));
-        WAIT_FOR(withText(root, u"Fetch Info"_s));
-        // The submit button below reads so, too.
-        const auto command = [this] {
-            QQuickItem *const found = item("menuCommand");
-            return found && found->isVisible() ? found : nullptr;
-        };
-        WAIT_FOR(command());
-        QCOMPARE(command()->property("text").toString(), u"Fetch Info"_s);
-        click(command());
-        WAIT_FOR(shown("videoTitle"));
+        const QSize expected = openingSize(m_window->screen()->availableSize());
+        const MainWindow another(*m_app, *m_appearance, makeThumbnails(), {});
+        QCOMPARE(another.window()->width(), expected.width());
+        QCOMPARE(another.window()->height(), expected.height());
+    }
+
+    void whatLeavesThePageGivesItsRoomWhileItLeaves()
+    {
+        state().isFetching = true;
+        WAIT_FOR(shown("fetching"));
+        const QQuickItem *place = item("fetching");
+        while (!place->property("presence").isValid())
+            place = place->parentItem();
+        const auto presence = [place] { return place->property("presence").toDouble(); };
+        WAIT_FOR(presence() == 1);
+        const double room = place->height();
+        QVERIFY(room > 50);
+        state().isFetching = false;
+        WAIT_FOR(presence() < 0.95);
+        QVERIFY(place->height() <= room * presence() + 1);
     }
 
     void returnInTheFieldFetchesAlsoWhileTheButtonIsDisabled()

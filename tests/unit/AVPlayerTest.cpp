@@ -143,6 +143,18 @@ private Q_SLOTS:
         QCOMPARE(engine()->sought.size(), 1);
     }
 
+    void soughtBeyondItsEndItIsStillPlayedAgain()
+    {
+        m_player->replaceCurrentItem(AVPlayerItem{m_address});
+        engine()->events.statusChanged({.position = 10, .duration = 10});
+        engine()->events.ended();
+        m_player->seek(15);
+        QVERIFY(m_player->hasEnded());
+        m_player->togglePause();
+        QCOMPARE(engine()->sought.last(), 0.0);
+        QVERIFY(!engine()->isPaused);
+    }
+
     void anItemThatBreaksIsGone()
     {
         const QSignalSpy spy(m_player.get(), &AVPlayer::failed);

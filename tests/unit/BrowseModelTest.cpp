@@ -92,8 +92,8 @@ private Q_SLOTS:
         state().browseDownloadStatuses =
             AppState::DownloadStatuses{{u"a_mp3"_s, DownloadStatus::failed(u"No space\n"_s)},
                                        {u"a_mp4"_s, DownloadStatus::done(u"/x"_s)}};
-        QCOMPARE(text(0, BrowseModel::AudioFailureRole), u"No space"_s);
-        QCOMPARE(text(0, BrowseModel::VideoFailureRole), QString());
+        QCOMPARE(text(0, BrowseModel::AudioSpokenRole), u"Failed, press to try again: No space"_s);
+        QCOMPARE(text(0, BrowseModel::VideoSpokenRole), u"Done"_s);
     }
 
     void rowsThatAreNotThereDoNothing()

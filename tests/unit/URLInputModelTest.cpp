@@ -169,6 +169,27 @@ private Q_SLOTS:
         QCOMPARE(state().singleURL(), u"x"_s);
     }
 
+    void clearingAndAddingAreEditsToo()
+    {
+        m_fixture->tool.setScript("exit 1");
+        URLInputModel input(state());
+        for (const AppMode mode : {AppMode::multi, AppMode::browse}) {
+            state().mode = mode;
+            input.edit(u"x"_s);
+            state().fetchAsPlaylist = true;
+            input.clearURL();
+            QVERIFY(!state().fetchAsPlaylist());
+        }
+        state().mode = AppMode::multi;
+        input.edit(u"x"_s);
+        state().fetchAsPlaylist = true;
+        input.handleSubmit();
+        QVERIFY(!state().fetchAsPlaylist());
+        state().fetchAsPlaylist = true;
+        input.handleSubmit(); // the text is empty and stays so
+        QVERIFY(state().fetchAsPlaylist());
+    }
+
     void returnGoesPastTheEnablingRule()
     {
         URLInputModel input(state());

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "AssignmentRecorder.h"
 #include "StateFixture.h"
 
 #include <QSignalSpy>
@@ -31,6 +32,30 @@ private Q_SLOTS:
         QVERIFY(!tool().calls().first().contains(u"--cookies-from-browser"_s));
         QCOMPARE(ids(), QStringList({u"a"_s, u"b"_s}));
         QCOMPARE(state().browseSearchQuery(), u"  wooden boats \n"_s);
+    }
+
+    void aSearchAssignsInItsOrder()
+    {
+        AssignmentRecorder recorder(state());
+        state().searchYouTube();
+        QCOMPARE(recorder.take(), QStringList({u"isBrowseSearching"_s, u"browseSearchError"_s}));
+        WAIT_FOR(!state().isBrowseSearching());
+        QCOMPARE(recorder.take(), QStringList({u"browseResults"_s, u"isBrowseSearching"_s}));
+        tool().setScript("exit 1");
+        search();
+        QCOMPARE(recorder.take().last(2),
+                 QStringList({u"browseSearchError"_s, u"isBrowseSearching"_s}));
+    }
+
+    void aDownloadAssignsInItsOrder()
+    {
+        tool().setScript("exit 0");
+        const QStringList both{u"browseDownloadStatuses"_s, u"browseDownloadProgress"_s};
+        AssignmentRecorder recorder(state());
+        state().browseDownload(result(u"a"_s), false);
+        QCOMPARE(recorder.take(), both);
+        WAIT_FOR(!state().history().isEmpty());
+        QCOMPARE(recorder.take(), QStringList({u"browseDownloadStatuses"_s, u"history"_s}));
     }
 
     void aBlankQueryStartsNothingAndLeavesTheError()

@@ -23,15 +23,17 @@ public Q_SLOTS:
     QStringList GetCapabilities() const { return capabilities; }
     uint Notify(const QString & /*program*/, uint /*replaced*/, const QString & /*icon*/,
                 const QString & /*title*/, const QString &body, const QStringList & /*actions*/,
-                const QVariantMap & /*hints*/, int /*lifetime*/)
+                const QVariantMap &hints, int /*lifetime*/)
     {
         bodies.append(body);
+        lastHints = hints;
         return 1;
     }
 
 public:
     QStringList capabilities;
     QStringList bodies;
+    QVariantMap lastHints;
 };
 
 } // namespace
@@ -74,6 +76,7 @@ private Q_SLOTS:
         notifier.post({.identifier = u"i"_s, .title = u"T"_s, .body = u"a <b> & c"_s});
         WAIT_FOR(m_notifications.bodies.size() == 1);
         QTEST(m_notifications.bodies.first(), "body");
+        QCOMPARE(m_notifications.lastHints[u"sound-name"_s].toString(), u"message-new-instant"_s);
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.Notifications"_s));
     }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "StateFixture.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -41,7 +43,12 @@ private Q_SLOTS:
     void theFirstStartHasTheDefaultSettings()
     {
         QVERIFY(!QFile::exists(m_fixture->preferences->path()));
-        QCOMPARE(m_fixture->state->historyLimit(), 50);
+        const AppState &state = *m_fixture->state;
+        QCOMPARE(state.downloadDir(), QString());
+        QCOMPARE(state.historyLimit(), 50);
+        QCOMPARE(state.speedLimit(), u"0"_s);
+        QCOMPARE(state.notificationsEnabled(), true);
+        QCOMPARE(state.cookiesBrowser(), u"none"_s);
     }
 
     void savedSettingsSurviveARestart()
@@ -53,7 +60,14 @@ private Q_SLOTS:
         state.cookiesBrowser = u"firefox"_s;
         state.historyLimit = 100;
         state.saveSettings();
-        m_fixture->restart();
+        m_fixture->restart([](const QString &path) {
+            const QJsonObject stored = QJsonDocument::fromJson(contentOf(path)).object();
+            QVERIFY(stored[u"quillon.downloadDir"].isString());
+            QVERIFY(stored[u"quillon.historyLimit"].isDouble());
+            QVERIFY(stored[u"quillon.speedLimit"].isString());
+            QVERIFY(stored[u"quillon.notifications"].isBool());
+            QVERIFY(stored[u"quillon.cookiesBrowser"].isString());
+        });
         QCOMPARE(m_fixture->state->downloadDir(), u"~/Movies"_s);
         QCOMPARE(m_fixture->state->speedLimit(), u"5M"_s);
         QCOMPARE(m_fixture->state->notificationsEnabled(), false);
@@ -147,8 +161,10 @@ private Q_SLOTS:
         state.historyLimit = 25;
         state.saveSettings();
         QCOMPARE(state.history().size(), 100);
+        const AppState::History before = state.history();
         state.addToHistory(record(99));
-        QCOMPARE(state.history().size(), 25);
+        QCOMPARE(state.history(), AppState::History({state.history().first()}) + before.first(24));
+        QCOMPARE(state.history().first().title, u"99"_s);
     }
 
     void theHistoryComesBackExactly()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "AssignmentRecorder.h"
 #include "StateFixture.h"
 
 #include <QSignalSpy>
@@ -50,10 +51,25 @@ private Q_SLOTS:
         state().playBrowseResult(result(u"a"_s));
         QVERIFY(!state().nowPlaying());
         QVERIFY(!state().isLoadingStream());
+        const qint64 first = tool().processIdentifiers().last();
         tool().open("late");
-        WAIT_FOR(!isAlive(tool().processIdentifiers().last()));
-        QCoreApplication::processEvents();
-        QVERIFY(!engine());
+        WAIT_FOR(!isAlive(first));
+        // The answer of another one comes after its own.
+        tool().setScript("echo http://media/b.mp4");
+        play(u"b"_s);
+        QCOMPARE(played(), QStringList{u"http://media/b.mp4"_s});
+    }
+
+    void choosingAndStoppingAssignInTheirOrder()
+    {
+        AssignmentRecorder recorder(state());
+        const QStringList all{u"nowPlaying"_s, u"isLoadingStream"_s, u"playerError"_s};
+        state().playBrowseResult(result(u"a"_s));
+        QCOMPARE(recorder.take(), all);
+        WAIT_FOR(!state().isLoadingStream());
+        QCOMPARE(recorder.take(), QStringList{u"isLoadingStream"_s});
+        state().stopPlayback();
+        QCOMPARE(recorder.take(), all);
     }
 
     void anAddressThatComesTooLateIsIgnoredAndItsToolRunsToItsEnd()

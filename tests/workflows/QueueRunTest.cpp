@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "AssignmentRecorder.h"
 #include "QueueFixture.h"
 #include "QuillonApp.h"
 
@@ -8,6 +9,32 @@ class QueueRunTest : public QueueFixture
     Q_OBJECT
 
 private Q_SLOTS:
+    void aRunAssignsInItsOrder()
+    {
+        add({u"https://x/1"_s});
+        AssignmentRecorder recorder(state());
+        state().startQueueDownload();
+        QCOMPARE(recorder.take(),
+                 QStringList({u"isQueueDownloading"_s, u"isPaused"_s, u"totalDownloadCount"_s,
+                              u"currentDownloadIndex"_s}));
+        WAIT_FOR(!state().isQueueDownloading());
+        QCOMPARE(recorder.take(),
+                 QStringList({u"currentDownloadIndex"_s, u"currentDownloadTitle"_s, u"history"_s,
+                              u"isQueueDownloading"_s, u"isPaused"_s, u"currentDownloadTitle"_s,
+                              u"currentDownloadIndex"_s, u"totalDownloadCount"_s}));
+    }
+
+    void anEntryWithoutInfoIsRecordedByItsAddress()
+    {
+        state().queue = {std::make_shared<DownloadItem>(u"https://x/1"_s)};
+        state().startQueueDownload();
+        WAIT_FOR(!state().isQueueDownloading());
+        const HistoryItem record = state().history().first();
+        QCOMPARE(record.title, u"https://x/1"_s);
+        QCOMPARE(record.url, u"https://x/1"_s);
+        QCOMPARE(record.thumbnailURL, QString());
+    }
+
     void anEmptyQueueDoesNotStart()
     {
         const QSignalSpy spy(&state(), &AppState::isQueueDownloadingChanged);
@@ -295,9 +322,14 @@ private Q_SLOTS:
             script("case $LAST in */1) " + tool().gate("queue") + ";; *) " + single + ";; esac"));
         state().startSingleDownload();
         WAIT_FOR(tool().calls().size() == 2);
-        state().isPaused = true;
+        const qint64 first = tool().processIdentifiers().last();
+        WAIT_FOR(state().service.activeProcess()
+                 && state().service.activeProcess()->processIdentifier() == first);
+        state().togglePause();
+        WAIT_FOR(stateOf(first) == "T");
         state().startQueueDownload();
         QVERIFY(!state().isPaused());
+        WAIT_FOR(stateOf(first) != "T");
         WAIT_FOR(tool().calls().size() == 3);
         QCOMPARE(state().currentDownloadTitle(), u"Title of https://x/1"_s);
         tool().open("queue");

@@ -254,6 +254,8 @@ private Q_SLOTS:
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
         WAIT_FOR(tool().calls().size() == 1);
+        state().singleURL = u"https://x/"_s;
+        state().selectedPlaylistItems = AppState::EntrySelection{u"a"_s};
         AssignmentRecorder recorder(state());
         state().resetDownload();
         QCOMPARE(recorder.take(),
@@ -263,8 +265,23 @@ private Q_SLOTS:
                               u"totalDownloadCount"_s}));
         QVERIFY(!state().isDownloading());
         QVERIFY(state().singleInfo().has_value());
+        QCOMPARE(state().singleURL(), u"https://x/"_s);
+        QCOMPARE(state().selectedPlaylistItems(), AppState::EntrySelection{u"a"_s});
         tool().open("go");
         WAIT_FOR(!state().history().isEmpty());
+    }
+
+    void aSecondStartInMidRunIsNotRefused()
+    {
+        tool().setScript(tool().gate("go"));
+        state().singleInfo = StateFixture::video(u"a"_s);
+        state().startSingleDownload();
+        WAIT_FOR(tool().calls().size() == 1);
+        state().startSingleDownload();
+        WAIT_FOR(tool().calls().size() == 2);
+        tool().open("go");
+        tool().open("go");
+        WAIT_FOR(state().history().size() == 2);
     }
 
 private:

@@ -31,10 +31,4 @@ Window {
 
         onActivated: root.close()
     }
-
-    Shortcut {
-        sequences: ["Ctrl+Q"]
-
-        onActivated: Qt.quit()
-    }
 }

@@ -6,29 +6,15 @@ import Quillon.Shared
 BaseButton {
     id: root
 
-    required property string failure
     required property bool isAudio
     required property string label
     required property real progress
+    required property string spoken
     required property string status
 
     property bool isTabStop: true
 
     readonly property bool isRunning: status === "downloading" || status === "processing"
-    readonly property string spoken: {
-        switch (status) {
-        case "downloading":
-            return "Downloading " + Math.round(progress * 100) + "%";
-        case "processing":
-            return "Processing";
-        case "done":
-            return "Done";
-        case "failed":
-            return "Failed, press to try again: " + failure;
-        default:
-            return "";
-        }
-    }
     readonly property string symbol: {
         switch (status) {
         case "done":

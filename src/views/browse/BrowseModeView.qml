@@ -11,13 +11,14 @@ Column {
 
     leftPadding: Theme.margin
     rightPadding: Theme.margin
-    spacing: 10
     topPadding: 8
+
+    readonly property real gap: 10
 
     readonly property real innerWidth: width - leftPadding - rightPadding
     // What the page, which has margins of its own, has left for what stands in the
     // place of results.
-    readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - (panel.isPresent ? player.height + spacing : 0)
+    readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - player.height
     readonly property bool showsResults: browse.area === BrowseModel.Area.Results
 
     Component.onDestruction: panel.stop()
@@ -36,13 +37,20 @@ Column {
         shown: panel.isPresent
         width: root.innerWidth
 
-        BrowsePlayerPanel {
-            objectName: "playerPanel"
-            panel: panel
+        Item {
+            height: playerPanel.height + root.gap
             width: root.innerWidth
 
-            onDismissed: if (rows.count > 0)
-                rows.view.forceActiveFocus(Qt.TabFocusReason)
+            BrowsePlayerPanel {
+                id: playerPanel
+
+                objectName: "playerPanel"
+                panel: panel
+                width: root.innerWidth
+
+                onDismissed: if (rows.count > 0)
+                    rows.view.forceActiveFocus(Qt.TabFocusReason)
+            }
         }
     }
 
@@ -57,6 +65,8 @@ Column {
     BrowsePlaceholder {
         height: Math.max(implicitHeight, root.room)
         subtitle: browse.errorText
+        isAlert: true
+        objectName: "searchFailed"
         symbol: "exclamationmark.triangle"
         title: "Search failed"
         visible: browse.area === BrowseModel.Area.Failed
@@ -65,6 +75,7 @@ Column {
 
     BrowsePlaceholder {
         height: Math.max(implicitHeight, root.room)
+        objectName: "searchEmpty"
         subtitle: "Type a query above and press Search"
         symbol: "magnifyingglass"
         title: "Search YouTube"
@@ -73,6 +84,7 @@ Column {
     }
 
     PlainText {
+        bottomPadding: root.gap
         color: Theme.secondary
         leftPadding: 4
         objectName: "resultCount"

@@ -10,6 +10,11 @@ Item {
     property string title
     property string subtitle
     property bool loading: false
+    property bool isAlert: false
+
+    Accessible.ignored: !isAlert
+    Accessible.name: title + ": " + subtitle
+    Accessible.role: Accessible.AlertMessage
 
     implicitHeight: content.height + 96
 
@@ -17,8 +22,6 @@ Item {
         id: content
 
         anchors.centerIn: parent
-        // A little above the middle is where the eye looks for it.
-        anchors.verticalCenterOffset: -16
         spacing: 10
         width: parent.width
 

@@ -56,7 +56,7 @@ Card {
 
     // What is stopped is not shown anywhere.
     Connections {
-        function onChanged() {
+        function onPresenceChanged() {
             if (!root.panel.isPresent)
                 root.comeBack();
         }
@@ -167,7 +167,7 @@ Card {
             }
         }
 
-        PlainText {
+        LineText {
             anchors.left: next.right
             anchors.leftMargin: 12
             anchors.right: video.left
@@ -187,7 +187,7 @@ Card {
             isAudio: false
             label: "MP4"
             objectName: "panelVideo"
-            failure: root.panel.videoFailure
+            spoken: root.panel.videoSpoken
             progress: root.panel.videoProgress
             status: root.panel.videoStatus
 
@@ -203,7 +203,7 @@ Card {
             isAudio: true
             label: "MP3"
             objectName: "panelAudio"
-            failure: root.panel.audioFailure
+            spoken: root.panel.audioSpoken
             progress: root.panel.audioProgress
             status: root.panel.audioStatus
 

@@ -12,10 +12,10 @@ ListRow {
     required property string thumbnailURL
     required property bool isNowPlaying
     required property string videoStatus
-    required property string videoFailure
+    required property string videoSpoken
     required property real videoProgress
     required property string audioStatus
-    required property string audioFailure
+    required property string audioSpoken
     required property real audioProgress
 
     signal downloaded(isAudio: bool)
@@ -109,8 +109,9 @@ ListRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 4
 
-        PlainText {
+        LineText {
             font.weight: Font.Medium
+            objectName: "rowTitle"
             text: root.title
             width: parent.width
 
@@ -120,7 +121,7 @@ ListRow {
         Row {
             spacing: 12
 
-            PlainText {
+            LineText {
                 color: Theme.secondary
                 size: 12
                 text: root.uploader
@@ -154,7 +155,7 @@ ListRow {
             isTabStop: root.isCurrent
             label: "MP4"
             objectName: "video" + root.index
-            failure: root.videoFailure
+            spoken: root.videoSpoken
             progress: root.videoProgress
             status: root.videoStatus
 
@@ -166,7 +167,7 @@ ListRow {
             isTabStop: root.isCurrent
             label: "MP3"
             objectName: "audio" + root.index
-            failure: root.audioFailure
+            spoken: root.audioSpoken
             progress: root.audioProgress
             status: root.audioStatus
 

@@ -7,7 +7,8 @@ import Quillon.Shared
 Rectangle {
     id: root
 
-    required property AVPlayer player
+    required property PlayerPanelModel panel
+    readonly property AVPlayer player: panel.player
     property bool isFullScreen: false
     property bool isPictureInPicture: false
     // Not all fit into a small window.
@@ -15,14 +16,6 @@ Rectangle {
 
     signal fullScreenToggled
     signal pictureInPictureToggled
-
-    function clock(seconds: real): string {
-        const whole = Math.max(0, Math.floor(seconds));
-        const rest = n => String(n).padStart(2, "0");
-        const hours = Math.floor(whole / 3600);
-        const minutes = Math.floor(whole / 60) % 60;
-        return hours > 0 ? hours + ":" + rest(minutes) + ":" + rest(whole % 60) : minutes + ":" + rest(whole % 60);
-    }
 
     height: 72
     gradient: Gradient {
@@ -61,7 +54,7 @@ Rectangle {
             color: Theme.overAccent
             objectName: "elapsed"
             size: 12
-            text: root.clock(root.player.position)
+            text: root.panel.elapsed
         }
 
         PlayerSlider {
@@ -111,7 +104,7 @@ Rectangle {
                 objectName: "total"
                 rightPadding: 6
                 size: 12
-                text: root.clock(root.player.duration)
+                text: root.panel.total
             }
 
             PlayerButton {

@@ -118,12 +118,19 @@ FocusScope {
         Accessible.role: Accessible.AlertMessage
     }
 
+    // A handler's cursor would change with the next move only.
+    MouseArea {
+        acceptedButtons: Qt.NoButton
+        anchors.fill: parent
+        cursorShape: root.isFullScreen && !root.showsControls ? Qt.BlankCursor : Qt.ArrowCursor
+    }
+
     PlayerControls {
         id: controls
 
         anchors.bottom: parent.bottom
         opacity: root.showsControls ? 1 : 0
-        player: root.player
+        panel: root.panel
         radius: root.radius
         visible: opacity > 0
         width: parent.width

@@ -50,15 +50,16 @@ ListRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
 
-        PlainText {
+        LineText {
             font.weight: Font.Medium
+            objectName: "rowTitle"
             text: root.title
             width: parent.width
 
             Accessible.ignored: true
         }
 
-        PlainText {
+        LineText {
             color: Theme.secondary
             size: 11
             text: root.date + "  ·  " + root.details

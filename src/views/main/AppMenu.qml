@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import QtQuick.Templates as T
+import Quillon
 import Quillon.Shared
 
 // A menu of the menu bar; its entries show their shortcuts. They are drawn up when
@@ -79,7 +80,7 @@ T.Menu {
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
                 color: Theme.at(parent.color, 0.75)
-                text: item.action?.shortcut ?? ""
+                text: (item.action as AppCommand)?.keys ?? ""
 
                 Accessible.ignored: true
             }

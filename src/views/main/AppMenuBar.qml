@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Quillon
 import Quillon.Shared
 
-// The commands of the program, with Ctrl where other desktops have Command.
+// The commands of the program.
 T.MenuBar {
     id: root
 
@@ -58,7 +58,7 @@ T.MenuBar {
     AppMenu {
         title: "&Quillon"
 
-        T.Action {
+        AppCommand {
             text: "About Quillon"
 
             onTriggered: root.aboutRequested()
@@ -66,8 +66,8 @@ T.MenuBar {
 
         AppMenuSeparator {}
 
-        T.Action {
-            shortcut: "Ctrl+Q"
+        AppCommand {
+            keys: "Ctrl+Q"
             text: "Quit"
 
             onTriggered: Qt.quit()
@@ -77,24 +77,24 @@ T.MenuBar {
     AppMenu {
         title: "&Download"
 
-        T.Action {
-            shortcut: "Ctrl+F"
+        AppCommand {
+            keys: "Ctrl+F"
             text: "Fetch Info"
 
             onTriggered: root.app.fetchInfo()
         }
 
-        T.Action {
+        AppCommand {
             enabled: root.app.canStartDownload
-            shortcut: "Ctrl+D"
+            keys: "Ctrl+D"
             text: "Start Download"
 
             onTriggered: root.app.startDownload()
         }
 
-        T.Action {
+        AppCommand {
             enabled: root.app.canPause
-            shortcut: "Ctrl+P"
+            keys: "Ctrl+P"
             text: root.app.pauseTitle
 
             onTriggered: root.app.togglePause()
@@ -102,8 +102,8 @@ T.MenuBar {
 
         AppMenuSeparator {}
 
-        T.Action {
-            shortcut: "Ctrl+M"
+        AppCommand {
+            keys: "Ctrl+M"
             text: "Toggle Mode"
 
             onTriggered: root.app.toggleMode()

@@ -15,12 +15,10 @@ T.ApplicationWindow {
     required property ToolModel tool
 
     // The content's own minimum is 880 by 600; the menu bar comes on top.
-    height: 720
     minimumHeight: 600 + (menuBar?.height ?? 0)
     minimumWidth: 880
     title: "Quillon"
     visible: true
-    width: 960
 
     color: Theme.window
     // For the folder chooser that stands in where the desktop has none of its own.

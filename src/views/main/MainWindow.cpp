@@ -4,7 +4,16 @@
 #include "Appearance.h"
 #include "QmlTypes.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
+
+QSize openingSize(const QSize &available)
+{
+    constexpr QSize standard(960, 720);
+    constexpr QSize smallest(880, 600);
+    constexpr QSize frame(0, 40); // about what window managers draw around it
+    return standard.boundedTo(available - frame).expandedTo(smallest);
+}
 
 MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails,
                        Extras extras)
@@ -16,8 +25,11 @@ MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProvide
     QObject::connect(&m_engine, &QQmlEngine::quit, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     m_component.loadUrl(QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
+    const QSize size = openingSize(QGuiApplication::primaryScreen()->availableSize());
     m_root.reset(m_component.createWithInitialProperties(
-        {{QStringLiteral("app"), QVariant::fromValue(&app)},
+        {{QStringLiteral("width"), size.width()},
+         {QStringLiteral("height"), size.height()},
+         {QStringLiteral("app"), QVariant::fromValue(&app)},
          {QStringLiteral("appearance"), QVariant::fromValue(&appearance)},
          {QStringLiteral("notices"), QVariant::fromValue(extras.notices)},
          {QStringLiteral("tool"), QVariant::fromValue(extras.tool)}}));
@@ -35,7 +47,9 @@ QQuickWindow *MainWindow::window() const
 
 void MainWindow::bringForward() const
 {
-    window()->show();
+    // show() would also undo that it is maximized.
+    if (window()->windowStates() & Qt::WindowMinimized)
+        window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
     window()->raise();
     window()->requestActivate();
 }

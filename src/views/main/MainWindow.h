@@ -13,6 +13,10 @@ class QQmlImageProviderBase;
 class QuillonApp;
 class ToolModel;
 
+/// How large the window opens on a screen that has so much room for it, in pixels that do
+/// not depend on its density.
+QSize openingSize(const QSize &available);
+
 /// The one window, with the engine behind it, which takes the application's quit from
 /// the screens. Main thread; the program and its appearance must outlive it.
 class MainWindow
@@ -37,6 +41,7 @@ public:
     [[nodiscard]] QString errors() const { return m_component.errorString(); }
     [[nodiscard]] QQmlEngine &engine() { return m_engine; }
 
+    /// As it is, but for one that is minimized.
     void bringForward() const;
 
 private:

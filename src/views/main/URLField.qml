@@ -48,6 +48,7 @@ FocusScope {
         anchors.right: parent.right
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
+        enabled: root.text !== "" // not while it fades
         help: "Clear"
         implicitHeight: 22
         implicitWidth: 22

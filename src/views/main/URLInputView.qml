@@ -74,7 +74,13 @@ FocusScope {
             symbol: input.buttonIcon
             text: input.buttonLabel
 
-            onClicked: input.handleSubmit()
+            // Disabled, it would keep the keyboard nowhere.
+            onClicked: {
+                const byKeyboard = visualFocus;
+                input.handleSubmit();
+                if (byKeyboard && !enabled)
+                    field.forceActiveFocus(Qt.TabFocusReason);
+            }
         }
     }
 

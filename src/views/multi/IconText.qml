@@ -11,6 +11,7 @@ Item {
     property bool pressable: false
     property string symbol
     property string text
+    property string whole: text
 
     signal pressed
 
@@ -26,13 +27,15 @@ Item {
         visible: root.symbol !== ""
     }
 
-    PlainText {
+    LineText {
         id: label
 
+        objectName: "line"
         color: root.color
         font.underline: hover.hovered && root.pressable
         size: 12
         text: root.text
+        whole: root.whole
         width: Math.min(implicitWidth, root.width - x)
         x: icon.visible ? icon.width + 5 : 0
 
@@ -42,11 +45,6 @@ Item {
             id: hover
 
             cursorShape: root.pressable ? Qt.PointingHandCursor : Qt.ArrowCursor
-        }
-
-        HelpTip {
-            text: label.truncated ? root.text : ""
-            wanted: hover.hovered
         }
 
         TapHandler {

@@ -16,6 +16,12 @@ Column {
 
     readonly property real innerWidth: width - leftPadding - rightPadding
 
+    // Where nothing is left, the keyboard goes to the last stop before.
+    function leaveEmptyQueue() {
+        if (queue.count === 0)
+            rows.nextItemInFocusChain(false).forceActiveFocus(Qt.TabFocusReason);
+    }
+
     QueueModel {
         id: queue
     }
@@ -74,7 +80,12 @@ Column {
             objectName: "clearQueue"
             text: "Clear done"
 
-            onClicked: run.clear()
+            onClicked: {
+                const byKeyboard = visualFocus;
+                run.clear();
+                if (byKeyboard)
+                    root.leaveEmptyQueue();
+            }
         }
     }
 
@@ -104,7 +115,12 @@ Column {
             objectName: "queue" + index
             width: rows.cellWidth
 
-            onRemoved: queue.remove(index)
+            onRemoved: {
+                const hadKeyboard = activeFocus;
+                queue.remove(index);
+                if (hadKeyboard)
+                    root.leaveEmptyQueue();
+            }
             onRevealed: queue.reveal(index)
         }
     }

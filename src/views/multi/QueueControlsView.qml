@@ -100,7 +100,7 @@ Card {
                     text: root.run.position
                 }
 
-                PlainText {
+                LineText {
                     anchors.left: position.right
                     anchors.leftMargin: 10
                     anchors.right: parent.right

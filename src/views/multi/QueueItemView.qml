@@ -8,8 +8,10 @@ ListRow {
 
     required property string title
     required property string thumbnailURL
+    required property string symbol
     required property string status
     required property string statusLine
+    required property string statusText
     required property string badge
     required property real progress
     required property bool canReveal
@@ -27,6 +29,7 @@ ListRow {
         return hasFailed ? Theme.at(Theme.red, opacity) : "transparent";
     }
 
+    Accessible.description: statusText !== statusLine ? statusText : ""
     Accessible.name: title + ", " + mark.spoken + (statusLine !== "" ? ", " + statusLine : "")
 
     onActivated: revealed()
@@ -48,7 +51,7 @@ ListRow {
 
         anchors.verticalCenter: parent.verticalCenter
         height: 45
-        placeholder: "play.rectangle.fill"
+        placeholder: root.symbol
         radius: 6
         url: root.thumbnailURL
         width: 80
@@ -63,8 +66,9 @@ ListRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 3
 
-        PlainText {
+        LineText {
             font.weight: Font.Medium
+            objectName: "rowTitle"
             text: root.title
             width: parent.width
 
@@ -73,10 +77,12 @@ ListRow {
 
         IconText {
             color: root.hasFailed ? Theme.red : Theme.secondary
+            objectName: "statusLine"
             pressable: root.canReveal
             symbol: root.canReveal ? "folder.fill" : ""
             text: root.statusLine
             visible: text !== ""
+            whole: root.statusText
             width: parent.width
 
             onPressed: root.revealed()

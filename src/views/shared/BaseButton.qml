@@ -14,6 +14,14 @@ T.AbstractButton {
     property int ringRadius: Theme.radius
     property bool showsRing: visualFocus
 
+    // What is hidden takes no keys. Late, for those who hand the keyboard on.
+    function dropKeys() {
+        if (!visible)
+            focus = false;
+    }
+
+    onVisibleChanged: Qt.callLater(dropKeys)
+
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding

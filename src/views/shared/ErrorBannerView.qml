@@ -6,16 +6,13 @@ import Quillon.Shared
 Rectangle {
     id: root
 
-    property string message
-    // The tool ends its messages with a line break, which is no line to show; and of
-    // megabytes nobody reads the rest.
-    readonly property string text: message.slice(0, 10000).trim()
+    property string text
 
     color: Theme.at(Theme.redFill, 0.88)
     implicitHeight: label.implicitHeight + 22
     radius: Theme.radius
 
-    Accessible.name: text.slice(0, 4000)
+    Accessible.name: text
     Accessible.role: Accessible.AlertMessage
 
     SymbolIcon {

@@ -29,7 +29,7 @@ T.ToolTip {
         radius: Theme.smallRadius
     }
     contentItem: PlainText {
-        maximumLineCount: 8
+        maximumLineCount: 30
         size: 12
         text: root.text
         wrapMode: Text.Wrap

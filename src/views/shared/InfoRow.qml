@@ -19,7 +19,7 @@ Item {
         symbol: root.icon
     }
 
-    PlainText {
+    LineText {
         id: label
 
         color: Theme.secondary

@@ -16,7 +16,7 @@ T.ComboBox {
 
     implicitHeight: 28
     leftPadding: 10
-    rightPadding: 26
+    rightPadding: 24
 
     Accessible.description: displayText
     Accessible.name: label
@@ -40,7 +40,11 @@ T.ComboBox {
             shown: root.visualFocus
         }
     }
+    // In fonts that run wide the longest choice is drawn smaller rather than cut.
     contentItem: PlainText {
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 10
+        objectName: "choice"
         text: root.displayText
 
         Accessible.ignored: true

@@ -2,8 +2,9 @@
 import QtQuick
 import Quillon.Shared
 
-// Lets its content enter and leave with a fade, and by sliding from the top edge
-// if wanted.
+// Lets its content enter and leave with a fade, and enter by sliding from the top edge
+// if wanted. While it leaves, its room goes to what follows, so that nothing jumps when it
+// has left.
 Item {
     id: root
 
@@ -12,10 +13,13 @@ Item {
     property bool shown: false
     property bool slides: false
 
-    clip: slides && presence < 1
+    // Of its room, what it takes now.
+    readonly property real share: slides || !shown ? presence : 1
+
+    clip: share < 1
     enabled: shown
-    implicitHeight: holder.height * (slides ? presence : 1)
-    implicitWidth: holder.childrenRect.width
+    implicitHeight: holder.height * share
+    implicitWidth: (holder.childrenRect.x + holder.childrenRect.width) * share
     visible: presence > 0
 
     Behavior on presence {

@@ -63,8 +63,9 @@ Column {
         Row {
             id: actions
 
+            readonly property real gap: 10
+
             height: parent.height
-            spacing: 10
 
             PushButton {
                 id: download
@@ -90,6 +91,7 @@ Column {
                     id: pause
 
                     height: actions.height
+                    x: actions.gap
                     help: section.pauseHelp
                     iconSize: 14
                     objectName: "pause"
@@ -109,6 +111,7 @@ Column {
                     id: show
 
                     height: actions.height
+                    x: actions.gap
                     objectName: "showInFinder"
                     symbol: "folder.fill"
                     text: "Show in Finder"
@@ -122,8 +125,11 @@ Column {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             shown: section.chipText !== ""
+            width: chip.width
 
             StatusChip {
+                id: chip
+
                 objectName: "statusChip"
 
                 // What it says stays until it has left.
@@ -160,7 +166,7 @@ Column {
             symbol: "music.note.list"
         }
 
-        PlainText {
+        LineText {
             id: title
 
             text: section.runLineTitle

@@ -13,7 +13,7 @@ ErrorBannerView {
         id: model
     }
 
-    Binding on message {
+    Binding on text {
         restoreMode: Binding.RestoreNone
         value: model.error
         when: model.hasError

@@ -55,7 +55,7 @@ Card {
                 anchors.verticalCenter: parent.verticalCenter
                 spacing: 3
 
-                PlainText {
+                LineText {
                     font.weight: Font.DemiBold
                     objectName: "playlistTitle"
                     size: 14

@@ -17,6 +17,7 @@ BaseButton {
     checkable: true
     checked: isSelected
     focusPolicy: Qt.ClickFocus // for Tab, the grid is one stop
+    help: label.truncated ? title : ""
     leftPadding: 8
     rightPadding: 8
     showsRing: activeFocus && focusReason !== Qt.MouseFocusReason
@@ -81,6 +82,8 @@ BaseButton {
         }
 
         PlainText {
+            id: label
+
             maximumLineCount: 2
             size: 11
             text: root.title
