@@ -17,7 +17,7 @@ if(QUILLON_SANITIZERS)
     target_compile_options(quillon_options INTERFACE
         -fsanitize=${QUILLON_SANITIZERS} -fno-omit-frame-pointer
         # Instrumented code makes the compiler see uninitialized optionals that are none.
-        -Wno-maybe-uninitialized)
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(quillon_options INTERFACE -fsanitize=${QUILLON_SANITIZERS})
 endif()
 

@@ -70,12 +70,12 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     QGuiApplication::setDesktopFileName(QStringLiteral("quillon"));
     QGuiApplication application(argc, argv);
     chooseFont();
-    readFontsAhead();
 
     // Before the preferences are read: one that is about to end may still write them.
     SingleInstance instance(QFileInfo(Preferences::standardPath()).path());
     if (!instance.isFirst())
         return 0;
+    readFontsAhead(); // not in one that ends at once: its fonts would go before that is done
     Preferences &preferences = Preferences::standard();
 
     const TerminationSignals terminationSignals;

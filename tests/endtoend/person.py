@@ -116,11 +116,18 @@ class Person:
 
     def maximize(self):
         """By a double click on its title."""
-        place = dict(line.split("=") for line in self.desktop.run(
-            "xdotool", "getwindowgeometry", "--shell", self.window).split())
-        self.desktop.run("xdotool", "mousemove", str(int(place["X"]) + 300), str(int(place["Y"]) - 8),
+        place = re.search(r"Absolute upper-left X: *(\d+)\n *Absolute upper-left Y: *(\d+)",
+                          self.desktop.run("xwininfo", "-id", self.window))
+        self.desktop.run("xdotool", "mousemove", str(int(place[1]) + 300), str(int(place[2]) - 10),
                          "click", "--repeat", "2", "--delay", "60", "1")
         wait_until(self.is_maximized, "the window to be maximized")
+
+    def has_keyboard(self) -> bool:
+        """Whether the window itself knows that it is the active one."""
+        from gi.repository import Atspi
+        frame = self._find(self._application(), lambda node, _states: node.get_role_name() == "frame")
+        frame.clear_cache()
+        return frame.get_state_set().contains(Atspi.StateType.ACTIVE)
 
     def is_in_front(self) -> bool:
         """Whether it is the active one, on the workspace that is shown."""

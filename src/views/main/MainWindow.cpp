@@ -52,4 +52,7 @@ void MainWindow::bringForward() const
         window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
     window()->raise();
     window()->requestActivate();
+    // Window managers may refuse it, for one on another workspace say.
+    if (!window()->isActive())
+        window()->alert(0);
 }
