@@ -271,6 +271,17 @@ class Browse(Case):
         wait_until(lambda: not person.look_for("Close player"), "the player to go")
         wait_until(lambda: not person.tools(), "the tools to end")
 
+    def test_paused_and_moved_to_its_end_it_goes_on_to_the_next(self):
+        self.play_first()
+        self.person.tab_to("Video", "shift+Tab")
+        self.person.desktop.keys("space")
+        wait_until(lambda: "Paused" in self.told("PlaybackStatus"), "the pause")
+        self.person.desktop.keys("Right", "Right")
+        wait_until(lambda: self.position() >= 5.9e6, "the end")
+        self.person.desktop.keys("space")
+        self.person.see("2 / 13")
+        self.check_plays()
+
     def test_the_desktops_media_control_and_the_media_keys(self):
         person = self.person
         self.assertFalse(self.is_awake())
@@ -299,6 +310,10 @@ class Browse(Case):
         self.check_plays()
         person.desktop.keys("XF86AudioPlay")
         wait_until(lambda: "Paused" in self.told("PlaybackStatus"), "the pause")
+        person.maximize()
+        self.media_control("org.mpris.MediaPlayer2.Raise")
+        wait_until(person.is_in_front, "the window to come forward")
+        self.assertTrue(person.is_maximized())
         self.control("Stop")
         wait_until(lambda: not person.look_for("Close player"), "the player to go")
         self.assertNotIn("org.mpris", person.desktop.run(

@@ -135,6 +135,8 @@ def main() -> int:
     parser.add_argument("operations", type=int, nargs="?", default=500)
     parser.add_argument("seconds", type=int, nargs="?", default=1800)
     options = parser.parse_args()
+    if options.operations < 60:
+        parser.error("fewer than 60 operations tell nothing")
     soak = Soak()
     kinds = [soak.fetch, soak.fetch_that_fails, soak.download, soak.download_of_sound,
              soak.download_that_fails, soak.queue, soak.search, soak.play, soak.history]
