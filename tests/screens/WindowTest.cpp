@@ -35,16 +35,28 @@ private Q_SLOTS:
     {
         state().isFetching = true;
         WAIT_FOR(shown("fetching"));
-        const QQuickItem *place = item("fetching");
-        while (!place->property("presence").isValid())
-            place = place->parentItem();
-        const auto presence = [place] { return place->property("presence").toDouble(); };
-        WAIT_FOR(presence() == 1);
+        const QQuickItem *const place = revealOf("fetching");
+        WAIT_FOR(presenceOf(place) == 1);
         const double room = place->height();
         QVERIFY(room > 50);
         state().isFetching = false;
-        WAIT_FOR(presence() < 0.95);
-        QVERIFY(place->height() <= room * presence() + 1);
+        WAIT_FOR(presenceOf(place) < 0.95);
+        QVERIFY(place->height() <= room * presenceOf(place) + 1);
+    }
+
+    void whatLeavesARowGivesItsRoomWhileItLeaves()
+    {
+        state().singleInfo = video();
+        WAIT_FOR(shown("download"));
+        state().isDownloading = true;
+        WAIT_FOR(shown("pause"));
+        const QQuickItem *const place = revealOf("pause");
+        WAIT_FOR(presenceOf(place) == 1);
+        const double room = place->width();
+        QVERIFY(room > 30);
+        state().isDownloading = false;
+        WAIT_FOR(presenceOf(place) < 0.95);
+        QVERIFY(place->width() <= room * presenceOf(place) + 1);
     }
 
     void returnInTheFieldFetchesAlsoWhileTheButtonIsDisabled()
@@ -283,6 +295,21 @@ private Q_SLOTS:
         info.duration = 61;
         state().singleInfo = info;
         WAIT_FOR(shown("durationBadge"));
+    }
+
+private:
+    /// What lets it enter and leave.
+    QQuickItem *revealOf(const char *name)
+    {
+        QQuickItem *place = item(name);
+        while (!place->property("presence").isValid())
+            place = place->parentItem();
+        return place;
+    }
+
+    static double presenceOf(const QQuickItem *place)
+    {
+        return place->property("presence").toDouble();
     }
 };
 

@@ -90,7 +90,7 @@ class Rounds:
 
     def browse(self, names: list[str], is_audio: bool):
         self.person.click("Browse")
-        self.person.see("Search YouTube...")
+        self.person.click("Search YouTube...")
         self.fill_field(names[0])
         self.person.click("MP3" if is_audio else "MP4", row=f"Test video {names[0]}")
 

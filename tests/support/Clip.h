@@ -9,6 +9,20 @@
 
 #include <optional>
 
+/// The picture of one of ffmpeg's sources, as a stream that others can be put behind.
+inline QByteArray madeStream(const QString &source)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("stream.ts"));
+    QProcess::execute(QStringLiteral("ffmpeg"),
+                      QStringLiteral("-v error -f lavfi -i %1 -c:v libx264 -preset ultrafast "
+                                     "-pix_fmt yuv420p %2")
+                          .arg(source, path)
+                          .split(u' '));
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// A moving picture with a tone, as an mp4 that may be played from its beginning;
 /// empty if ffmpeg cannot make it. The tone may be longer than the picture.
 inline QByteArray madeClip(double seconds, QSize size = {320, 180},

@@ -86,6 +86,15 @@ private Q_SLOTS:
         QCOMPARE(data(0, BrowseModel::AudioProgressRole).toDouble(), 0.0);
     }
 
+    void aSpokenPercentageIsCutOff()
+    {
+        fill({u"a"_s});
+        state().browseDownloadStatuses = AppState::DownloadStatuses{
+            {u"a_mp4"_s, DownloadStatus::downloading(0.996, QString(), QString())}};
+        state().browseDownloadProgress = AppState::DownloadFractions{{u"a_mp4"_s, 0.996}};
+        QCOMPARE(text(0, BrowseModel::VideoSpokenRole), u"Downloading 99%"_s);
+    }
+
     void whatFailedSaysWhy()
     {
         fill({u"a"_s});

@@ -31,6 +31,17 @@ private Q_SLOTS:
             QVERIFY(isBlack(each));
     }
 
+    void aSizeThatBecomesAbsurdInMidStreamIsNotDecoded()
+    {
+        load("growing.ts");
+        WAIT_FOR(m_ends == 1 || !m_failures.isEmpty());
+        QVERIFY(!m_pictures.isEmpty() && !isBlack(m_pictures.first()));
+        for (const QImage &each : std::as_const(m_pictures)) {
+            const QColor middle = each.pixelColor(each.rect().center());
+            QVERIFY(middle.red() < 200 || middle.green() > 60 || middle.blue() > 60);
+        }
+    }
+
     void theNumbersOfTheStreamBeforeAreNotToldOfTheNext()
     {
         load("long.mp4");

@@ -85,6 +85,10 @@ protected:
             send(socket, request, "");
         else if (path == "/long.mp4")
             send(socket, request, m_longClip);
+        else if (path == "/growing.ts")
+            send(socket, request,
+                 madeStream(u"testsrc=size=320x180:duration=1"_s)
+                     + madeStream(u"color=red:size=8000x5100:rate=1:duration=1"_s));
         else if (path == "/huge.mp4")
             send(socket, request, madeClip(1, {8000, 5100}, u"mjpeg"_s, 1));
         else if (path == "/long-sound.mp4")

@@ -28,6 +28,9 @@ private Q_SLOTS:
         WAIT_FOR(m_ends == 1 || !m_failures.isEmpty());
         QCOMPARE(m_failures, QStringList());
         const QByteArray sound = heard(path, 1, false);
+        // Without a clock one picture a second is left behind by more than any clock would.
+        if (seconds < 3)
+            QCOMPARE(m_failures, QStringList());
         const double samples = static_cast<double>(sound.size()) / sizeof(qint16);
         QVERIFY2(samples > (seconds - 0.1) * 44100, qPrintable(QString::number(samples)));
     }

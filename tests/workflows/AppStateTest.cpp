@@ -198,6 +198,13 @@ private Q_SLOTS:
         QVERIFY(posted[0].identifier != posted[1].identifier);
     }
 
+    void aNotificationHasNoOverridesOfDirection()
+    {
+        m_fixture->state->sendCompleteNotification(u"song\u202E3pm.exe \u2067x"_s, 1);
+        QCOMPARE(m_fixture->desktop.notifier->posted.first().body,
+                 u"\"song3pm.exe \u2067x\u2069\" downloaded successfully"_s);
+    }
+
     void withNotificationsOffThereIsNoSoundEither()
     {
         m_fixture->state->notificationsEnabled = false;

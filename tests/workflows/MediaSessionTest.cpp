@@ -75,6 +75,18 @@ private Q_SLOTS:
         QCOMPARE(playerProperty(u"CanSeek"_s), true);
     }
 
+    void titlesAreToldWithoutOverridesOfDirection()
+    {
+        SearchResult hostile = result(u"b"_s);
+        hostile.title = u"song\u202E3pm.exe"_s;
+        hostile.uploader = u"Some\nbody"_s;
+        state().playBrowseResult(hostile);
+        WAIT_FOR(!state().isLoadingStream());
+        const auto metadata = qdbus_cast<QVariantMap>(playerProperty(u"Metadata"_s));
+        QCOMPARE(metadata[u"xesam:title"_s], u"song3pm.exe"_s);
+        QCOMPARE(metadata[u"xesam:artist"_s].toStringList(), QStringList{u"Some body"_s});
+    }
+
     void whatIsUnknownIsLeftOut()
     {
         SearchResult bare;

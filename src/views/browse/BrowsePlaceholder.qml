@@ -14,7 +14,7 @@ Item {
 
     Accessible.ignored: !isAlert
     Accessible.name: title + ": " + subtitle
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: isAlert ? Accessible.AlertMessage : Accessible.Grouping
 
     implicitHeight: content.height + 96
 
