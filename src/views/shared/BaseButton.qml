@@ -15,12 +15,12 @@ T.AbstractButton {
     property bool showsRing: visualFocus
 
     // What is hidden takes no keys. Late, for those who hand the keyboard on.
-    function dropKeys() {
-        if (!visible)
-            focus = false;
+    Binding on focus {
+        delayed: true
+        restoreMode: Binding.RestoreNone
+        value: false
+        when: !root.visible
     }
-
-    onVisibleChanged: Qt.callLater(dropKeys)
 
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true

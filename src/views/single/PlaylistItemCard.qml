@@ -11,13 +11,14 @@ BaseButton {
     required property string duration
     required property bool isSelected
 
+    property bool isTitleCut: false
     readonly property real thumbnailHeight: (width - 16) * 9 / 16
 
     bottomPadding: 8
     checkable: true
     checked: isSelected
     focusPolicy: Qt.ClickFocus // for Tab, the grid is one stop
-    help: label.truncated ? title : ""
+    help: isTitleCut ? title : ""
     leftPadding: 8
     rightPadding: 8
     showsRing: activeFocus && focusReason !== Qt.MouseFocusReason
@@ -82,14 +83,14 @@ BaseButton {
         }
 
         PlainText {
-            id: label
-
             maximumLineCount: 2
             size: 11
             text: root.title
             width: parent.width
             wrapMode: Text.Wrap
             y: root.thumbnailHeight + 6
+
+            onTruncatedChanged: root.isTitleCut = truncated
 
             Accessible.ignored: true
         }
