@@ -86,8 +86,9 @@ void AVPlayer::seek(double position)
         return;
     const double last = m_status.duration > 0 ? m_status.duration : position;
     const double target = std::clamp(position, 0.0, std::max(0.0, last));
+    // There it is already, and stays ready to be played again.
     if (m_hasEnded && m_status.duration > 0 && target >= m_status.duration)
-        return;                 // it is there, and stays ready to be played again
+        return;
     m_status.position = target; // at once, for the one who drags
     m_hasEnded = false;
     m_engine->seek(target);

@@ -146,6 +146,7 @@ void MpvEngine::seek(double position)
 {
     // Before it has begun to play, mpv forgets it.
     m_seekLater = m_hasBegun ? std::nullopt : std::optional(position);
+    m_status.position = position;
     if (m_hasBegun)
         command({"seek", QByteArray::number(position, 'f', 3), "absolute"});
 }
@@ -217,7 +218,8 @@ void MpvEngine::take(const mpv_event &event)
         takeProperty(*static_cast<const mpv_event_property *>(event.data));
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
-        if (event.error >= 0 && event.reply_userdata == m_loadNumber)
+        // Else it has been sought elsewhere, where mpv may not have arrived yet.
+        if (event.error >= 0 && event.reply_userdata == m_loadNumber && isNearEnd())
             takeProperty(*static_cast<const mpv_event_property *>(event.data));
         break;
     case MPV_EVENT_LOG_MESSAGE: {
@@ -260,8 +262,7 @@ void MpvEngine::takeEndReached(bool isReached)
     if (!isReached)
         return;
     // A connection that is lost looks like an end, too.
-    if (m_status.duration > 0
-        && m_status.duration - m_status.position > endTolerance(m_status.duration)) {
+    if (!isNearEnd()) {
         m_complaint = QStringLiteral("the connection was lost");
         m_failure.start();
         return;
@@ -269,6 +270,12 @@ void MpvEngine::takeEndReached(bool isReached)
     m_status.position = std::max(m_status.position, m_status.duration);
     tellStatus();
     m_events.ended();
+}
+
+bool MpvEngine::isNearEnd() const
+{
+    return m_status.duration <= 0
+        || m_status.duration - m_status.position <= endTolerance(m_status.duration);
 }
 
 void MpvEngine::takeEnd(const mpv_event_end_file &end)

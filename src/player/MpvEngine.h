@@ -50,6 +50,7 @@ private:
     void takeProperty(const mpv_event_property &property);
     void takeEnd(const mpv_event_end_file &end);
     void takeEndReached(bool isReached);
+    [[nodiscard]] bool isNearEnd() const;
     void tellStatus();
     void fail();
     void forget();

@@ -78,6 +78,19 @@ private Q_SLOTS:
         QVERIFY(m_failures.isEmpty());
     }
 
+    void soughtBackFromItsEndAndResumedItPlaysOn()
+    {
+        load("clip.mp4");
+        WAIT_FOR(m_status.position > 0.3);
+        m_engine->setPaused(true);
+        m_engine->seek(m_status.duration);
+        WAIT_FOR(m_status.position > 2.5 && !m_status.isBuffering);
+        m_engine->seek(0.5);
+        m_engine->setPaused(false);
+        WAIT_FOR(m_ends > 0 || (m_status.position > 1 && m_status.position < 2.5));
+        QCOMPARE(m_ends, 0);
+    }
+
     void pausedItKeepsItsPlaceAndShowsWhereItIsSought()
     {
         m_engine->setPaused(true);
