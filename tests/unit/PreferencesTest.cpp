@@ -204,7 +204,7 @@ private Q_SLOTS:
         preferences.setString(u"a"_s, u"b"_s);
         preferences.flush();
         QFile::remove(m_path);
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path), 30000);
+        QVERIFY(QTest::qWaitFor([&path] { return QFile::exists(path); }, 30000));
         QCOMPARE(Preferences(path).string(u"a"_s), u"b"_s);
     }
 
