@@ -9,6 +9,7 @@
 #include "SystemAppearance.h"
 #include "ThumbnailProvider.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
@@ -16,6 +17,7 @@
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QUrl>
 
 #include <algorithm>
 #include <chrono>
@@ -100,7 +102,8 @@ public:
         m_app.emplace(AppStateParts{.service = &m_service,
                                     .preferences = &m_preferences,
                                     .platform = m_desktop.services()});
-        m_main.emplace(*m_app, m_appearance, new ThumbnailProvider, MainWindow::Extras());
+        m_main.emplace(*m_app, m_appearance, new ThumbnailProvider(siteOfTheDesktop()),
+                       MainWindow::Extras());
         m_window = m_main->window();
         QObject::connect(m_window, &QQuickWindow::frameSwapped, m_window,
                          [this] { m_lastFrame = wallClock(), ++m_frames; });
@@ -108,6 +111,16 @@ public:
     }
 
 protected:
+    /// Where run.py's video site is, which may be asked for pictures although it is local.
+    static PictureSource siteOfTheDesktop()
+    {
+        QFile file(QDir::homePath() + u"/.config/quillon-site"_s);
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        const QUrl site(QString::fromUtf8(file.readAll().trimmed()));
+        return {.exception = site.authority()};
+    }
+
     AppState &state() { return m_app->state(); }
 
     void letToolPrint(const QString &file)
