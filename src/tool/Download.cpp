@@ -90,9 +90,6 @@ QString Download::failure() const
 {
     if (m_reply->error() == QNetworkReply::NoError)
         return {};
-    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status >= firstError)
-        return QStringLiteral("the server answered %1").arg(status);
     if (m_reply->error() == QNetworkReply::OperationCanceledError
         || m_reply->error() == QNetworkReply::TimeoutError)
         return QStringLiteral("nothing came for %1 seconds")
