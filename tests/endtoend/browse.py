@@ -112,6 +112,7 @@ class Browse(Case):
         self.check_plays()
         person.see("2 / 13", 30)  # by itself
         self.check_plays()
+        self.control("Pause")  # else it might be over before the click
         person.click("Next")
         person.see("3 / 13")
         person.click("Previous")  # while the other one resolves
@@ -174,7 +175,9 @@ class Browse(Case):
         wait_until(lambda: person.focused() == "MP3", "the row's MP3")
         keys("Return")
         person.tab_to(THIRD, "shift+Tab")
-        keys("Down", "Tab")
+        keys("Down")
+        wait_until(lambda: person.focused() == FOURTH, "the next row")
+        keys("Tab")
         wait_until(lambda: person.focused() == "MP4", "the next row's MP4")
         keys("Return")
         self.check_downloads()
