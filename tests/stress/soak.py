@@ -152,6 +152,9 @@ def main() -> int:
                 return 1
             if kind == soak.history:  # always in the same place of the round
                 samples.append(soak.sample())
+                memory, threads, descriptors = samples[-1]
+                print(f"operation {number + 1}: {memory / MEGABYTE:.1f} MB, {threads} threads, "
+                      f"{descriptors} descriptors", flush=True)
             ahead = start + (number + 1) * options.seconds / options.operations - time.monotonic()
             time.sleep(max(0, ahead))
         complaints = soak.person.complaints()
