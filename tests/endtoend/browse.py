@@ -210,7 +210,7 @@ class Browse(Case):
         person.click("Full screen")
         window = wait_until(self.player_window, "the player's window")
         wait_until(lambda: "FULLSCREEN" in self.state_of(window), "the whole screen")
-        person.desktop.run("xdotool", "mousemove", "--sync", "600", "400", "click", "--repeat", "2",
+        person.desktop.run("xdotool", "mousemove", "600", "400", "click", "--repeat", "2",
                            "--delay", "60", "1")
         wait_until(lambda: not self.player_window(), "the player to be back")
         self.check_plays()

@@ -302,7 +302,7 @@ class Person:
         place = None
         while place != (place := self._place(control)) or self._turns_wheel_for(place):
             self.desktop.run("sleep", "0.1")
-        self.desktop.run("xdotool", "mousemove", "--sync", str(place[0]), str(place[1]), "click", "1")
+        self.desktop.run("xdotool", "mousemove", str(place[0]), str(place[1]), "click", "1")
 
     def hover(self, name: str):
         """Over a control, or over the row whose name begins so."""
@@ -310,7 +310,7 @@ class Person:
             return node.get_name() == name or node.get_name().startswith(name + ", ")
 
         place = self._place(wait_until(lambda: self._find(self._application(), matches), name))
-        self.desktop.run("xdotool", "mousemove", "--sync", str(place[0]), str(place[1]))
+        self.desktop.run("xdotool", "mousemove", str(place[0]), str(place[1]))
 
     def _turns_wheel_for(self, place) -> bool:
         geometry = dict(line.split("=") for line in self.desktop.run(
@@ -318,7 +318,7 @@ class Person:
         left, top, height = (int(geometry[key]) for key in ("X", "Y", "HEIGHT"))
         if place[1] < top + height - 40:
             return False
-        self.desktop.run("xdotool", "mousemove", "--sync", str(left + 8), str(top + height - 60),
+        self.desktop.run("xdotool", "mousemove", str(left + 8), str(top + height - 60),
                          "click", "5")
         return True
 
