@@ -64,7 +64,7 @@ public:
 
     void compareHistories()
     {
-        state().singleInfo = AppState::Info();
+        state().singleInfo = std::nullopt;
         QList<double> adding[2];
         QList<double> starting[2];
         for (int round = 0; round < rounds; ++round) {
@@ -101,7 +101,7 @@ public:
 private:
     void fetch(const QString &output, QList<double> &delays, QList<double> &stalls)
     {
-        state().singleInfo = AppState::Info();
+        state().singleInfo = std::nullopt;
         waitMilliseconds(600);
         letToolPrint(output);
         state().singleURL = u"https://x/playlist?list=x"_s;

@@ -69,8 +69,8 @@ public:
                 const double allBefore = processorTime(CLOCK_PROCESS_CPUTIME_ID);
                 const double ownBefore = processorTime(CLOCK_THREAD_CPUTIME_ID);
                 for (int report = 0; report < reports; ++report) {
-                    item->status = DownloadStatus::downloading(double(report) / reports,
-                                                               u"1.00MiB/s"_s, u"00:01"_s);
+                    item->status =
+                        Status::Downloading{double(report) / reports, u"1.00MiB/s"_s, u"00:01"_s};
                     waitForFrame();
                 }
                 all[which].append((processorTime(CLOCK_PROCESS_CPUTIME_ID) - allBefore) / reports);
@@ -105,7 +105,7 @@ private:
         const int wanted = lines(file) + placeholders - 1;
         waitFor([&] {
             return state().queue().size() == wanted
-                && state().queue().first()->status() == DownloadStatus::waiting();
+                && state().queue().first()->status() == DownloadStatus(Status::Waiting{});
         });
         waitMilliseconds(500);
         return heartbeat.longest();
@@ -122,9 +122,9 @@ private:
         for (int number = 0; number < count; ++number)
             state().addURLToQueue(u"https://x/more%1"_s.arg(number));
         waitFor([&] {
-            const AppState::Queue &queue = state().queue;
+            const AppState::Queue &queue = state().queue();
             return std::all_of(queue.end() - count, queue.end(), [](const auto &item) {
-                return item->status() == DownloadStatus::waiting();
+                return item->status() == DownloadStatus(Status::Waiting{});
             });
         });
         waitMilliseconds(300);
@@ -175,8 +175,8 @@ private:
         waitFor([this] { return !state().isQueueDownloading(); });
         const double seconds = milliseconds(clock.nsecsElapsed()) / 1000;
         for (const auto &item : state().queue()) {
-            if (item->status().kind() != DownloadStatus::Case::done)
-                qFatal("%s", qPrintable(item->status().message()));
+            if kindOf ((item->status()) != StatusKind::Done)
+                qFatal("%s", qPrintable(messageOf(item->status())));
         }
         return seconds;
     }
@@ -193,9 +193,9 @@ private:
                 environment.insert(entry.key(), entry.value());
             tool.setProcessEnvironment(environment);
             tool.start(m_service.ytdlpPath(),
-                       downloadArguments({.cookiesBrowser = state().cookiesBrowser,
-                                          .speedLimit = state().speedLimit,
-                                          .quality = state().multiQuality,
+                       downloadArguments({.cookiesBrowser = state().cookiesBrowser(),
+                                          .speedLimit = state().speedLimit(),
+                                          .quality = state().multiQuality(),
                                           .folder = m_folder.filePath(u"bare%1"_s.arg(round)),
                                           .address = address(number)}));
             if (!tool.waitForFinished(-1) || tool.exitCode() != 0)

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <fuzzer/FuzzedDataProvider.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What other programs may ask for by the media control.
@@ -20,7 +22,7 @@ void call(MprisPlayer &player, FuzzedDataProvider &from)
         player.setVolume(from.ConsumeFloatingPoint<double>());
         break;
     case 2: {
-        const QVariant own = player.metadata()[QStringLiteral("mpris:trackid")];
+        const QVariant own = player.metadata()[u"mpris:trackid"_s];
         const QDBusObjectPath other(QString::fromStdString(from.ConsumeRandomLengthString(64)));
         const bool isOwn = from.ConsumeBool();
         player.SetPosition(isOwn ? own.value<QDBusObjectPath>() : other,
@@ -54,7 +56,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     static char *arguments[] = {name, nullptr};
     static const QCoreApplication application(count, arguments);
     FuzzedDataProvider from(data, size);
-    MediaControl control(QDBusConnection(QStringLiteral("none")));
+    MediaControl control(QDBusConnection(u"none"_s));
     MprisPlayer player(&control);
     // Of a stream that claims whatever it likes.
     control.show({.id = textFrom(from),

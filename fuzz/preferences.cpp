@@ -6,18 +6,19 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString keys[] = {
-    QStringLiteral("quillon.downloadDir"), QStringLiteral("quillon.historyLimit"),
-    QStringLiteral("quillon.speedLimit"), QStringLiteral("quillon.notifications"),
-    QStringLiteral("quillon.history.v2")};
+const QString keys[] = {u"quillon.downloadDir"_s, u"quillon.historyLimit"_s,
+                        u"quillon.speedLimit"_s, u"quillon.notifications"_s,
+                        u"quillon.history.v2"_s};
 
 QVariantList valuesOf(const Preferences &preferences)
 {
     QVariantList values;
     for (const QString &key : keys) {
-        values.append(preferences.string(key).value_or(QStringLiteral("none")));
+        values.append(preferences.string(key).value_or(u"none"_s));
         values.append(preferences.integer(key));
         values.append(preferences.boolean(key).value_or(false));
         values.append(preferences.blob(key).value_or("none"));
@@ -33,8 +34,8 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     static int count = 0;
     static char *no = nullptr;
     static const QCoreApplication application(count, &no);
-    static const QTemporaryDir folder(QStringLiteral("/dev/shm/quillon-fuzz-XXXXXX"));
-    const QString path = folder.filePath(QStringLiteral("preferences.json"));
+    static const QTemporaryDir folder(u"/dev/shm/quillon-fuzz-XXXXXX"_s);
+    const QString path = folder.filePath(u"preferences.json"_s);
     QFile file(path);
     expect(file.open(QIODevice::WriteOnly));
     file.write(input(data, size));
@@ -44,7 +45,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     {
         Preferences preferences(path);
         before = valuesOf(preferences);
-        preferences.setString(QStringLiteral("other"), QStringLiteral("value"));
+        preferences.setString(u"other"_s, u"value"_s);
         preferences.flush();
     }
     expect(valuesOf(Preferences(path)) == before);

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What a download's output leads to when it comes in pieces of these sizes, in turn.
@@ -15,7 +17,7 @@ QStringList told(const QByteArray &output, const QByteArray &sizes)
             expect(std::isfinite(fraction));
             events.append(QString::number(fraction) + u' ' + speed + u' ' + eta);
         },
-        [&events] { events.append(QStringLiteral("processing")); });
+        [&events] { events.append(u"processing"_s); });
     qsizetype at = 0;
     for (qsizetype piece = 0; at < output.size(); ++piece) {
         const auto size = sizes.isEmpty()

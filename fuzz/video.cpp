@@ -2,10 +2,12 @@
 #include "Fuzz.h"
 #include "Metadata.h"
 
+using namespace Qt::StringLiterals;
+
 // What the tool prints for one video.
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const QString address = QStringLiteral("https://example.org/");
+    const QString address = u"https://example.org/"_s;
     const Reply<VideoInfo> reply = videoFromOutput(input(data, size), address);
     if (const auto *const info = std::get_if<VideoInfo>(&reply)) {
         expect(!info->isPlaylist && info->originalURL == address);

@@ -4,7 +4,7 @@
 #include "Appearance.h"
 #include "MainWindow.h"
 #include "MediaSession.h"
-#include "NoticeModel.h"
+#include "NoticePresenter.h"
 #include "Preferences.h"
 #include "QuillonApp.h"
 #include "SingleInstance.h"
@@ -12,7 +12,7 @@
 #include "TerminationSignals.h"
 #include "ThumbnailProvider.h"
 #include "ToolKeeper.h"
-#include "ToolModel.h"
+#include "ToolPresenter.h"
 
 #include <QFileInfo>
 #include <QFont>
@@ -24,6 +24,8 @@
 #include <QTimer>
 
 #include <malloc.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -44,7 +46,7 @@ void chooseFont()
 {
     QFont font = QGuiApplication::font();
     if (font.family().startsWith(u"Sans") || font.family().startsWith(u"DejaVu")) {
-        font.setFamilies({QStringLiteral("Inter"), font.family()});
+        font.setFamilies({u"Inter"_s, font.family()});
         QGuiApplication::setFont(font);
     }
 }
@@ -70,7 +72,7 @@ void afterFirstFrame(const QQuickWindow &window, QObject &context, Action action
 // In all the sizes that a desktop takes.
 void drawIcon()
 {
-    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
+    QGuiApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
 }
 
 } // namespace
@@ -78,9 +80,9 @@ void drawIcon()
 int runProgram(int argc, char *argv[], const ProgramSetup &setup)
 {
     shareOneHeap();
-    QGuiApplication::setApplicationName(QStringLiteral("quillon"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillon"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("quillon"));
+    QGuiApplication::setApplicationName(u"quillon"_s);
+    QGuiApplication::setApplicationDisplayName(u"Quillon"_s);
+    QGuiApplication::setDesktopFileName(u"quillon"_s);
     QGuiApplication application(argc, argv);
     chooseFont();
 
@@ -94,7 +96,7 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     const TerminationSignals terminationSignals;
     const SystemAppearance systemAppearance;
     Appearance appearance(preferences, systemAppearance);
-    QuillonApp app;
+    QuillonApp app(AppStateParts::standard());
     MediaControl mediaControl;
     SleepInhibitor sleepInhibitor;
     const MediaSession mediaSession(app.state(), mediaControl, sleepInhibitor);
@@ -102,8 +104,8 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     ToolKeeper::Parts toolParts = ToolKeeper::Parts::standard();
     toolParts.source = setup.releases;
     ToolKeeper toolKeeper(app.state(), preferences, toolParts);
-    ToolModel toolModel(toolKeeper);
-    NoticeModel notices(toolKeeper);
+    ToolPresenter toolModel(toolKeeper);
+    NoticePresenter notices(toolKeeper);
 
     const MainWindow mainWindow(app, appearance, new ThumbnailProvider(setup.pictures),
                                 {.notices = &notices, .tool = &toolModel});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AppState.h"
 
+#include "Closing.h"
 #include "Preferences.h"
 
 AppStateParts AppStateParts::standard()
@@ -41,12 +42,18 @@ AppState::~AppState()
 
 void AppState::spawn(std::function<QCoro::Task<>()> start)
 {
-    ++m_runningTasks;
-    m_mailbox->post([this, start = std::move(start)] {
-        if (m_isClosing)
-            --m_runningTasks;
-        else
-            lookAfter(start());
+    postUnlessClosing([this, start = std::move(start)] {
+        ++m_runningTasks;
+        lookAfter(start());
+    });
+}
+
+void AppState::postUnlessClosing(std::function<void()> action)
+{
+    // Of a state that is gone the mailbox is closed, and drops this.
+    m_mailbox->post([this, action = std::move(action)] {
+        if (!m_isClosing)
+            action();
     });
 }
 
@@ -54,6 +61,7 @@ QCoro::Task<> AppState::lookAfter(QCoro::Task<> task)
 {
     try {
         co_await task;
+    } catch (const Closing & /*everything*/) {
     } catch (const std::exception &error) {
         qCritical("A task ended with an error that nobody expected: %s", error.what());
     }

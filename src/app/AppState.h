@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "AVPlayer.h"
 #include "AppMode.h"
 #include "DownloadItem.h"
 #include "DownloadStatus.h"
-#include "DownloadUIStatus.h"
 #include "HistoryItem.h"
 #include "Mailbox.h"
 #include "MediaFormat.h"
+#include "MediaPlayer.h"
 #include "PlatformServices.h"
 #include "Published.h"
 #include "QualityOption.h"
@@ -22,8 +21,10 @@
 #include <memory>
 #include <stop_token>
 
+using namespace Qt::StringLiterals;
+
 class Preferences;
-struct BrowseDownload;
+struct DownloadJob;
 struct QueueRun;
 struct SingleRun;
 template<typename Value>
@@ -50,9 +51,6 @@ class AppState : public QObject
     Q_OBJECT
 
 public:
-    using Text = std::optional<QString>;
-    using Info = std::optional<VideoInfo>;
-    using Result = std::optional<SearchResult>;
     using EntrySelection = QSet<QString>;
     using Queue = QList<std::shared_ptr<DownloadItem>>;
     using Results = QList<SearchResult>;
@@ -68,18 +66,18 @@ public:
     // What the window shows, and the five settings. Settings take effect when
     // they are assigned and are stored by saveSettings() alone.
     PUBLISHED(AppState, AppMode, mode, AppMode::single)
-    PUBLISHED_EDITABLE(AppState, QString, downloadDir)
-    PUBLISHED_EDITABLE(AppState, bool, showSettings, false)
-    PUBLISHED_EDITABLE(AppState, qint64, historyLimit, 50)
-    PUBLISHED_EDITABLE(AppState, QString, speedLimit, QStringLiteral("0"))
-    PUBLISHED_EDITABLE(AppState, bool, notificationsEnabled, true)
-    PUBLISHED_EDITABLE(AppState, QString, cookiesBrowser, QStringLiteral("none"))
+    PUBLISHED(AppState, QString, downloadDir)
+    PUBLISHED(AppState, bool, showSettings, false)
+    PUBLISHED(AppState, qint64, historyLimit, 50)
+    PUBLISHED(AppState, QString, speedLimit, u"0"_s)
+    PUBLISHED(AppState, bool, notificationsEnabled, true)
+    PUBLISHED(AppState, QString, cookiesBrowser, u"none"_s)
 
     // Single mode: the address, what was fetched for it, and what to download.
     PUBLISHED(AppState, QString, singleURL)
-    PUBLISHED(AppState, Info, singleInfo)
+    PUBLISHED(AppState, std::optional<VideoInfo>, singleInfo)
     PUBLISHED(AppState, bool, isFetching, false)
-    PUBLISHED(AppState, Text, fetchError)
+    PUBLISHED(AppState, std::optional<QString>, fetchError)
     PUBLISHED(AppState, MediaFormat, selectedFormat, MediaFormat::mp4)
     PUBLISHED(AppState, QualityOption, selectedQuality, QualityOption::best(MediaFormat::mp4))
     PUBLISHED(AppState, EntrySelection, selectedPlaylistItems)
@@ -90,7 +88,7 @@ public:
     PUBLISHED(AppState, double, downloadProgress, 0.0)
     PUBLISHED(AppState, QString, downloadSpeed)
     PUBLISHED(AppState, QString, downloadETA)
-    PUBLISHED(AppState, DownloadUIStatus, downloadStatus, DownloadUIStatus::idle())
+    PUBLISHED(AppState, DownloadUIStatus, downloadStatus, DownloadUIStatus(Status::Idle{}))
     PUBLISHED(AppState, bool, isPaused, false)
     PUBLISHED(AppState, QString, currentDownloadTitle)
     PUBLISHED(AppState, qint64, currentDownloadIndex, 0)
@@ -106,13 +104,13 @@ public:
 
     // Browse mode: playback, search, and downloads by result. The keys of the
     // two maps are a result's id followed by "_mp4" or "_mp3".
-    PUBLISHED(AppState, Result, nowPlaying)
+    PUBLISHED(AppState, std::optional<SearchResult>, nowPlaying)
     PUBLISHED(AppState, bool, isLoadingStream, false)
-    PUBLISHED(AppState, Text, playerError)
+    PUBLISHED(AppState, std::optional<QString>, playerError)
     PUBLISHED(AppState, QString, browseSearchQuery)
     PUBLISHED(AppState, Results, browseResults)
     PUBLISHED(AppState, bool, isBrowseSearching, false)
-    PUBLISHED(AppState, Text, browseSearchError)
+    PUBLISHED(AppState, std::optional<QString>, browseSearchError)
     PUBLISHED(AppState, DownloadStatuses, browseDownloadStatuses)
     PUBLISHED(AppState, DownloadFractions, browseDownloadProgress)
 
@@ -120,15 +118,15 @@ public:
     PUBLISHED(AppState, History, history)
 
     // Plain parts, never observed.
-    AVPlayer avPlayer;
+    MediaPlayer avPlayer;
     YTDLPService &service;
     std::optional<std::stop_source> streamLoadTask;
-    const QString historyKey = QStringLiteral("quillon.history.v2");
-    const QString settingsKey = QStringLiteral("quillon.downloadDir");
-    const QString historyLimitKey = QStringLiteral("quillon.historyLimit");
-    const QString speedLimitKey = QStringLiteral("quillon.speedLimit");
-    const QString notificationsKey = QStringLiteral("quillon.notifications");
-    const QString cookiesBrowserKey = QStringLiteral("quillon.cookiesBrowser");
+    const QString historyKey = u"quillon.history.v2"_s;
+    const QString settingsKey = u"quillon.downloadDir"_s;
+    const QString historyLimitKey = u"quillon.historyLimit"_s;
+    const QString speedLimitKey = u"quillon.speedLimit"_s;
+    const QString notificationsKey = u"quillon.notifications"_s;
+    const QString cookiesBrowserKey = u"quillon.cookiesBrowser"_s;
 
     /// Whether the single-mode address names both a video and a playlist.
     Q_PROPERTY(bool isMixedURL READ isMixedURL NOTIFY singleURLChanged)
@@ -212,28 +210,34 @@ private:
     [[nodiscard]] QCoro::Task<> fetch(QString address, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> run(SingleRun singleRun);
     [[nodiscard]] QCoro::Task<> downloadTask(SingleRun singleRun, qsizetype position);
-    /// Makes a request of the service and tells of its failure.
+    /// Makes a request of the service and tells of its failure. What awaits it while the
+    /// state closes ends there.
     template<typename Value>
     ReplyAwaiter<Value> request(std::function<void(Completion<Value>)> start);
     ReplyAwaiter<VideoInfo> requestInfo(const QString &address, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> fetchForQueue(std::shared_ptr<DownloadItem> item);
     [[nodiscard]] QCoro::Task<> runQueue(QueueRun queueRun);
     [[nodiscard]] QCoro::Task<> downloadItem(QueueRun queueRun, qsizetype position);
-    /// The handlers are called on the main thread, and no more when it closes.
-    ReplyAwaiter<QString> requestDownload(const QStringList &arguments,
-                                          const ProgressHandler &onProgress,
-                                          const ProcessingHandler &onProcessing);
+    /// What a running download reports; called on the main thread, and no more when the
+    /// state is closing.
+    struct DownloadReports
+    {
+        ProgressHandler onProgress;
+        ProcessingHandler onProcessing;
+    };
+    /// Downloads one file, with the settings of now; yields its path, or an empty one.
+    ReplyAwaiter<QString> requestDownload(const DownloadJob &job, const DownloadReports &reports);
     [[nodiscard]] QCoro::Task<> search(QString query);
     ReplyAwaiter<Results> requestSearch(const QString &query, int limit);
-    [[nodiscard]] QCoro::Task<> downloadResult(BrowseDownload download);
+    [[nodiscard]] QCoro::Task<> downloadResult(QString key, DownloadJob job);
     void setBrowseStatus(const QString &key, const DownloadStatus &status);
     void setBrowseProgress(const QString &key, double progress);
     void setupAutoPlayNext();
     [[nodiscard]] QCoro::Task<> loadStream(SearchResult result, std::stop_token task);
     ReplyAwaiter<QUrl> requestStream(const QString &videoURL);
     void cancelStreamLoad();
-    void takeProgress(double progress, const QString &speed, const QString &eta);
-    void takeProcessing();
+    void showProgress(double progress, const QString &speed, const QString &eta);
+    void showProcessing();
     void setLastReport(Report report);
     void endRun(const DownloadUIStatus &status);
     /// Ends the pause, whoever asks for it: no process stays stopped without the flag.
@@ -242,6 +246,8 @@ private:
     /// Starts a coroutine from the event loop's next turn and looks after it;
     /// `start` is not called when the state has begun to close.
     void spawn(std::function<QCoro::Task<>()> start);
+    /// Any thread.
+    void postUnlessClosing(std::function<void()> action);
     QCoro::Task<> lookAfter(QCoro::Task<> task);
 
     Preferences &m_preferences;

@@ -4,6 +4,8 @@
 #include "HistoryDocument.h"
 #include "Preferences.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 standardHistoryLimit = 50;
@@ -13,9 +15,9 @@ constexpr qint64 standardHistoryLimit = 50;
 void AppState::loadSettings()
 {
     downloadDir = m_preferences.string(settingsKey).value_or(QString());
-    speedLimit = m_preferences.string(speedLimitKey).value_or(QStringLiteral("0"));
+    speedLimit = m_preferences.string(speedLimitKey).value_or(u"0"_s);
     notificationsEnabled = m_preferences.boolean(notificationsKey).value_or(true);
-    cookiesBrowser = m_preferences.string(cookiesBrowserKey).value_or(QStringLiteral("none"));
+    cookiesBrowser = m_preferences.string(cookiesBrowserKey).value_or(u"none"_s);
     // A stored 0 means unlimited while the program runs and is not told from an
     // absent value when it starts.
     const qint64 limit = m_preferences.integer(historyLimitKey);
@@ -24,11 +26,11 @@ void AppState::loadSettings()
 
 void AppState::saveSettings()
 {
-    m_preferences.setString(settingsKey, downloadDir);
-    m_preferences.setInteger(historyLimitKey, historyLimit);
-    m_preferences.setString(speedLimitKey, speedLimit);
-    m_preferences.setBoolean(notificationsKey, notificationsEnabled);
-    m_preferences.setString(cookiesBrowserKey, cookiesBrowser);
+    m_preferences.setString(settingsKey, downloadDir());
+    m_preferences.setInteger(historyLimitKey, historyLimit());
+    m_preferences.setString(speedLimitKey, speedLimit());
+    m_preferences.setBoolean(notificationsKey, notificationsEnabled());
+    m_preferences.setString(cookiesBrowserKey, cookiesBrowser());
 }
 
 void AppState::loadHistory()
@@ -47,9 +49,9 @@ void AppState::saveHistory()
 
 void AppState::addToHistory(const HistoryItem &item)
 {
-    History records = history;
+    History records = history();
     records.prepend(item);
-    if (historyLimit >= 1 && historyLimit < records.size())
+    if (historyLimit() >= 1 && historyLimit() < records.size())
         records.erase(records.begin() + historyLimit(), records.end());
     history = std::move(records);
     saveHistory();

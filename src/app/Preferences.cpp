@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Preferences.h"
 
-#include <QCoreApplication>
+#include "ApplicationSingleton.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -15,13 +16,15 @@
 #include <semaphore>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A blob is an object with one of these members, so that it is told from text
 // and a person can still read a short one. JSON inside of JSON, with an escape
 // for every quotation mark, takes twice as long to read back as compressed.
-const QString textMember = QStringLiteral("utf8");
-const QString compressedMember = QStringLiteral("compressed");
+const QString textMember = u"utf8"_s;
+const QString compressedMember = u"compressed"_s;
 constexpr QFile::Permissions ownerAlone = QFile::ReadOwner | QFile::WriteOwner;
 constexpr qsizetype longestText = qsizetype{64} * 1024;
 
@@ -46,8 +49,6 @@ std::optional<QByteArray> blobFrom(const QJsonValue &value)
     return blob.isEmpty() ? std::nullopt : std::optional(blob);
 }
 
-Preferences *standardPreferences = nullptr;
-
 QString numberText(double number)
 {
     return QString::number(number, 'g', QLocale::FloatingPointShortest);
@@ -56,11 +57,10 @@ QString numberText(double number)
 /// A name beside the file that is not taken.
 QString asideName(const QString &path)
 {
-    const QString stamp =
-        QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    QString name = QStringLiteral("%1.damaged-%2").arg(path, stamp);
+    const QString stamp = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmss"_s);
+    QString name = u"%1.damaged-%2"_s.arg(path, stamp);
     for (int number = 2; QFile::exists(name); ++number)
-        name = QStringLiteral("%1.damaged-%2-%3").arg(path, stamp).arg(number);
+        name = u"%1.damaged-%2-%3"_s.arg(path, stamp).arg(number);
     return name;
 }
 
@@ -68,18 +68,13 @@ QString asideName(const QString &path)
 
 Preferences &Preferences::standard()
 {
-    if (!standardPreferences) {
-        standardPreferences = new Preferences(standardPath());
-        // Not at the end of the process: its thread needs the application.
-        qAddPostRoutine([] { delete std::exchange(standardPreferences, nullptr); });
-    }
-    return *standardPreferences;
+    return applicationSingleton<Preferences>([] { return new Preferences(standardPath()); });
 }
 
 QString Preferences::standardPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-        + QStringLiteral("/quillon/preferences.json");
+        + u"/quillon/preferences.json"_s;
 }
 
 Preferences::Preferences(QString path, std::chrono::milliseconds retryInterval)
@@ -106,7 +101,7 @@ std::optional<QString> Preferences::string(const QString &key) const
                                             : numberText(number);
     }
     if (value.isBool())
-        return value.toBool() ? QStringLiteral("1") : QStringLiteral("0");
+        return value.toBool() ? u"1"_s : u"0"_s;
     return {};
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "QuillonApp.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 AppStateParts authorized(AppStateParts parts)
 {
-    parts.platform.notifier->requestAuthorization();
+    parts.platform.notifier->requestPermission();
     return parts;
 }
 
@@ -21,17 +23,22 @@ QuillonApp::QuillonApp(AppStateParts parts)
 
 bool QuillonApp::canStartDownload() const
 {
-    return m_state.singleInfo() && !m_state.isDownloading;
+    return m_state.singleInfo() && !m_state.isDownloading();
 }
 
 bool QuillonApp::canPause() const
 {
-    return m_state.isDownloading;
+    return m_state.isDownloading();
 }
 
 QString QuillonApp::pauseTitle() const
 {
-    return m_state.isPaused ? QStringLiteral("Resume Download") : QStringLiteral("Pause Download");
+    return m_state.isPaused() ? u"Resume Download"_s : u"Pause Download"_s;
+}
+
+QString QuillonApp::versionText()
+{
+    return u"Version " QUILLON_VERSION ""_s;
 }
 
 void QuillonApp::fetchInfo()

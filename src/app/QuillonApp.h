@@ -11,16 +11,19 @@ class QuillonApp : public QObject
     Q_PROPERTY(bool canStartDownload READ canStartDownload NOTIFY commandsChanged)
     Q_PROPERTY(bool canPause READ canPause NOTIFY commandsChanged)
     Q_PROPERTY(QString pauseTitle READ pauseTitle NOTIFY commandsChanged)
+    Q_PROPERTY(QString versionText READ versionText CONSTANT)
 
 public:
     /// Asks for permission to notify, then makes the state.
-    explicit QuillonApp(AppStateParts parts = AppStateParts::standard());
+    explicit QuillonApp(AppStateParts parts);
 
     [[nodiscard]] AppState &state() { return m_state; }
 
     [[nodiscard]] bool canStartDownload() const;
     [[nodiscard]] bool canPause() const;
     [[nodiscard]] QString pauseTitle() const;
+    /// What the About window says of the version.
+    [[nodiscard]] static QString versionText();
 
     Q_INVOKABLE void fetchInfo();
     Q_INVOKABLE void startDownload();

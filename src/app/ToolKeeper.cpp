@@ -9,9 +9,11 @@
 #include <QDateTime>
 #include <QThreadPool>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString notNowKey = QStringLiteral("quillon.toolNotNow");
+const QString notNowKey = u"quillon.toolNotNow"_s;
 constexpr std::chrono::hours lookInterval{24}; // ages go on while the window stays open
 
 } // namespace
@@ -40,7 +42,7 @@ ToolKeeper::ToolKeeper(AppState &state, Preferences &preferences, Parts parts)
                     m_judge->lookAgain();
                 suspectAge(description);
             });
-    connect(&state.avPlayer, &AVPlayer::failed, this, &ToolKeeper::suspectAge);
+    connect(&state.avPlayer, &MediaPlayer::failed, this, &ToolKeeper::suspectAge);
     connect(&state, &AppState::showSettingsChanged, this, &ToolKeeper::look);
     // What can be repeated changes with these.
     for (const auto signal :

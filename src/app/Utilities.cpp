@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 bool AppState::isMixedURL() const
 {
     return isMixedAddress(singleURL().trimmed());
@@ -16,7 +18,7 @@ bool AppState::isMixedURL() const
 
 QString AppState::resolvedDownloadDir() const
 {
-    return downloadFolder(downloadDir, homeDirectory(), m_platform.folders->downloads());
+    return downloadFolder(downloadDir(), homeDirectory(), m_platform.folders->downloads());
 }
 
 void AppState::revealInFinder(const QString &path)
@@ -30,10 +32,10 @@ void AppState::revealInFinder(const QString &path)
 
 void AppState::sendCompleteNotification(const QString &title, qint64 count)
 {
-    if (!notificationsEnabled)
+    if (!notificationsEnabled())
         return;
     m_platform.sound->playCompletion();
     m_platform.notifier->post({.identifier = QUuid::createUuid().toString(QUuid::WithoutBraces),
-                               .title = QStringLiteral("Download Complete"),
+                               .title = u"Download Complete"_s,
                                .body = completionText(shownText(title), count)});
 }

@@ -3,15 +3,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 QString rawValue(AppMode mode)
 {
     switch (mode) {
     case AppMode::single:
-        return QStringLiteral("Single");
+        return u"Single"_s;
     case AppMode::multi:
-        return QStringLiteral("Multi");
+        return u"Multi"_s;
     case AppMode::browse:
-        return QStringLiteral("Browse");
+        return u"Browse"_s;
     }
     Q_UNREACHABLE();
 }

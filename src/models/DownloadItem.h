@@ -17,15 +17,13 @@ class DownloadItem : public QObject
     Q_OBJECT
 
 public:
-    using Info = std::optional<VideoInfo>;
-
     explicit DownloadItem(const QString &address);
 
     const QUuid id;
     const QString url; ///< as the user entered it
 
-    PUBLISHED(DownloadItem, Info, info)
-    PUBLISHED(DownloadItem, DownloadStatus, status, DownloadStatus::waiting())
+    PUBLISHED(DownloadItem, std::optional<VideoInfo>, info)
+    PUBLISHED(DownloadItem, DownloadStatus, status, DownloadStatus(Status::Waiting{}))
 
     /// The video's title, or the address while nothing more is known.
     [[nodiscard]] QString title() const;

@@ -3,60 +3,30 @@
 
 #include "Percent.h"
 
-DownloadStatus DownloadStatus::waiting()
+using namespace Qt::StringLiterals;
+
+double progressOf(const DownloadStatus &status)
 {
-    return DownloadStatus(Case::waiting);
+    const auto *const downloading = std::get_if<Status::Downloading>(&status);
+    return downloading ? downloading->progress : 0;
 }
 
-DownloadStatus DownloadStatus::fetching()
+QString badgeLabel(const DownloadStatus &status)
 {
-    return DownloadStatus(Case::fetching);
-}
-
-DownloadStatus DownloadStatus::downloading(double progress, const QString &speed,
-                                           const QString &eta)
-{
-    DownloadStatus status(Case::downloading);
-    status.m_progress = progress;
-    status.m_speed = speed;
-    status.m_eta = eta;
-    return status;
-}
-
-DownloadStatus DownloadStatus::processing()
-{
-    return DownloadStatus(Case::processing);
-}
-
-DownloadStatus DownloadStatus::done(const QString &path)
-{
-    DownloadStatus status(Case::done);
-    status.m_path = path;
-    return status;
-}
-
-DownloadStatus DownloadStatus::failed(const QString &message)
-{
-    DownloadStatus status(Case::failed);
-    status.m_message = message;
-    return status;
-}
-
-QString DownloadStatus::badgeLabel() const
-{
-    switch (m_kind) {
-    case Case::waiting:
-        return QStringLiteral("Ready");
-    case Case::fetching:
-        return QStringLiteral("Fetching...");
-    case Case::downloading:
-        return percentText(m_progress);
-    case Case::processing:
-        return QStringLiteral("Processing...");
-    case Case::done:
-        return QStringLiteral("Done");
-    case Case::failed:
-        return QStringLiteral("Failed");
+    switch (kindOf(status)) {
+    case StatusKind::Waiting:
+        return u"Ready"_s;
+    case StatusKind::Fetching:
+        return u"Fetching..."_s;
+    case StatusKind::Downloading:
+        return percentText(progressOf(status));
+    case StatusKind::Processing:
+        return u"Processing..."_s;
+    case StatusKind::Done:
+        return u"Done"_s;
+    case StatusKind::Failed:
+        return u"Failed"_s;
+    default:
+        Q_UNREACHABLE();
     }
-    Q_UNREACHABLE();
 }

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 QString clockText(double seconds)
 {
     // A tool that prints garbage may print more seconds than a 64-bit number holds.
@@ -13,12 +15,11 @@ QString clockText(double seconds)
     const qint64 hours = total / 3600;
     const qint64 minutes = total % 3600 / 60;
     if (hours > 0) {
-        return QStringLiteral("%1:%2:%3")
-            .arg(hours)
+        return u"%1:%2:%3"_s.arg(hours)
             .arg(minutes, 2, 10, QLatin1Char('0'))
             .arg(total % 60, 2, 10, QLatin1Char('0'));
     }
-    return QStringLiteral("%1:%2").arg(minutes).arg(total % 60, 2, 10, QLatin1Char('0'));
+    return u"%1:%2"_s.arg(minutes).arg(total % 60, 2, 10, QLatin1Char('0'));
 }
 
 QString formattedDuration(std::optional<double> seconds)

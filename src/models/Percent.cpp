@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 QString percentText(double fraction)
 {
-    return QStringLiteral("%1%").arg(static_cast<qint64>(std::clamp(fraction * 100, -9e15, 9e15)));
+    return u"%1%"_s.arg(static_cast<qint64>(std::clamp(fraction * 100, -9e15, 9e15)));
 }

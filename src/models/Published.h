@@ -32,24 +32,14 @@ public:
 
     void operator()(Value value) { *this = std::move(value); }
     const Value &operator()() const { return m_value; }
-    operator const Value &() const { return m_value; } // NOLINT(google-explicit-constructor)
-    const Value *operator->() const { return &m_value; }
 
 private:
     Owner *m_owner;
     Value m_value;
 };
 
-/// A published property that screens only read. The arguments behind the name
-/// are the initial value.
+/// A published property. The arguments behind the name are the initial value.
 #define PUBLISHED(Owner, Type, name, ...)                                                          \
-    Q_PROPERTY(Type name READ name NOTIFY name##Changed FINAL)                                     \
-public:                                                                                            \
-    Q_SIGNAL void name##Changed();                                                                 \
-    Published<Owner, Type, &Owner::name##Changed> name{this, Type(__VA_ARGS__)};
-
-/// A published property that screens edit.
-#define PUBLISHED_EDITABLE(Owner, Type, name, ...)                                                 \
     Q_PROPERTY(Type name READ name WRITE name NOTIFY name##Changed FINAL)                          \
 public:                                                                                            \
     Q_SIGNAL void name##Changed();                                                                 \

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "QualityOption.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QualityOption videoOption(const QString &id, const QString &label, const QString &formatString)
@@ -8,15 +10,14 @@ QualityOption videoOption(const QString &id, const QString &label, const QString
     return {.id = id,
             .label = label,
             .formatString = formatString,
-            .outputExt = QStringLiteral("mp4"),
+            .outputExt = u"mp4"_s,
             .isAudioOnly = false};
 }
 
 QualityOption cappedOption(int height, const QString &label)
 {
-    const QString cap = QStringLiteral("[height<=%1]").arg(height);
-    return videoOption(QStringLiteral("%1p").arg(height), label,
-                       QStringLiteral("bestvideo%1+bestaudio/best%1").arg(cap));
+    const QString cap = u"[height<=%1]"_s.arg(height);
+    return videoOption(u"%1p"_s.arg(height), label, u"bestvideo%1+bestaudio/best%1"_s.arg(cap));
 }
 
 QList<QualityOption> shortened(QList<QualityOption> options)
@@ -31,14 +32,13 @@ QList<QualityOption> shortened(QList<QualityOption> options)
 const QList<QualityOption> &QualityOption::mp4Options()
 {
     static const QList<QualityOption> options{
-        videoOption(QStringLiteral("best"), QStringLiteral("Best"),
-                    QStringLiteral("bestvideo+bestaudio/best")),
-        cappedOption(2160, QStringLiteral("4K")),
-        cappedOption(1440, QStringLiteral("1440p")),
-        cappedOption(1080, QStringLiteral("1080p")),
-        cappedOption(720, QStringLiteral("720p")),
-        cappedOption(480, QStringLiteral("480p")),
-        cappedOption(360, QStringLiteral("360p")),
+        videoOption(u"best"_s, u"Best"_s, u"bestvideo+bestaudio/best"_s),
+        cappedOption(2160, u"4K"_s),
+        cappedOption(1440, u"1440p"_s),
+        cappedOption(1080, u"1080p"_s),
+        cappedOption(720, u"720p"_s),
+        cappedOption(480, u"480p"_s),
+        cappedOption(360, u"360p"_s),
     };
     return options;
 }
@@ -53,9 +53,9 @@ QualityOption QualityOption::best(MediaFormat format)
 {
     if (format == MediaFormat::mp4)
         return mp4Options().first();
-    return {.id = QStringLiteral("mp3"),
-            .label = QStringLiteral("Best"),
-            .formatString = QStringLiteral("bestaudio/best"),
-            .outputExt = QStringLiteral("mp3"),
+    return {.id = u"mp3"_s,
+            .label = u"Best"_s,
+            .formatString = u"bestaudio/best"_s,
+            .outputExt = u"mp3"_s,
             .isAudioOnly = true};
 }

@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double minute = 60;
@@ -41,13 +43,13 @@ QString relativeDate(ReferenceDate moment, ReferenceDate now)
     const double ago = now.seconds - moment.seconds;
     const double distance = std::isnan(ago) ? 0 : std::min(std::abs(ago), longest);
     if (distance < 1)
-        return QStringLiteral("now");
+        return u"now"_s;
     const auto &unit = *std::find_if(units.begin(), units.end(),
                                      [=](const Unit &each) { return distance >= each.seconds; });
     const auto count = static_cast<qint64>(distance / unit.seconds);
     const QString text = QLocale(QLocale::English, QLocale::UnitedStates).toString(count) + u' '
         + QLatin1String(count == 1 ? unit.one : unit.many);
-    return ago > 0 ? QStringLiteral("%1 ago").arg(text) : QStringLiteral("in %1").arg(text);
+    return ago > 0 ? u"%1 ago"_s.arg(text) : u"in %1"_s.arg(text);
 }
 
 int relativeDateLifetime(double nearestSeconds)

@@ -3,6 +3,8 @@
 
 #include "Duration.h"
 
+using namespace Qt::StringLiterals;
+
 QString SearchResult::formattedDuration() const
 {
     return ::formattedDuration(duration);
@@ -10,5 +12,5 @@ QString SearchResult::formattedDuration() const
 
 QString SearchResult::downloadKey(const QString &id, bool isAudio)
 {
-    return id + (isAudio ? QStringLiteral("_mp3") : QStringLiteral("_mp4"));
+    return id + (isAudio ? u"_mp3"_s : u"_mp4"_s);
 }

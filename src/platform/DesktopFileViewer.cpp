@@ -9,25 +9,26 @@
 #include <QFileInfo>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 void DesktopFileViewer::select(const QString &path)
 {
     const QFileInfo item(path);
-    call(QStringLiteral("ShowItems"), path, item.isDir() ? path : item.path());
+    call(u"ShowItems"_s, path, item.isDir() ? path : item.path());
 }
 
 void DesktopFileViewer::openFolder(const QString &path)
 {
     if (QFileInfo(path).isDir())
-        call(QStringLiteral("ShowFolders"), path, path);
+        call(u"ShowFolders"_s, path, path);
 }
 
 void DesktopFileViewer::call(const QString &method, const QString &path,
                              const QString &fallbackFolder)
 {
-    auto message =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.FileManager1"),
-                                       QStringLiteral("/org/freedesktop/FileManager1"),
-                                       QStringLiteral("org.freedesktop.FileManager1"), method);
+    auto message = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s,
+                                                  u"/org/freedesktop/FileManager1"_s,
+                                                  u"org.freedesktop.FileManager1"_s, method);
     message << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
     auto *const watcher =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);

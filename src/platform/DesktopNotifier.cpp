@@ -6,18 +6,20 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QDBusMessage notificationsCall(const QString &method)
 {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
-                                          QStringLiteral("/org/freedesktop/Notifications"),
-                                          QStringLiteral("org.freedesktop.Notifications"), method);
+    return QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s,
+                                          u"/org/freedesktop/Notifications"_s,
+                                          u"org.freedesktop.Notifications"_s, method);
 }
 
 } // namespace
 
-void DesktopNotifier::requestAuthorization()
+void DesktopNotifier::requestPermission()
 {
     askCapabilities([] {});
 }
@@ -32,15 +34,15 @@ void DesktopNotifier::post(const UserNotification &notification)
 
 void DesktopNotifier::askCapabilities(const std::function<void()> &then)
 {
-    const auto call = QDBusConnection::sessionBus().asyncCall(
-        notificationsCall(QStringLiteral("GetCapabilities")));
+    const auto call =
+        QDBusConnection::sessionBus().asyncCall(notificationsCall(u"GetCapabilities"_s));
     auto *const watcher = new QDBusPendingCallWatcher(call, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, then] {
         watcher->deleteLater();
         const QDBusPendingReply<QStringList> reply(*watcher);
         if (reply.isError())
             return; // no service now; one that starts later is asked by the next post
-        m_readsMarkup = reply.value().contains(QStringLiteral("body-markup"));
+        m_readsMarkup = reply.value().contains(u"body-markup"_s);
         then();
     });
 }
@@ -49,12 +51,12 @@ void DesktopNotifier::send(const UserNotification &notification) const
 {
     const QString body = *m_readsMarkup ? notification.body.toHtmlEscaped() : notification.body;
     const QVariantMap hints{
-        {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
-        {QStringLiteral("desktop-entry"), QStringLiteral("quillon")},
-        {QStringLiteral("x-quillon-identifier"), notification.identifier},
+        {u"sound-name"_s, u"message-new-instant"_s},
+        {u"desktop-entry"_s, u"quillon"_s},
+        {u"x-quillon-identifier"_s, notification.identifier},
     };
-    auto call = notificationsCall(QStringLiteral("Notify"));
-    call << QStringLiteral("Quillon") << 0U << QStringLiteral("quillon") << notification.title
-         << body << QStringList() << hints << -1;
+    auto call = notificationsCall(u"Notify"_s);
+    call << u"Quillon"_s << 0U << u"quillon"_s << notification.title << body << QStringList()
+         << hints << -1;
     QDBusConnection::sessionBus().asyncCall(call);
 }

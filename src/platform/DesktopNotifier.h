@@ -16,7 +16,7 @@ class DesktopNotifier : public QObject, public Notifier
     Q_OBJECT
 
 public:
-    void requestAuthorization() override;
+    void requestPermission() override;
     void post(const UserNotification &notification) override;
 
 private:

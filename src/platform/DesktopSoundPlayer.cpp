@@ -8,6 +8,8 @@
 
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 /// Loaded with the first sound: the library brings five others, which would make the
 /// program's start longer. Connecting to a sound server may take its time, so all of
 /// this runs on a pool thread, one call at a time.
@@ -47,7 +49,7 @@ private:
     }
 
     std::mutex m_mutex;
-    QLibrary m_library{QStringLiteral("canberra"), 0};
+    QLibrary m_library{u"canberra"_s, 0};
     ca_context *m_context = nullptr;
 };
 

@@ -6,10 +6,12 @@
 #include <QCoreApplication>
 #include <QDBusMessage>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString objectPath = QStringLiteral("/org/mpris/MediaPlayer2");
-const QString busName = QStringLiteral("org.mpris.MediaPlayer2.quillon");
+const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
+const QString busName = u"org.mpris.MediaPlayer2.quillon"_s;
 
 } // namespace
 
@@ -49,8 +51,7 @@ void MediaControl::appear()
 {
     m_bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
     // Another of this program's, on preferences of its own, may have the name.
-    const QString own =
-        busName + QStringLiteral(".instance%1").arg(QCoreApplication::applicationPid());
+    const QString own = busName + u".instance%1"_s.arg(QCoreApplication::applicationPid());
     for (const QString &name : {busName, own}) {
         if (m_bus.registerService(name)) {
             m_name = name;
@@ -69,9 +70,8 @@ void MediaControl::tellChanges(const QVariantMap &before) const
     }
     if (changes.isEmpty())
         return;
-    auto signal =
-        QDBusMessage::createSignal(objectPath, QStringLiteral("org.freedesktop.DBus.Properties"),
-                                   QStringLiteral("PropertiesChanged"));
-    signal << QStringLiteral("org.mpris.MediaPlayer2.Player") << changes << QStringList();
+    auto signal = QDBusMessage::createSignal(objectPath, u"org.freedesktop.DBus.Properties"_s,
+                                             u"PropertiesChanged"_s);
+    signal << u"org.mpris.MediaPlayer2.Player"_s << changes << QStringList();
     m_bus.send(signal);
 }

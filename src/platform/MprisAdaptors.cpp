@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double unitsPerSecond = 1e6; // the interface counts microseconds
@@ -32,12 +34,12 @@ MprisRoot::MprisRoot(MediaControl *control)
 
 QString MprisRoot::identity() const
 {
-    return QStringLiteral("Quillon");
+    return u"Quillon"_s;
 }
 
 QString MprisRoot::desktopEntry() const
 {
-    return QStringLiteral("quillon");
+    return u"quillon"_s;
 }
 
 void MprisRoot::Raise()
@@ -56,23 +58,23 @@ MprisPlayer::MprisPlayer(MediaControl *control)
 QString MprisPlayer::playbackStatus() const
 {
     if (!m_control.shown().isPlayable)
-        return QStringLiteral("Stopped");
-    return m_control.shown().isPaused ? QStringLiteral("Paused") : QStringLiteral("Playing");
+        return u"Stopped"_s;
+    return m_control.shown().isPaused ? u"Paused"_s : u"Playing"_s;
 }
 
 QVariantMap MprisPlayer::metadata() const
 {
     const NowPlaying &shown = m_control.shown();
-    QVariantMap metadata{{QStringLiteral("mpris:trackid"), QVariant::fromValue(track())},
-                         {QStringLiteral("xesam:title"), shown.title}};
+    QVariantMap metadata{{u"mpris:trackid"_s, QVariant::fromValue(track())},
+                         {u"xesam:title"_s, shown.title}};
     if (shown.duration > 0)
-        metadata[QStringLiteral("mpris:length")] = unitsOf(shown.duration);
+        metadata[u"mpris:length"_s] = unitsOf(shown.duration);
     if (!shown.artist.isEmpty())
-        metadata[QStringLiteral("xesam:artist")] = QStringList{shown.artist};
+        metadata[u"xesam:artist"_s] = QStringList{shown.artist};
     if (isOfTheWeb(shown.artAddress))
-        metadata[QStringLiteral("mpris:artUrl")] = shown.artAddress;
+        metadata[u"mpris:artUrl"_s] = shown.artAddress;
     if (isOfTheWeb(shown.address))
-        metadata[QStringLiteral("xesam:url")] = shown.address;
+        metadata[u"xesam:url"_s] = shown.address;
     return metadata;
 }
 
@@ -114,14 +116,14 @@ bool MprisPlayer::canSeek() const
 
 QVariantMap MprisPlayer::told() const
 {
-    return {{QStringLiteral("PlaybackStatus"), playbackStatus()},
-            {QStringLiteral("Metadata"), metadata()},
-            {QStringLiteral("Volume"), volume()},
-            {QStringLiteral("CanGoNext"), canGoNext()},
-            {QStringLiteral("CanGoPrevious"), canGoPrevious()},
-            {QStringLiteral("CanPlay"), canPlay()},
-            {QStringLiteral("CanPause"), canPlay()},
-            {QStringLiteral("CanSeek"), canSeek()}};
+    return {{u"PlaybackStatus"_s, playbackStatus()},
+            {u"Metadata"_s, metadata()},
+            {u"Volume"_s, volume()},
+            {u"CanGoNext"_s, canGoNext()},
+            {u"CanGoPrevious"_s, canGoPrevious()},
+            {u"CanPlay"_s, canPlay()},
+            {u"CanPause"_s, canPlay()},
+            {u"CanSeek"_s, canSeek()}};
 }
 
 void MprisPlayer::Next()
@@ -175,5 +177,5 @@ QDBusObjectPath MprisPlayer::track() const
 {
     // An object's path takes letters and digits alone.
     const QByteArray name = "id" + m_control.shown().id.toUtf8().toHex();
-    return QDBusObjectPath(QStringLiteral("/quillon/track/") + QString::fromLatin1(name));
+    return QDBusObjectPath(u"/quillon/track/"_s + QString::fromLatin1(name));
 }

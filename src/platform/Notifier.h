@@ -17,7 +17,7 @@ public:
     virtual ~Notifier() = default;
 
     /// Once at start, before the first post.
-    virtual void requestAuthorization() = 0;
+    virtual void requestPermission() = 0;
 
     /// Shows a notification now, with the desktop's default sound.
     virtual void post(const UserNotification &notification) = 0;

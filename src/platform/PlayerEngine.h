@@ -19,7 +19,7 @@ struct PlayerStatus
     bool operator==(const PlayerStatus &other) const = default;
 };
 
-/// What plays a stream, behind AVPlayer. It is loaded when it is first needed, so
+/// What plays a stream, behind MediaPlayer. It is loaded when it is first needed, so
 /// nothing but this header is known of it. All calls are made on the thread that
 /// made it, where the events are told, too, never from inside of a call.
 class PlayerEngine

@@ -8,6 +8,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int answerTimeout = 1000; // ms
@@ -19,7 +21,7 @@ QString nameFor(const QString &preferencesFolder)
         QCryptographicHash::hash(preferencesFolder.toUtf8(), QCryptographicHash::Sha1)
             .toHex()
             .left(12);
-    return QStringLiteral("/quillon-") + QString::fromLatin1(key);
+    return u"/quillon-"_s + QString::fromLatin1(key);
 }
 
 /// Where nobody else can put anything: the session's folder, if there is one as it should
@@ -46,8 +48,8 @@ SingleInstance::SingleInstance(const QString &preferencesFolder)
 }
 
 SingleInstance::SingleInstance(const QString &preferencesFolder, const QString &path)
-    : m_socketName(path + QStringLiteral(".socket"))
-    , m_lock(path + QStringLiteral(".lock"))
+    : m_socketName(path + u".socket"_s)
+    , m_lock(path + u".lock"_s)
 {
     m_lock.setStaleLockTime(0); // held as long as its process lives
     m_isFirst = m_lock.tryLock();

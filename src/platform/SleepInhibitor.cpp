@@ -7,13 +7,15 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QDBusMessage screenSaverCall(const QString &method)
 {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.ScreenSaver"),
-                                          QStringLiteral("/org/freedesktop/ScreenSaver"),
-                                          QStringLiteral("org.freedesktop.ScreenSaver"), method);
+    return QDBusMessage::createMethodCall(u"org.freedesktop.ScreenSaver"_s,
+                                          u"/org/freedesktop/ScreenSaver"_s,
+                                          u"org.freedesktop.ScreenSaver"_s, method);
 }
 
 } // namespace
@@ -42,8 +44,8 @@ void SleepInhibitor::follow()
 void SleepInhibitor::inhibit()
 {
     m_isAsking = true;
-    auto call = screenSaverCall(QStringLiteral("Inhibit"));
-    call << QStringLiteral("quillon") << QStringLiteral("Playing a video");
+    auto call = screenSaverCall(u"Inhibit"_s);
+    call << u"quillon"_s << u"Playing a video"_s;
     auto *const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
@@ -58,7 +60,7 @@ void SleepInhibitor::inhibit()
 
 void SleepInhibitor::release()
 {
-    auto call = screenSaverCall(QStringLiteral("UnInhibit"));
+    auto call = screenSaverCall(u"UnInhibit"_s);
     call << *std::exchange(m_cookie, std::nullopt);
     m_bus.asyncCall(call);
 }

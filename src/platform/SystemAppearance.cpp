@@ -13,13 +13,15 @@
 #include <QPalette>
 #include <QStyleHints>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
-const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const QString interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const QString portalService = u"org.freedesktop.portal.Desktop"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
+const QString appearanceGroup = u"org.freedesktop.appearance"_s;
+const QString interfaceGroup = u"org.gnome.desktop.interface"_s;
 
 // A window that opens in the wrong colours and changes them is worse than one
 // that opens this much later.
@@ -67,7 +69,7 @@ SystemAppearance::SystemAppearance()
     qGuiApp->installEventFilter(this);
     qRegisterMetaType<QDBusVariant>(); // else the connection is refused, without a word
     QDBusConnection::sessionBus().connect(portalService, portalPath, settingsInterface,
-                                          QStringLiteral("SettingChanged"), this,
+                                          u"SettingChanged"_s, this,
                                           SLOT(takeSetting(QString, QString, QDBusVariant)));
     readSettings();
 }
@@ -109,8 +111,8 @@ void SystemAppearance::readSettings()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    auto message = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
-                                                  QStringLiteral("ReadAll"));
+    auto message =
+        QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"ReadAll"_s);
     message << QStringList{appearanceGroup, interfaceGroup};
     const QDBusMessage reply = bus.call(message, QDBus::Block, portalTimeout);
     takeSettings(reply);

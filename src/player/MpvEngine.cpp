@@ -9,6 +9,8 @@
 #include <cmath>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -94,12 +96,12 @@ bool MpvEngine::start(QString &error, const std::vector<MpvOption> &options)
     const auto set = [this](const MpvOption &option) { return setOption(option); };
     if (!m_mpv || !std::all_of(std::begin(mpvOptions), std::end(mpvOptions), set)
         || !std::all_of(options.begin(), options.end(), set) || mpv_initialize(m_mpv) < 0) {
-        error = QStringLiteral("The player cannot be started");
+        error = u"The player cannot be started"_s;
         return false;
     }
     m_picture = std::make_unique<MpvPicture>(m_mpv, [this](const QImage &image) { passOn(image); });
     if (!m_picture->isValid()) {
-        error = QStringLiteral("The player cannot draw");
+        error = u"The player cannot draw"_s;
         return false;
     }
     mpv_request_log_messages(m_mpv, "warn");
@@ -263,7 +265,7 @@ void MpvEngine::takeEndReached(bool isReached)
         return;
     // A connection that is lost looks like an end, too.
     if (!isNearEnd()) {
-        m_complaint = QStringLiteral("the connection was lost");
+        m_complaint = u"the connection was lost"_s;
         m_failure.start();
         return;
     }
@@ -285,7 +287,7 @@ void MpvEngine::takeEnd(const mpv_event_end_file &end)
         return;
     // Played to its end it would have stayed open.
     if (end.reason == MPV_END_FILE_REASON_REDIRECT) {
-        m_complaint = QStringLiteral("it is a list of other addresses");
+        m_complaint = u"it is a list of other addresses"_s;
         command({"stop"});
     } else if (m_complaint.isEmpty()) {
         m_complaint = QString::fromUtf8(mpv_error_string(end.error));
@@ -309,7 +311,7 @@ void MpvEngine::fail()
 {
     const QString reason = m_complaint;
     forget();
-    m_events.failed(QStringLiteral("The stream cannot be played: ") + reason);
+    m_events.failed(u"The stream cannot be played: "_s + reason);
 }
 
 void MpvEngine::forget()

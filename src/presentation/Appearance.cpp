@@ -5,12 +5,14 @@
 #include "Preferences.h"
 #include "SystemAppearance.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString colorSchemeKey = QStringLiteral("quillon.colorScheme");
-const QString systemScheme = QStringLiteral("system");
-const QString lightScheme = QStringLiteral("light");
-const QString darkScheme = QStringLiteral("dark");
+const QString colorSchemeKey = u"quillon.colorScheme"_s;
+const QString systemScheme = u"system"_s;
+const QString lightScheme = u"light"_s;
+const QString darkScheme = u"dark"_s;
 
 // The surfaces that accented text stands on: the harder of window and card.
 constexpr QRgb darkSurface = 0xff2a2a2d;
@@ -34,10 +36,10 @@ QString Appearance::themeIcon() const
 {
     const QString scheme = colorSchemeRaw();
     if (scheme == lightScheme)
-        return QStringLiteral("sun.max.fill");
+        return u"sun.max.fill"_s;
     if (scheme == darkScheme)
-        return QStringLiteral("moon.fill");
-    return QStringLiteral("circle.lefthalf.filled");
+        return u"moon.fill"_s;
+    return u"circle.lefthalf.filled"_s;
 }
 
 bool Appearance::isDark() const

@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 class Preferences;
 class SystemAppearance;
@@ -13,6 +14,8 @@ class SystemAppearance;
 class Appearance : public QObject
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The screens share one.")
     Q_PROPERTY(QString colorSchemeRaw READ colorSchemeRaw NOTIFY changed)
     Q_PROPERTY(QString themeIcon READ themeIcon NOTIFY changed)
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)

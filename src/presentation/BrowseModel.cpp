@@ -2,27 +2,26 @@
 #include "BrowseModel.h"
 
 #include "ShownText.h"
-#include "StatusName.h"
+#include "StatusLook.h"
+
+using namespace Qt::StringLiterals;
 
 BrowseModel::BrowseModel(AppState &state)
     : m_state(state)
-    , m_results(state.browseResults)
+    , m_results(state.browseResults())
 {
     connect(&state, &AppState::browseResultsChanged, this, &BrowseModel::follow);
     connect(&state, &AppState::isBrowseSearchingChanged, this, &BrowseModel::areaChanged);
     connect(&state, &AppState::browseSearchErrorChanged, this, &BrowseModel::areaChanged);
     connect(&state, &AppState::nowPlayingChanged, this, [this] { tell({IsNowPlayingRole}); });
-    connect(&state, &AppState::browseDownloadStatusesChanged, this, [this] {
-        tell({VideoStatusRole, AudioStatusRole, VideoSpokenRole, AudioSpokenRole});
-    });
-    connect(&state, &AppState::browseDownloadProgressChanged, this, [this] {
-        tell({VideoProgressRole, AudioProgressRole, VideoSpokenRole, AudioSpokenRole});
-    });
+    const auto tellLooks = [this] { tell({VideoRole, AudioRole}); };
+    connect(&state, &AppState::browseDownloadStatusesChanged, this, tellLooks);
+    connect(&state, &AppState::browseDownloadProgressChanged, this, tellLooks);
 }
 
 BrowseModel::Area BrowseModel::area() const
 {
-    if (m_state.isBrowseSearching)
+    if (m_state.isBrowseSearching())
         return Area::Searching;
     if (m_state.browseSearchError())
         return Area::Failed;
@@ -36,7 +35,7 @@ QString BrowseModel::errorText() const
 
 QString BrowseModel::countText() const
 {
-    return QStringLiteral("%1 results").arg(m_results.size());
+    return u"%1 results"_s.arg(m_results.size());
 }
 
 int BrowseModel::rowCount(const QModelIndex &parent) const
@@ -61,15 +60,9 @@ QVariant BrowseModel::data(const QModelIndex &index, int role) const
         return result.thumbnailURL;
     case IsNowPlayingRole:
         return m_state.nowPlaying() && m_state.nowPlaying()->id == result.id;
-    case VideoStatusRole:
-    case AudioStatusRole:
-        return browseStatusName(m_state, result.id, role == AudioStatusRole);
-    case VideoSpokenRole:
-    case AudioSpokenRole:
-        return browseSpoken(m_state, result.id, role == AudioSpokenRole);
-    case VideoProgressRole:
-    case AudioProgressRole:
-        return browseProgress(m_state, result.id, role == AudioProgressRole);
+    case VideoRole:
+    case AudioRole:
+        return QVariant::fromValue(downloadButtonLook(m_state, result.id, role == AudioRole));
     default:
         return {};
     }
@@ -82,12 +75,8 @@ QHash<int, QByteArray> BrowseModel::roleNames() const
             {DurationRole, "duration"},
             {ThumbnailRole, "thumbnailURL"},
             {IsNowPlayingRole, "isNowPlaying"},
-            {VideoStatusRole, "videoStatus"},
-            {VideoSpokenRole, "videoSpoken"},
-            {VideoProgressRole, "videoProgress"},
-            {AudioStatusRole, "audioStatus"},
-            {AudioSpokenRole, "audioSpoken"},
-            {AudioProgressRole, "audioProgress"}};
+            {VideoRole, "video"},
+            {AudioRole, "audio"}};
 }
 
 void BrowseModel::play(int row)
@@ -105,7 +94,7 @@ void BrowseModel::download(int row, bool isAudio)
 void BrowseModel::follow()
 {
     beginResetModel();
-    m_results = m_state.browseResults;
+    m_results = m_state.browseResults();
     endResetModel();
     Q_EMIT areaChanged();
 }

@@ -4,12 +4,15 @@
 #include "AppState.h"
 
 #include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
 
 /// What a search has found, as rows, and what stands in their place while there
 /// are none.
 class BrowseModel : public QAbstractListModel
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The screens share one.")
     Q_PROPERTY(Area area READ area NOTIFY areaChanged)
     Q_PROPERTY(QString errorText READ errorText NOTIFY areaChanged)
     Q_PROPERTY(QString countText READ countText NOTIFY areaChanged)
@@ -24,12 +27,8 @@ public:
         DurationRole,
         ThumbnailRole,
         IsNowPlayingRole,
-        VideoStatusRole,
-        VideoSpokenRole, ///< by name; empty where nothing was downloaded
-        VideoProgressRole,
-        AudioStatusRole,
-        AudioSpokenRole,
-        AudioProgressRole,
+        VideoRole, ///< a StatusLook: of the button that downloads it as video
+        AudioRole, ///< a StatusLook: of the one that downloads it as audio
     };
 
     /// The state outlives the model.

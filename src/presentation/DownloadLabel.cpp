@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DownloadLabel.h"
 
+using namespace Qt::StringLiterals;
+
 QString downloadLabel(qsizetype count)
 {
-    return count == 1 ? QStringLiteral("Download 1 Video")
-                      : QStringLiteral("Download %1 Videos").arg(count);
+    return count == 1 ? u"Download 1 Video"_s : u"Download %1 Videos"_s.arg(count);
 }

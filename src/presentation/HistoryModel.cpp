@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool sameRecords(const AppState::History &left, qsizetype leftStart, const AppState::History &right,
@@ -21,7 +23,7 @@ bool sameRecords(const AppState::History &left, qsizetype leftStart, const AppSt
 
 HistoryModel::HistoryModel(AppState &state)
     : m_state(state)
-    , m_records(state.history)
+    , m_records(state.history())
 {
     connect(&state, &AppState::historyChanged, this, &HistoryModel::follow);
     m_clock.setSingleShot(true);
@@ -46,12 +48,11 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
     case ThumbnailRole:
         return record.thumbnailURL;
     case PlaceholderRole:
-        return record.format == u"mp3" ? QStringLiteral("music.note")
-                                       : QStringLiteral("play.rectangle.fill");
+        return record.format == u"mp3" ? u"music.note"_s : u"play.rectangle.fill"_s;
     case DateRole:
         return relativeDate(record.date, ReferenceDate::now());
     case DetailsRole:
-        return shownLine(record.format.toUpper() + QStringLiteral(" · ") + record.quality);
+        return shownLine(record.format.toUpper() + u" · "_s + record.quality);
     case CanRevealRole:
         return record.savedPath.has_value();
     default:
@@ -89,7 +90,7 @@ void HistoryModel::clearAll()
 
 void HistoryModel::follow()
 {
-    const AppState::History &records = m_state.history;
+    const AppState::History &records = m_state.history();
     const bool wasEmpty = isEmpty();
     if (!insertNewest(records)) {
         beginResetModel();

@@ -5,12 +5,15 @@
 
 #include <QAbstractListModel>
 #include <QTimer>
+#include <QtQml/qqmlregistration.h>
 
 /// The finished downloads as rows. Follows the state row by row: a new record is
 /// one insertion, whatever the length.
 class HistoryModel : public QAbstractListModel
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The screens share one.")
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged)
 
 public:

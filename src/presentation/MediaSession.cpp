@@ -9,33 +9,33 @@ MediaSession::MediaSession(AppState &state, MediaControl &control, SleepInhibito
     , m_inhibitor(inhibitor)
     , m_panel(state)
 {
-    const AVPlayer &player = state.avPlayer;
-    connect(&m_panel, &PlayerPanelModel::changed, this, &MediaSession::show);
-    connect(&m_panel, &PlayerPanelModel::presenceChanged, this, &MediaSession::show);
-    connect(&player, &AVPlayer::itemChanged, this, &MediaSession::show);
-    connect(&player, &AVPlayer::statusChanged, this, &MediaSession::show);
-    connect(&player, &AVPlayer::soundChanged, this, &MediaSession::show);
-    connect(&player, &AVPlayer::sought, &control, &MediaControl::sought);
+    const MediaPlayer &player = state.avPlayer;
+    connect(&m_panel, &PlayerPanelPresenter::changed, this, &MediaSession::show);
+    connect(&m_panel, &PlayerPanelPresenter::presenceChanged, this, &MediaSession::show);
+    connect(&player, &MediaPlayer::itemChanged, this, &MediaSession::show);
+    connect(&player, &MediaPlayer::statusChanged, this, &MediaSession::show);
+    connect(&player, &MediaPlayer::soundChanged, this, &MediaSession::show);
+    connect(&player, &MediaPlayer::sought, &control, &MediaControl::sought);
     takeRequests();
 }
 
 void MediaSession::takeRequests()
 {
-    AVPlayer &player = m_state.avPlayer;
-    connect(&m_control, &MediaControl::playRequested, &player, &AVPlayer::resume);
-    connect(&m_control, &MediaControl::pauseRequested, &player, &AVPlayer::pause);
-    connect(&m_control, &MediaControl::togglePauseRequested, &player, &AVPlayer::togglePause);
-    connect(&m_control, &MediaControl::seekRequested, &player, &AVPlayer::seek);
-    connect(&m_control, &MediaControl::volumeRequested, &player, &AVPlayer::setVolume);
-    connect(&m_control, &MediaControl::stopRequested, &m_panel, &PlayerPanelModel::stop);
-    connect(&m_control, &MediaControl::nextRequested, &m_panel, &PlayerPanelModel::playNext);
+    MediaPlayer &player = m_state.avPlayer;
+    connect(&m_control, &MediaControl::playRequested, &player, &MediaPlayer::resume);
+    connect(&m_control, &MediaControl::pauseRequested, &player, &MediaPlayer::pause);
+    connect(&m_control, &MediaControl::togglePauseRequested, &player, &MediaPlayer::togglePause);
+    connect(&m_control, &MediaControl::seekRequested, &player, &MediaPlayer::seek);
+    connect(&m_control, &MediaControl::volumeRequested, &player, &MediaPlayer::setVolume);
+    connect(&m_control, &MediaControl::stopRequested, &m_panel, &PlayerPanelPresenter::stop);
+    connect(&m_control, &MediaControl::nextRequested, &m_panel, &PlayerPanelPresenter::playNext);
     connect(&m_control, &MediaControl::previousRequested, &m_panel,
-            &PlayerPanelModel::playPrevious);
+            &PlayerPanelPresenter::playPrevious);
 }
 
 void MediaSession::show()
 {
-    const AVPlayer &player = m_state.avPlayer;
+    const MediaPlayer &player = m_state.avPlayer;
     m_inhibitor.setInhibited(player.hasItem() && !player.isPaused());
     m_control.setPosition(player.position());
     if (!m_panel.isPresent())
@@ -46,7 +46,7 @@ void MediaSession::show()
 
 NowPlaying MediaSession::nowPlaying() const
 {
-    const AVPlayer &player = m_state.avPlayer;
+    const MediaPlayer &player = m_state.avPlayer;
     const SearchResult &result = *m_state.nowPlaying();
     return {.id = result.id,
             .title = shownLine(result.title),

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "MediaControl.h"
-#include "PlayerPanelModel.h"
+#include "PlayerPanelPresenter.h"
 #include "SleepInhibitor.h"
 
 /// Shows the desktop what is played, does what its media keys ask for as the
@@ -23,5 +23,5 @@ private:
     AppState &m_state;
     MediaControl &m_control;
     SleepInhibitor &m_inhibitor;
-    PlayerPanelModel m_panel;
+    PlayerPanelPresenter m_panel;
 };

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// As registered for this machine, private networks, links, tests and groups.
@@ -36,8 +38,7 @@ bool PictureSource::isAllowed(const QUrl &url) const
         return false;
     constexpr int securePort = 443;
     constexpr int port = 80;
-    const QString place =
-        QStringLiteral("%1:%2").arg(url.host()).arg(url.port(isSecure ? securePort : port));
+    const QString place = u"%1:%2"_s.arg(url.host()).arg(url.port(isSecure ? securePort : port));
     if (!exception.isEmpty() && place == exception)
         return true;
     QString host = url.host();

@@ -10,7 +10,7 @@ PlayerViewRepresentable::PlayerViewRepresentable(QQuickItem *parent)
     setFlag(ItemHasContents);
 }
 
-void PlayerViewRepresentable::setPlayer(AVPlayer *player)
+void PlayerViewRepresentable::setPlayer(MediaPlayer *player)
 {
     if (m_player == player)
         return;
@@ -18,7 +18,8 @@ void PlayerViewRepresentable::setPlayer(AVPlayer *player)
         m_player->disconnect(this);
     m_player = player;
     if (m_player)
-        connect(m_player, &AVPlayer::pictureChanged, this, &PlayerViewRepresentable::takePicture);
+        connect(m_player, &MediaPlayer::pictureChanged, this,
+                &PlayerViewRepresentable::takePicture);
     askForSize();
     takePicture();
     Q_EMIT playerChanged();

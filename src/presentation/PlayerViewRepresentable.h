@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "AVPlayer.h"
+#include "MediaPlayer.h"
 
 #include <QPointer>
 #include <QQuickItem>
@@ -11,13 +11,14 @@
 class PlayerViewRepresentable : public QQuickItem
 {
     Q_OBJECT
-    Q_PROPERTY(AVPlayer *player READ player WRITE setPlayer NOTIFY playerChanged REQUIRED FINAL)
+    QML_ELEMENT
+    Q_PROPERTY(MediaPlayer *player READ player WRITE setPlayer NOTIFY playerChanged REQUIRED FINAL)
 
 public:
     explicit PlayerViewRepresentable(QQuickItem *parent = nullptr);
 
-    [[nodiscard]] AVPlayer *player() const { return m_player; }
-    void setPlayer(AVPlayer *player);
+    [[nodiscard]] MediaPlayer *player() const { return m_player; }
+    void setPlayer(MediaPlayer *player);
 
 Q_SIGNALS:
     void playerChanged();
@@ -31,6 +32,6 @@ private:
     void askForSize();
     void takePicture();
 
-    QPointer<AVPlayer> m_player;
+    QPointer<MediaPlayer> m_player;
     bool m_hasNewPicture = false;
 };

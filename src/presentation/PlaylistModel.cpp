@@ -3,6 +3,8 @@
 
 #include "ShownText.h"
 
+using namespace Qt::StringLiterals;
+
 PlaylistModel::PlaylistModel(AppState &state)
     : m_state(state)
 {
@@ -25,8 +27,7 @@ QString PlaylistModel::heading() const
 
 QString PlaylistModel::countLine() const
 {
-    return QStringLiteral("%1 of %2 selected")
-        .arg(m_state.selectedPlaylistItems().size())
+    return u"%1 of %2 selected"_s.arg(m_state.selectedPlaylistItems().size())
         .arg(m_info.playlistEntries.size());
 }
 
@@ -68,7 +69,7 @@ void PlaylistModel::toggle(int row)
     if (row < 0 || row >= m_info.playlistEntries.size())
         return;
     const QString id = m_info.playlistEntries[row].id;
-    AppState::EntrySelection selection = m_state.selectedPlaylistItems;
+    AppState::EntrySelection selection = m_state.selectedPlaylistItems();
     if (!selection.remove(id))
         selection.insert(id);
     m_state.selectedPlaylistItems = selection;

@@ -4,12 +4,15 @@
 #include "AppState.h"
 
 #include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
 
 /// The entries of one playlist as cards, and which of them are selected. The
 /// selection itself is the state's; entries of one id share theirs.
 class PlaylistModel : public QAbstractListModel
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The screens share one.")
     Q_PROPERTY(VideoInfo info READ info WRITE setInfo NOTIFY infoChanged)
     Q_PROPERTY(QString heading READ heading NOTIFY infoChanged)
     Q_PROPERTY(QString countLine READ countLine NOTIFY countLineChanged)

@@ -3,32 +3,24 @@
 
 #include "DownloadLabel.h"
 #include "ShownText.h"
-#include "StatusName.h"
+#include "StatusLook.h"
 
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString statusText(const DownloadStatus &status)
 {
-    switch (status.kind()) {
-    case DownloadStatus::Case::downloading:
-        return QStringLiteral("%1  ETA %2").arg(status.speed(), status.eta());
-    case DownloadStatus::Case::done:
-        return QFileInfo(status.path()).fileName();
-    case DownloadStatus::Case::failed:
-        return status.message();
-    default:
-        return {};
-    }
-}
-
-bool hasFile(const DownloadStatus &status)
-{
-    return status.kind() == DownloadStatus::Case::done && !status.path().isEmpty();
+    if (const auto *const downloading = std::get_if<Status::Downloading>(&status))
+        return u"%1  ETA %2"_s.arg(downloading->speed, downloading->eta);
+    if (const auto *const done = std::get_if<Status::Done>(&status))
+        return QFileInfo(done->path).fileName();
+    return messageOf(status);
 }
 
 } // namespace
@@ -36,24 +28,25 @@ bool hasFile(const DownloadStatus &status)
 QueueModel::QueueModel(AppState &state)
     : m_state(state)
 {
-    reset(state.queue);
+    reset(state.queue());
     connect(&state, &AppState::queueChanged, this, &QueueModel::follow);
+    connect(&state, &AppState::isPausedChanged, this, &QueueModel::followPause);
     connect(&state, &AppState::isQueueDownloadingChanged, this, &QueueModel::downloadButtonChanged);
     connect(this, &QueueModel::readyCountChanged, this, &QueueModel::downloadButtonChanged);
 }
 
 QString QueueModel::downloadButtonLabel() const
 {
-    if (m_state.isQueueDownloading)
-        return QStringLiteral("Downloading...");
+    if (m_state.isQueueDownloading())
+        return u"Downloading..."_s;
     if (m_readyCount == 0)
-        return QStringLiteral("Nothing to download");
+        return u"Nothing to download"_s;
     return downloadLabel(m_readyCount);
 }
 
 bool QueueModel::canDownload() const
 {
-    return !m_state.isQueueDownloading && m_readyCount > 0;
+    return !m_state.isQueueDownloading() && m_readyCount > 0;
 }
 
 int QueueModel::rowCount(const QModelIndex &parent) const
@@ -66,7 +59,7 @@ QVariant QueueModel::data(const QModelIndex &index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
     const DownloadItem &item = *m_items[index.row()].item;
-    const DownloadStatus &status = item.status;
+    const DownloadStatus &status = item.status();
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:
@@ -74,19 +67,15 @@ QVariant QueueModel::data(const QModelIndex &index, int role) const
     case ThumbnailRole:
         return item.info() ? item.info()->thumbnailURL : QString();
     case PlaceholderRole:
-        return item.info() ? QStringLiteral("photo") : QStringLiteral("play.rectangle.fill");
-    case StatusRole:
-        return statusName(status);
+        return item.info() ? u"photo"_s : u"play.rectangle.fill"_s;
     case StatusLineRole:
         return shownLine(statusText(status));
     case StatusTextRole:
         return shownText(statusText(status));
     case BadgeRole:
-        return status.badgeLabel();
-    case ProgressRole:
-        return status.progress();
+        return QVariant::fromValue(badgeLook(status, m_state.isPaused()));
     case CanRevealRole:
-        return hasFile(status);
+        return !pathOf(status).isEmpty();
     default:
         return {};
     }
@@ -94,18 +83,19 @@ QVariant QueueModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> QueueModel::roleNames() const
 {
-    return {{TitleRole, "title"},   {ThumbnailRole, "thumbnailURL"}, {PlaceholderRole, "symbol"},
-            {StatusRole, "status"}, {StatusLineRole, "statusLine"},  {StatusTextRole, "statusText"},
-            {BadgeRole, "badge"},   {ProgressRole, "progress"},      {CanRevealRole, "canReveal"}};
+    return {{TitleRole, "title"},           {ThumbnailRole, "thumbnailURL"},
+            {PlaceholderRole, "symbol"},    {StatusLineRole, "statusLine"},
+            {StatusTextRole, "statusText"}, {BadgeRole, "badge"},
+            {CanRevealRole, "canReveal"}};
 }
 
 void QueueModel::reveal(int row)
 {
     if (row < 0 || row >= count())
         return;
-    const DownloadStatus &status = m_items[row].item->status;
-    if (hasFile(status))
-        m_state.revealInFinder(status.path());
+    const QString path = pathOf(m_items[row].item->status());
+    if (!path.isEmpty())
+        m_state.revealInFinder(path);
 }
 
 void QueueModel::remove(int row)
@@ -116,7 +106,7 @@ void QueueModel::remove(int row)
 
 void QueueModel::follow()
 {
-    const AppState::Queue &queue = m_state.queue;
+    const AppState::Queue &queue = m_state.queue();
     const int before = count();
     removeMissing(queue);
     const bool isPrefix = m_items.size() <= queue.size()
@@ -205,6 +195,12 @@ QueueModel::Row QueueModel::watched(const std::shared_ptr<DownloadItem> &item)
     return {.item = item, .isReady = isReady(*item)};
 }
 
+void QueueModel::followPause()
+{
+    if (!m_items.isEmpty())
+        Q_EMIT dataChanged(index(0), index(count() - 1), {BadgeRole});
+}
+
 void QueueModel::followItem(const DownloadItem *item)
 {
     const int row = m_rows.value(item);
@@ -225,5 +221,5 @@ void QueueModel::changeReadyCount(int change)
 
 bool QueueModel::isReady(const DownloadItem &item)
 {
-    return item.status().kind() == DownloadStatus::Case::waiting;
+    return kindOf(item.status()) == StatusKind::Waiting;
 }

@@ -5,12 +5,15 @@
 
 #include <QAbstractListModel>
 #include <QHash>
+#include <QtQml/qqmlregistration.h>
 
 /// The queue as rows. A report of one entry changes that row alone, whatever the
 /// queue's length; entries that come and go are insertions and removals.
 class QueueModel : public QAbstractListModel
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The screens share one.")
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(int readyCount READ readyCount NOTIFY readyCountChanged)
     Q_PROPERTY(QString downloadButtonLabel READ downloadButtonLabel NOTIFY downloadButtonChanged)
@@ -21,11 +24,9 @@ public:
         TitleRole = Qt::UserRole,
         ThumbnailRole,
         PlaceholderRole, ///< the symbol where there is no picture
-        StatusRole,      ///< "waiting", "fetching", "downloading", "processing", "done", "failed"
         StatusLineRole,  ///< what is to be said of the status beside its badge, on one line
         StatusTextRole,  ///< the same with all its lines
-        BadgeRole,       ///< the status in a word, for those who do not see the badge
-        ProgressRole,    ///< from 0 to 1
+        BadgeRole,       ///< a StatusLook
         CanRevealRole,   ///< whether it is known where the file is
     };
 
@@ -64,6 +65,7 @@ private:
     void append(const AppState::Queue &added);
     void reset(const AppState::Queue &queue);
     void renumber();
+    void followPause();
     void followItem(const DownloadItem *item);
     void changeReadyCount(int change);
 

@@ -4,12 +4,14 @@
 #include "AppState.h"
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 /// What one screen shows, derived from the application state. Tells of every
 /// change that may concern the screen by one signal. Holds nothing of its own.
 class StatePresenter : public QObject
 {
     Q_OBJECT
+    QML_ANONYMOUS
 
 public:
     /// The state outlives the presenter.

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Twice what the largest thumbnails of video sites weigh. A server that wants to send
@@ -36,7 +38,7 @@ void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
                              const PictureSource &source)
 {
     if (!source.isAllowed(url) || m_size.isEmpty()) {
-        fail(QStringLiteral("Not an address of a picture"));
+        fail(u"Not an address of a picture"_s);
         return;
     }
     m_url = url;
@@ -98,7 +100,7 @@ void ThumbnailResponse::decode(const QByteArray &bytes)
 {
     const QImage picture = boundedPicture(bytes, m_size);
     if (picture.isNull()) {
-        fail(QStringLiteral("Not a picture"));
+        fail(u"Not a picture"_s);
         return;
     }
     m_cache->insert(m_url, bytes);

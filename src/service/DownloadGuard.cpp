@@ -6,14 +6,16 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString audioSuffix = QStringLiteral(".mp3");
+const QString audioSuffix = u".mp3"_s;
 
 /// The folder of the run's output, absolute.
 QString folderOf(const QStringList &arguments)
 {
-    const QString output = arguments.value(arguments.lastIndexOf(QStringLiteral("-o")) + 1);
+    const QString output = arguments.value(arguments.lastIndexOf(u"-o"_s) + 1);
     return absoluteForTool(output.section(u'/', 0, -2));
 }
 
@@ -32,8 +34,7 @@ bool isConfiguration(const QString &folder, const QString &name)
 DownloadGuard::DownloadGuard(const QStringList &arguments)
     : m_folder(folderOf(arguments))
     , m_watch(m_folder,
-              [folder = m_folder,
-               isAudio = arguments.contains(QStringLiteral("-x"))](const QString &name) {
+              [folder = m_folder, isAudio = arguments.contains(u"-x"_s)](const QString &name) {
                   return isConfiguration(folder, name) || (isAudio && name.endsWith(audioSuffix));
               })
 {
@@ -57,7 +58,6 @@ QString DownloadGuard::removeConfigurations() const
     }
     return removed.isEmpty()
         ? removed
-        : QStringLiteral("The file was named “%1”, which yt-dlp would take for its own settings. "
-                         "It was removed.")
-              .arg(removed);
+        : u"The file was named “%1”, which yt-dlp would take for its own settings. "
+          u"It was removed."_s.arg(removed);
 }

@@ -8,6 +8,8 @@
 #include <pwd.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 QString homeDirectory()
 {
     QString home = QFile::decodeName(qgetenv("HOME"));
@@ -23,7 +25,7 @@ QString homeDirectory()
 QString toolFolder()
 {
     const QString home = homeDirectory();
-    return QFileInfo(home).isDir() ? home : QStringLiteral("/");
+    return QFileInfo(home).isDir() ? home : u"/"_s;
 }
 
 QString absoluteForTool(const QString &path)

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Wider pictures are not worth their bytes at the sizes that the screens show.
@@ -63,7 +65,7 @@ VideoInfo parseVideoInfo(const QJsonObject &json, const QString &url)
     const auto id = textAt(json, "id");
     return {
         .id = id ? *id : QUuid::createUuid().toString(QUuid::WithoutBraces),
-        .title = textAt(json, "title").value_or(QStringLiteral("Unknown Title")),
+        .title = textAt(json, "title").value_or(u"Unknown Title"_s),
         .thumbnailURL = bestThumbnail(json),
         .duration = numberAt(json, "duration"),
         .uploader = firstTextAt(json, {"uploader", "channel", "uploader_id"}),
@@ -89,7 +91,7 @@ Reply<VideoInfo> videoFromOutput(const QByteArray &output, const QString &url)
     if (error.error != QJsonParseError::NoError)
         return JSONReaderError(error.errorString());
     if (!json.isObject())
-        return YTDLPError::parseError(QStringLiteral("Could not parse video JSON"));
+        return YTDLPError::parseError(u"Could not parse video JSON"_s);
     return parseVideoInfo(json.object(), url);
 }
 
@@ -115,7 +117,7 @@ VideoInfo playlistFromOutput(const QByteArray &output, const QString &url)
     const bool isEmpty = entries.isEmpty();
     return {
         .id = url,
-        .title = title.value_or(QStringLiteral("Playlist (%1 videos)").arg(entries.size())),
+        .title = title.value_or(u"Playlist (%1 videos)"_s.arg(entries.size())),
         .thumbnailURL = isEmpty ? QString() : entries.first().thumbnailURL,
         .duration = {},
         .uploader = isEmpty ? QString() : entries.first().uploader,

@@ -4,11 +4,13 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 bool isProcessGroupAlive(qint64 group)
 {
-    const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+    const QStringList entries = QDir(u"/proc"_s).entryList(QDir::Dirs);
     for (const QString &entry : entries) {
-        QFile file(QStringLiteral("/proc/%1/stat").arg(entry));
+        QFile file(u"/proc/%1/stat"_s.arg(entry));
         if (!file.open(QIODevice::ReadOnly))
             continue;
         // "pid (name) state parent group …"; the name may hold anything.

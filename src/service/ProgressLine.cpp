@@ -7,6 +7,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ProgressLine {
 
 namespace {
@@ -14,13 +16,12 @@ namespace {
 struct Expressions
 {
     QRegularExpression progress{
-        QStringLiteral(R"(\[download\]\s+([\d.]+)%\s+of\s+\S+\s+at\s+(\S+)\s+ETA\s+(\S+))")};
-    QRegularExpression destination{QStringLiteral(R"(^\[download\] Destination: (.+)$)")};
-    QRegularExpression merger{QStringLiteral(R"re(\[Merger\] Merging formats into "(.+)")re")};
-    QRegularExpression audioDestination{QStringLiteral(R"(^\[ExtractAudio\] Destination: (.+)$)")};
-    QRegularExpression processing{QStringLiteral(R"(\[Merger\]|\[ffmpeg\]|\[ExtractAudio\])")};
-    QRegularExpression alreadyDownloaded{
-        QStringLiteral(R"(\[download\] (.+) has already been downloaded)")};
+        uR"(\[download\]\s+([\d.]+)%\s+of\s+\S+\s+at\s+(\S+)\s+ETA\s+(\S+))"_s};
+    QRegularExpression destination{uR"(^\[download\] Destination: (.+)$)"_s};
+    QRegularExpression merger{uR"re(\[Merger\] Merging formats into "(.+)")re"_s};
+    QRegularExpression audioDestination{uR"(^\[ExtractAudio\] Destination: (.+)$)"_s};
+    QRegularExpression processing{uR"(\[Merger\]|\[ffmpeg\]|\[ExtractAudio\])"_s};
+    QRegularExpression alreadyDownloaded{uR"(\[download\] (.+) has already been downloaded)"_s};
 };
 
 Progress progressFrom(const QRegularExpressionMatch &match)
@@ -29,7 +30,7 @@ Progress progressFrom(const QRegularExpressionMatch &match)
     const double percent = match.captured(1).toDouble();
     return {.fraction = std::isfinite(percent) ? percent / 100 : 0,
             .speed = match.captured(2),
-            .eta = eta == u"Unknown" ? QStringLiteral("--") : eta};
+            .eta = eta == u"Unknown" ? u"--"_s : eta};
 }
 
 } // namespace

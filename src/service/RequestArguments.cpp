@@ -1,46 +1,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "RequestArguments.h"
 
+using namespace Qt::StringLiterals;
+
 QStringList leadingArguments()
 {
-    return {QStringLiteral("--extractor-args"),
-            QStringLiteral("youtube:player_client=tv_embedded")};
+    return {u"--extractor-args"_s, u"youtube:player_client=tv_embedded"_s};
 }
 
 QStringList cookieArguments(const QString &browser)
 {
     if (browser.isEmpty() || browser == u"none")
         return {};
-    return {QStringLiteral("--cookies-from-browser"), browser};
+    return {u"--cookies-from-browser"_s, browser};
 }
 
 QStringList videoArguments(const QString &url, const QString &cookiesBrowser)
 {
-    return leadingArguments() << cookieArguments(cookiesBrowser) << QStringLiteral("--dump-json")
-                              << QStringLiteral("--no-playlist") << QStringLiteral("--no-warnings")
-                              << QStringLiteral("--quiet") << url;
+    return leadingArguments() << cookieArguments(cookiesBrowser) << u"--dump-json"_s
+                              << u"--no-playlist"_s << u"--no-warnings"_s << u"--quiet"_s << url;
 }
 
 QStringList playlistArguments(const QString &url, const QString &cookiesBrowser)
 {
-    return leadingArguments() << cookieArguments(cookiesBrowser) << QStringLiteral("--dump-json")
-                              << QStringLiteral("--flat-playlist")
-                              << QStringLiteral("--yes-playlist") << QStringLiteral("--no-warnings")
-                              << QStringLiteral("--quiet") << url;
+    return leadingArguments() << cookieArguments(cookiesBrowser) << u"--dump-json"_s
+                              << u"--flat-playlist"_s << u"--yes-playlist"_s << u"--no-warnings"_s
+                              << u"--quiet"_s << url;
 }
 
 QStringList searchArguments(const QString &query, int limit)
 {
-    return leadingArguments() << QStringLiteral("--dump-json") << QStringLiteral("--flat-playlist")
-                              << QStringLiteral("--no-warnings") << QStringLiteral("--quiet")
-                              << QStringLiteral("ytsearch%1:").arg(limit) + query;
+    return leadingArguments() << u"--dump-json"_s << u"--flat-playlist"_s << u"--no-warnings"_s
+                              << u"--quiet"_s << u"ytsearch%1:"_s.arg(limit) + query;
 }
 
 QStringList streamArguments(const QString &videoURL)
 {
-    return leadingArguments() << QStringLiteral("-f") << QStringLiteral("best[ext=mp4]/best")
-                              << QStringLiteral("--get-url") << QStringLiteral("--no-playlist")
-                              << QStringLiteral("--no-warnings") << QStringLiteral("--quiet")
+    return leadingArguments() << u"-f"_s << u"best[ext=mp4]/best"_s << u"--get-url"_s
+                              << u"--no-playlist"_s << u"--no-warnings"_s << u"--quiet"_s
                               << videoURL;
 }
 
@@ -51,6 +48,5 @@ bool looksLikeOption(const QString &address)
 
 QString optionAddressMessage(const QString &address)
 {
-    return QStringLiteral("The address “%1” begins with a hyphen, so it is not an address")
-        .arg(address);
+    return u"The address “%1” begins with a hyphen, so it is not an address"_s.arg(address);
 }

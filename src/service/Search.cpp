@@ -7,11 +7,13 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The public addresses of the video site.
-const QString thumbnailHost = QStringLiteral("https://i.ytimg.com");
-const QString watchHost = QStringLiteral("https://www.youtube.com");
+const QString thumbnailHost = u"https://i.ytimg.com"_s;
+const QString watchHost = u"https://www.youtube.com"_s;
 
 QString encoded(const QString &id)
 {
@@ -21,9 +23,8 @@ QString encoded(const QString &id)
 QString thumbnailOf(const QJsonObject &json, const QString &id)
 {
     const QString thumbnail = bestThumbnail(json);
-    return thumbnail.isEmpty()
-        ? thumbnailHost + QStringLiteral("/vi/%1/mqdefault.jpg").arg(encoded(id))
-        : thumbnail;
+    return thumbnail.isEmpty() ? thumbnailHost + u"/vi/%1/mqdefault.jpg"_s.arg(encoded(id))
+                               : thumbnail;
 }
 
 /// The maps that a line of output stands for.
@@ -50,11 +51,11 @@ std::optional<SearchResult> parseSearchResult(const QJsonObject &json)
         return {};
     return SearchResult{
         .id = *id,
-        .title = textAt(json, "title").value_or(QStringLiteral("Unknown")),
+        .title = textAt(json, "title").value_or(u"Unknown"_s),
         .uploader = firstTextAt(json, {"uploader", "channel", "uploader_id"}),
         .duration = numberAt(json, "duration"),
         .thumbnailURL = thumbnailOf(json, *id),
-        .videoURL = watchHost + QStringLiteral("/watch?v=") + encoded(*id),
+        .videoURL = watchHost + u"/watch?v="_s + encoded(*id),
     };
 }
 
@@ -80,6 +81,6 @@ Reply<QUrl> streamFromOutput(const QByteArray &output)
     const QList<QByteArray> lines = output.trimmed().split('\n');
     const QUrl address = QUrl::fromEncoded(lines.first(), QUrl::StrictMode);
     if (address.isEmpty() || !address.isValid())
-        return YTDLPError::fetchFailed(QStringLiteral("Could not retrieve stream URL"));
+        return YTDLPError::fetchFailed(u"Could not retrieve stream URL"_s);
     return address;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ToolText.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isBlank(QChar character)
@@ -24,7 +26,7 @@ QString decodedText(const QByteArray &bytes)
 QString failureMessage(const QByteArray &standardError, int status)
 {
     const QString text = decodedText(standardError);
-    return text.isEmpty() ? QStringLiteral("Exit code %1").arg(status) : text;
+    return text.isEmpty() ? u"Exit code %1"_s.arg(status) : text;
 }
 
 QString trimmedOfBlanks(const QString &text)

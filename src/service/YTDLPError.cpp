@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "YTDLPError.h"
 
-YTDLPError::YTDLPError(Case kind, QString message, Launch launch)
+using namespace Qt::StringLiterals;
+
+YTDLPError::YTDLPError(Kind kind, QString message, Launch launch)
     : m_kind(kind)
     , m_message(std::move(message))
     , m_launch(launch)
@@ -10,35 +12,35 @@ YTDLPError::YTDLPError(Case kind, QString message, Launch launch)
 
 YTDLPError YTDLPError::fetchFailed(const QString &message, Launch launch)
 {
-    return {Case::fetchFailed, message, launch};
+    return {Kind::fetchFailed, message, launch};
 }
 
 YTDLPError YTDLPError::downloadFailed(const QString &message, Launch launch)
 {
-    return {Case::downloadFailed, message, launch};
+    return {Kind::downloadFailed, message, launch};
 }
 
 YTDLPError YTDLPError::parseError(const QString &message)
 {
-    return {Case::parseError, message};
+    return {Kind::parseError, message};
 }
 
 YTDLPError YTDLPError::notFound()
 {
-    return {Case::notFound, {}};
+    return {Kind::notFound, {}};
 }
 
 QString YTDLPError::errorDescription() const
 {
     switch (m_kind) {
-    case Case::fetchFailed:
-        return QStringLiteral("Failed to fetch info: ") + m_message;
-    case Case::downloadFailed:
-        return QStringLiteral("Download failed: ") + m_message;
-    case Case::parseError:
-        return QStringLiteral("Parse error: ") + m_message;
-    case Case::notFound:
-        return QStringLiteral("yt-dlp not found. Please install via: brew install yt-dlp");
+    case Kind::fetchFailed:
+        return u"Failed to fetch info: "_s + m_message;
+    case Kind::downloadFailed:
+        return u"Download failed: "_s + m_message;
+    case Kind::parseError:
+        return u"Parse error: "_s + m_message;
+    case Kind::notFound:
+        return u"yt-dlp not found. Please install via: brew install yt-dlp"_s;
     }
     Q_UNREACHABLE();
 }

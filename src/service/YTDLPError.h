@@ -19,7 +19,7 @@ public:
 class YTDLPError : public DescribedError
 {
 public:
-    enum class Case { fetchFailed, downloadFailed, parseError, notFound };
+    enum class Kind { fetchFailed, downloadFailed, parseError, notFound };
 
     /// Whether the tool ran at all.
     enum class Launch { succeeded, failed };
@@ -31,15 +31,15 @@ public:
     /// reported as a failed fetch or download.
     static YTDLPError notFound();
 
-    [[nodiscard]] Case kind() const { return m_kind; }
+    [[nodiscard]] Kind kind() const { return m_kind; }
     [[nodiscard]] QString message() const { return m_message; }
     [[nodiscard]] Launch launch() const { return m_launch; }
     [[nodiscard]] QString errorDescription() const override;
 
 private:
-    YTDLPError(Case kind, QString message, Launch launch = Launch::succeeded);
+    YTDLPError(Kind kind, QString message, Launch launch = Launch::succeeded);
 
-    Case m_kind;
+    Kind m_kind;
     QString m_message;
     Launch m_launch;
 };
@@ -64,6 +64,15 @@ using Reply = std::variant<Value, YTDLPError, JSONReaderError>;
 /// worker thread.
 template<typename Value>
 using Completion = std::function<void(Reply<Value>)>;
+
+/// The error of a reply, if it holds one.
+template<typename Value>
+const DescribedError *errorOf(const Reply<Value> &reply)
+{
+    if (const auto *const error = std::get_if<YTDLPError>(&reply))
+        return error;
+    return std::get_if<JSONReaderError>(&reply);
+}
 
 /// The value of a reply; throws the error if it holds one.
 template<typename Value>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "YTDLPService.h"
 
+#include "ApplicationSingleton.h"
 #include "DownloadGuard.h"
 #include "HomeDirectory.h"
 #include "Metadata.h"
@@ -8,15 +9,14 @@
 #include "Search.h"
 #include "ToolText.h"
 
-#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
 #include <utility>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-YTDLPService *sharedService = nullptr;
+namespace {
 
 /// What is said of a run that has failed.
 QString messageOf(const ProcessEnding &ending)
@@ -35,19 +35,14 @@ YTDLPError::Launch launchOf(const ProcessEnding &ending)
 
 YTDLPService &YTDLPService::shared()
 {
-    if (!sharedService) {
-        sharedService = new YTDLPService(standardSearchPaths());
-        // Not at the end of the process: its thread needs the application.
-        qAddPostRoutine([] { delete std::exchange(sharedService, nullptr); });
-    }
-    return *sharedService;
+    return applicationSingleton<YTDLPService>(
+        [] { return new YTDLPService(standardSearchPaths()); });
 }
 
 QStringList YTDLPService::standardSearchPaths()
 {
-    return {QStringLiteral("/opt/homebrew/bin/yt-dlp"), QStringLiteral("/usr/local/bin/yt-dlp"),
-            homeDirectory() + QStringLiteral("/.local/bin/yt-dlp"),
-            QStringLiteral("/usr/bin/yt-dlp")};
+    return {u"/opt/homebrew/bin/yt-dlp"_s, u"/usr/local/bin/yt-dlp"_s,
+            homeDirectory() + u"/.local/bin/yt-dlp"_s, u"/usr/bin/yt-dlp"_s};
 }
 
 YTDLPService::YTDLPService(QStringList searchPaths)
@@ -65,13 +60,11 @@ QString YTDLPService::ytdlpPath() const
 QMap<QString, QString> YTDLPService::processEnv()
 {
     const QString home = homeDirectory();
-    QString path = QStringLiteral("/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin");
+    QString path = u"/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s;
     // A colon would cut the home's folders into others, which are not the user's.
     if (!home.contains(u':'))
-        path += QStringLiteral(":%1/.local/bin:%1/.deno/bin").arg(home);
-    return {{QStringLiteral("PATH"), path},
-            {QStringLiteral("HOME"), home},
-            {QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8")}};
+        path += u":%1/.local/bin:%1/.deno/bin"_s.arg(home);
+    return {{u"PATH"_s, path}, {u"HOME"_s, home}, {u"LANG"_s, u"en_US.UTF-8"_s}};
 }
 
 QStringList YTDLPService::cookieArgs(const QString &browser)

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int mostRedirects = 5;
@@ -47,21 +49,21 @@ void Download::follow(const QUrl &target)
     if (target.scheme() == u"https")
         Q_EMIT m_reply->redirectAllowed();
     else
-        end(QStringLiteral("the server leads to an unsafe address"));
+        end(u"the server leads to an unsafe address"_s);
 }
 
 void Download::read()
 {
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (status >= firstError) { // whatever it goes on to say
-        end(QStringLiteral("the server answered %1").arg(status));
+        end(u"the server answered %1"_s.arg(status));
         return;
     }
     const QByteArray bytes = m_reply->readAll();
     m_bytes += bytes.size();
     const auto length = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
     if (m_bytes > m_limits.mostBytes || length > m_limits.mostBytes) {
-        end(QStringLiteral("what came is too large to be yt-dlp"));
+        end(u"what came is too large to be yt-dlp"_s);
         return;
     }
     const double part =
@@ -92,8 +94,8 @@ QString Download::failure() const
         return {};
     if (m_reply->error() == QNetworkReply::OperationCanceledError
         || m_reply->error() == QNetworkReply::TimeoutError)
-        return QStringLiteral("nothing came for %1 seconds")
-            .arg(std::chrono::ceil<std::chrono::seconds>(m_limits.longestSilence).count());
+        return u"nothing came for %1 seconds"_s.arg(
+            std::chrono::ceil<std::chrono::seconds>(m_limits.longestSilence).count());
     const QString words = m_reply->errorString().simplified();
     return words.endsWith(u'.') ? words.chopped(1) : words;
 }

@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr mode_t executable = 0755;
@@ -81,7 +83,7 @@ int renameOverOwn(const QByteArray &from, const QByteArray &to)
 ToolFolder::ToolFolder(const QString &toolPath)
     : m_toolPath(toolPath)
     , m_folder(QFileInfo(toolPath).path())
-    , m_workFolder(m_folder + QStringLiteral("/.quillon-update"))
+    , m_workFolder(m_folder + u"/.quillon-update"_s)
 {
 }
 
@@ -96,10 +98,10 @@ ToolFolder::~ToolFolder()
 std::optional<QString> ToolFolder::take()
 {
     if (!QDir().mkpath(m_folder))
-        return QStringLiteral("The folder %1 could not be made.").arg(m_folder);
+        return u"The folder %1 could not be made."_s.arg(m_folder);
     const int error = lock();
     if (error == EWOULDBLOCK)
-        return QStringLiteral("Another Quillon is updating yt-dlp at this moment.");
+        return u"Another Quillon is updating yt-dlp at this moment."_s;
     if (error != 0)
         return writingFailed(m_folder, error);
     clear(m_workFolder);
@@ -118,7 +120,7 @@ std::optional<QString> ToolFolder::install(const QString &finished) const
     const QFileInfo place(m_toolPath);
     const bool isThere = place.exists() || place.isSymLink();
     const QString foreign =
-        QStringLiteral("Quillon did not put %1 there, so it stays as it is.").arg(m_toolPath);
+        u"Quillon did not put %1 there, so it stays as it is."_s.arg(m_toolPath);
     if (isThere && !isOwn(m_toolPath))
         return foreign;
     if (chmod(encoded(finished).constData(), executable) != 0)
@@ -162,6 +164,6 @@ int ToolFolder::lock()
 QString writingFailed(const QString &path, int error)
 {
     if (error == ENOSPC || error == EDQUOT || error == EFBIG)
-        return QStringLiteral("There is no room left on the disk for a new yt-dlp.");
-    return QStringLiteral("%1 cannot be written: %2.").arg(path, qt_error_string(error));
+        return u"There is no room left on the disk for a new yt-dlp."_s;
+    return u"%1 cannot be written: %2."_s.arg(path, qt_error_string(error));
 }

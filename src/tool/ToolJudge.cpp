@@ -10,6 +10,8 @@
 #include <unistd.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Tells a file from another one, and from itself after it was changed in any way.
@@ -112,13 +114,12 @@ void ToolJudge::ask(ToolReport report)
     m_isAsking = true;
     runBounded(m_processes,
                {.program = report.path,
-                .arguments = {QStringLiteral("--version")},
+                .arguments = {u"--version"_s},
                 .environment = m_places.environment,
                 .folder = toolFolder()},
                m_patience, [this, report](const BoundedRun &run) mutable {
                    m_isAsking = false;
-                   const bool hasPython =
-                       !programIn(m_places.environment, QStringLiteral("python3")).isEmpty();
+                   const bool hasPython = !programIn(m_places.environment, u"python3"_s).isEmpty();
                    report.failure = failureOf(report.path, run, hasPython);
                    if (report.failure == StartFailure::other)
                        report.failureText = wordsOf(run);

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype headLength = 256;
@@ -49,10 +51,10 @@ bool isReleaseFile(const QString &path)
 
 QString quotedForShell(const QString &text)
 {
-    static const QRegularExpression plain(QStringLiteral("\\A[\\w./+-]+\\z"));
+    static const QRegularExpression plain(u"\\A[\\w./+-]+\\z"_s);
     if (plain.match(text).hasMatch())
         return text;
-    return u'\'' + QString(text).replace(u'\'', QStringLiteral("'\\''")) + u'\'';
+    return u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\'';
 }
 
 } // namespace
@@ -60,7 +62,7 @@ QString quotedForShell(const QString &text)
 ToolPlaces ToolPlaces::standard()
 {
     return {.searchPaths = YTDLPService::standardSearchPaths(),
-            .ownPath = homeDirectory() + QStringLiteral("/.local/bin/yt-dlp"),
+            .ownPath = homeDirectory() + u"/.local/bin/yt-dlp"_s,
             .environment = YTDLPService::processEnv()};
 }
 
@@ -86,22 +88,21 @@ QString renewalCommand(const QString &path)
         return {};
     const bool isWritable = file.isWritable() && QFileInfo(file.path()).isWritable();
     if (file.filePath().contains(u"/pipx/venvs/"))
-        return isWritable ? QStringLiteral("pipx upgrade yt-dlp") : QString();
+        return isWritable ? u"pipx upgrade yt-dlp"_s : QString();
     if (path.startsWith(u"/opt/homebrew/") || file.filePath().contains(u"/Cellar/"))
-        return QStringLiteral("brew upgrade yt-dlp");
+        return u"brew upgrade yt-dlp"_s;
     return isReleaseFile(file.filePath()) ? selfUpdateCommand(path, isWritable) : QString();
 }
 
 QString selfUpdateCommand(const QString &path, bool isWritable)
 {
-    return (isWritable ? QString() : QStringLiteral("sudo ")) + quotedForShell(path)
-        + QStringLiteral(" -U");
+    return (isWritable ? QString() : u"sudo "_s) + quotedForShell(path) + u" -U"_s;
 }
 
 QString programIn(const QMap<QString, QString> &environment, const QString &name)
 {
     return QStandardPaths::findExecutable(
-        name, environment.value(QStringLiteral("PATH")).split(u':', Qt::SkipEmptyParts));
+        name, environment.value(u"PATH"_s).split(u':', Qt::SkipEmptyParts));
 }
 
 ToolReport locateTool(const ToolPlaces &places)

@@ -4,24 +4,25 @@
 #include <QFile>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 ReleaseSource ReleaseSource::official()
 {
-    QFile key(QStringLiteral(":/tool/yt-dlp-release-key.asc"));
+    QFile key(u":/tool/yt-dlp-release-key.asc"_s);
     if (!key.open(QIODevice::ReadOnly))
         qFatal("The key of the tool's releases is not built in");
-    return {.folder =
-                QUrl(QStringLiteral("https://github.com/yt-dlp/yt-dlp/releases/latest/download/")),
+    return {.folder = QUrl(u"https://github.com/yt-dlp/yt-dlp/releases/latest/download/"_s),
             .key = key.readAll()};
 }
 
 QString releasedFile()
 {
-    return QStringLiteral("yt-dlp");
+    return u"yt-dlp"_s;
 }
 
 std::optional<QByteArray> sumFor(const QByteArray &sums, const QString &name)
 {
-    static const QRegularExpression form(QStringLiteral("\\A([0-9a-fA-F]{64}) [ *](.+)\\z"));
+    static const QRegularExpression form(u"\\A([0-9a-fA-F]{64}) [ *](.+)\\z"_s);
     const QList<QByteArray> lines = sums.split('\n');
     for (const QByteArray &line : lines) {
         const auto parts = form.match(QString::fromUtf8(line.trimmed()));
@@ -34,11 +35,10 @@ std::optional<QByteArray> sumFor(const QByteArray &sums, const QString &name)
 QByteArray dearmored(const QByteArray &key)
 {
     // Between the header lines, which end with an empty one, and the checksum.
-    static const QRegularExpression form(
-        QStringLiteral("-----BEGIN PGP PUBLIC KEY BLOCK-----\\s*?\\n(?:[^\\n]*: "
-                       "[^\\n]*\\n)*\\s*?\\n(.*?)\\n=[^\\n]*\\n"
-                       "-----END PGP PUBLIC KEY BLOCK-----"),
-        QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression form(u"-----BEGIN PGP PUBLIC KEY BLOCK-----\\s*?\\n(?:[^\\n]*: "
+                                         u"[^\\n]*\\n)*\\s*?\\n(.*?)\\n=[^\\n]*\\n"
+                                         u"-----END PGP PUBLIC KEY BLOCK-----"_s,
+                                         QRegularExpression::DotMatchesEverythingOption);
     const auto parts = form.match(QString::fromLatin1(key).remove(u'\r'));
     return QByteArray::fromBase64(parts.captured(1).toLatin1());
 }

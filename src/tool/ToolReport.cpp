@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ToolReport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // As the tool itself counts: a release is made at least as often.
@@ -12,18 +14,17 @@ QString failureTextOf(const ToolReport &report)
     case StartFailure::none:
         return {};
     case StartFailure::isFolder:
-        return QStringLiteral("it is a folder");
+        return u"it is a folder"_s;
     case StartFailure::notExecutable:
-        return QStringLiteral("it is not executable");
+        return u"it is not executable"_s;
     case StartFailure::noPython:
-        return QStringLiteral("Python is not installed");
+        return u"Python is not installed"_s;
     case StartFailure::oldPython:
-        return QStringLiteral("it needs a newer Python");
+        return u"it needs a newer Python"_s;
     case StartFailure::noAnswer:
-        return QStringLiteral("it does not answer");
+        return u"it does not answer"_s;
     case StartFailure::other:
-        return report.failureText.isEmpty() ? QStringLiteral("it ends at once")
-                                            : report.failureText;
+        return report.failureText.isEmpty() ? u"it ends at once"_s : report.failureText;
     }
     Q_UNREACHABLE();
 }
@@ -38,22 +39,20 @@ QString statementAbout(const ToolReport &report, QDate today)
 {
     switch (statusOf(report, today)) {
     case ToolStatus::missing:
-        return QStringLiteral(
-            "yt-dlp is not installed. Quillon needs it for everything that it does.");
+        return u"yt-dlp is not installed. Quillon needs it for everything that it does."_s;
     case ToolStatus::doesNotStart:
         if (report.failure == StartFailure::isFolder) {
-            return QStringLiteral(
-                       "yt-dlp cannot run: %1 is a folder, which hides every other yt-dlp.")
-                .arg(report.path);
+            return u"yt-dlp cannot run: %1 is a folder, which hides every other yt-dlp."_s.arg(
+                report.path);
         }
         if (lacksPython(report))
-            return QStringLiteral("yt-dlp does not start: it needs Python 3.10 or newer.");
-        return QStringLiteral("yt-dlp does not start: %1.").arg(failureTextOf(report));
+            return u"yt-dlp does not start: it needs Python 3.10 or newer."_s;
+        return u"yt-dlp does not start: %1."_s.arg(failureTextOf(report));
     case ToolStatus::tooOld:
-        return QStringLiteral("YouTube no longer answers yt-dlp %1.").arg(report.version.text);
+        return u"YouTube no longer answers yt-dlp %1."_s.arg(report.version.text);
     case ToolStatus::old:
-        return QStringLiteral("yt-dlp is %1. A newer one may help.")
-            .arg(ageText(daysOld(report.version, today)));
+        return u"yt-dlp is %1. A newer one may help."_s.arg(
+            ageText(daysOld(report.version, today)));
     case ToolStatus::unknown:
     case ToolStatus::current:
         return {};
@@ -93,17 +92,17 @@ QString meaningOf(const ToolReport &report, QDate today)
 {
     switch (statusOf(report, today)) {
     case ToolStatus::missing:
-        return QStringLiteral("not installed");
+        return u"not installed"_s;
     case ToolStatus::doesNotStart:
-        return QStringLiteral("does not start: ") + failureTextOf(report);
+        return u"does not start: "_s + failureTextOf(report);
     case ToolStatus::tooOld:
-        return QStringLiteral("too old for YouTube");
+        return u"too old for YouTube"_s;
     case ToolStatus::old:
         return ageText(daysOld(report.version, today));
     case ToolStatus::unknown:
-        return QStringLiteral("of unknown age");
+        return u"of unknown age"_s;
     case ToolStatus::current:
-        return QStringLiteral("current");
+        return u"current"_s;
     }
     Q_UNREACHABLE();
 }
@@ -123,12 +122,12 @@ QString obstacleText(const ToolReport &report)
     case Obstacle::none:
         return {};
     case Obstacle::comesFirst:
-        return (isKnown ? QStringLiteral("It is at %1; this renews it:")
-                        : QStringLiteral("It is at %1, where Quillon changes nothing."))
+        return (isKnown ? u"It is at %1; this renews it:"_s
+                        : u"It is at %1, where Quillon changes nothing."_s)
             .arg(report.obstaclePath);
     case Obstacle::foreign:
-        return (isKnown ? QStringLiteral("Quillon did not put %1 there; this renews it:")
-                        : QStringLiteral("Quillon did not put %1 there, so it stays as it is."))
+        return (isKnown ? u"Quillon did not put %1 there; this renews it:"_s
+                        : u"Quillon did not put %1 there, so it stays as it is."_s)
             .arg(report.obstaclePath);
     }
     Q_UNREACHABLE();
@@ -136,5 +135,5 @@ QString obstacleText(const ToolReport &report)
 
 QString nameOf(const ToolReport &report)
 {
-    return QStringLiteral("%1 %2").arg(report.path, report.version.text).trimmed();
+    return u"%1 %2"_s.arg(report.path, report.version.text).trimmed();
 }

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype longestText = 40;
@@ -16,9 +18,7 @@ constexpr qint64 monthsOfYear = 12;
 
 QString counted(qint64 count, const QString &unit)
 {
-    return QStringLiteral("%1 %2%3 old")
-        .arg(count)
-        .arg(unit, count == 1 ? QString() : QStringLiteral("s"));
+    return u"%1 %2%3 old"_s.arg(count).arg(unit, count == 1 ? QString() : u"s"_s);
 }
 
 } // namespace
@@ -33,7 +33,7 @@ std::weak_ordering compare(const ToolVersion &left, const ToolVersion &right)
 ToolVersion versionFromOutput(const QByteArray &output)
 {
     static const QRegularExpression form(
-        QStringLiteral("\\A([0-9]{4})\\.([0-9]{2})\\.([0-9]{2})(?:\\.([0-9]{1,6}))?\\z"));
+        u"\\A([0-9]{4})\\.([0-9]{2})\\.([0-9]{2})(?:\\.([0-9]{1,6}))?\\z"_s);
     const QString printed = QString::fromUtf8(output.left(1024)).trimmed();
     const auto parts = form.match(printed);
     ToolVersion version{.text = printed.simplified().left(longestText), .date = {}};
@@ -58,8 +58,8 @@ qint64 daysOld(const ToolVersion &version, QDate today)
 QString ageText(qint64 days)
 {
     if (days <= mostDays)
-        return counted(days, QStringLiteral("day"));
+        return counted(days, u"day"_s);
     const auto months = static_cast<qint64>(std::floor(static_cast<double>(days) / daysOfMonth));
-    return months < mostMonths ? counted(months, QStringLiteral("month"))
-                               : counted(months / monthsOfYear, QStringLiteral("year"));
+    return months < mostMonths ? counted(months, u"month"_s)
+                               : counted(months / monthsOfYear, u"year"_s);
 }

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -18,10 +20,10 @@ constexpr auto timeOfHelper = 10s;
 constexpr int mostBeginnings = 2;
 constexpr int oldestPython = 10; // of the third
 
-const QString sumsFile = QStringLiteral("SHA2-256SUMS");
-const QString signatureFile = QStringLiteral("SHA2-256SUMS.sig");
-const QString packedFile = QStringLiteral("packed");
-const QString notUsed = QStringLiteral("The new yt-dlp was not used: ");
+const QString sumsFile = u"SHA2-256SUMS"_s;
+const QString signatureFile = u"SHA2-256SUMS.sig"_s;
+const QString packedFile = u"packed"_s;
+const QString notUsed = u"The new yt-dlp was not used: "_s;
 
 class SystemProxy : public QNetworkProxyFactory
 {
@@ -49,7 +51,7 @@ QByteArray contentOf(const QString &path)
 
 QString pythonNeeded(const QString &found)
 {
-    return QStringLiteral("yt-dlp needs Python 3.10 or newer; %1.").arg(found);
+    return u"yt-dlp needs Python 3.10 or newer; %1."_s.arg(found);
 }
 
 /// What is wrong with a Python that was asked for its version; nothing if it will do.
@@ -57,37 +59,35 @@ QString objectionToPython(const BoundedRun &answer)
 {
     const QList<QByteArray> version = answer.output.trimmed().split('.');
     if (!answer.isSuccess() || version.size() != 2)
-        return QStringLiteral("what is installed does not start");
+        return u"what is installed does not start"_s;
     const bool isNewEnough = version[0].toInt() == 3 && version[1].toInt() >= oldestPython;
-    return isNewEnough ? QString()
-                       : QStringLiteral("here is ") + QString::fromLatin1(version.join('.'));
+    return isNewEnough ? QString() : u"here is "_s + QString::fromLatin1(version.join('.'));
 }
 
 /// In brackets what a failed run said; nothing if it said nothing.
 QString bracketed(const QString &words)
 {
-    return words.isEmpty() ? words : QStringLiteral(" (%1)").arg(words);
+    return words.isEmpty() ? words : u" (%1)"_s.arg(words);
 }
 
 /// What is wrong with a new tool that was tried; nothing if it may be used.
 QString objectionTo(const BoundedRun &tried, const ToolVersion &present)
 {
     if (tried.hasRunOutOfTime)
-        return notUsed + QStringLiteral("it does not answer.");
+        return notUsed + u"it does not answer."_s;
     if (!tried.isSuccess()) {
-        return notUsed + QStringLiteral("it does not start%1.").arg(bracketed(wordsOf(tried)));
+        return notUsed + u"it does not start%1."_s.arg(bracketed(wordsOf(tried)));
     }
     const ToolVersion version = versionFromOutput(tried.output);
     if (!version.isDated())
-        return notUsed + QStringLiteral("it does not tell its version.");
+        return notUsed + u"it does not tell its version."_s;
     if (present.isDated() && compare(version, present) < 0) {
         return notUsed
-            + QStringLiteral("the latest release, %1, is older than what is here, %2.")
-                  .arg(version.text, present.text);
+            + u"the latest release, %1, is older than what is here, %2."_s.arg(version.text,
+                                                                               present.text);
     }
     if (version.date < oldestWorkingRelease())
-        return notUsed
-            + QStringLiteral("YouTube does not answer the latest release, %1.").arg(version.text);
+        return notUsed + u"YouTube does not answer the latest release, %1."_s.arg(version.text);
     return {};
 }
 
@@ -110,20 +110,19 @@ void UpdateRun::begin()
         fail(obstacleText(found));
         return;
     }
-    m_python = programIn(m_places.environment, QStringLiteral("python3"));
+    m_python = programIn(m_places.environment, u"python3"_s);
     if (m_python.isEmpty()) {
-        fail(pythonNeeded(QStringLiteral("it is not installed")));
+        fail(pythonNeeded(u"it is not installed"_s));
         return;
     }
-    const QString question = QStringLiteral("import sys; print(*sys.version_info[:2], sep='.')");
-    run(m_python, {QStringLiteral("-I"), QStringLiteral("-c"), question}, timeOfHelper,
-        [this](const BoundedRun &answer) {
-            const QString objection = objectionToPython(answer);
-            if (objection.isEmpty())
-                takeFolder();
-            else
-                fail(pythonNeeded(objection));
-        });
+    const QString question = u"import sys; print(*sys.version_info[:2], sep='.')"_s;
+    run(m_python, {u"-I"_s, u"-c"_s, question}, timeOfHelper, [this](const BoundedRun &answer) {
+        const QString objection = objectionToPython(answer);
+        if (objection.isEmpty())
+            takeFolder();
+        else
+            fail(pythonNeeded(objection));
+    });
 }
 
 void UpdateRun::takeFolder()
@@ -145,29 +144,28 @@ void UpdateRun::fetchSums()
 
 void UpdateRun::verifySums()
 {
-    const QString gpgv = programIn(m_places.environment, QStringLiteral("gpgv"));
+    const QString gpgv = programIn(m_places.environment, u"gpgv"_s);
     if (gpgv.isEmpty()) {
-        fail(QStringLiteral("A new yt-dlp cannot be checked: gpgv is not installed."));
+        fail(u"A new yt-dlp cannot be checked: gpgv is not installed."_s);
         return;
     }
-    const QString key = m_folder->workFile(QStringLiteral("key.gpg"));
+    const QString key = m_folder->workFile(u"key.gpg"_s);
     if (const int error = writeFile(key, dearmored(m_source.key)); error != 0) {
         fail(writingFailed(key, error));
         return;
     }
     run(gpgv,
-        {QStringLiteral("--homedir"), m_folder->workFile(QString()), QStringLiteral("--keyring"),
-         key, QStringLiteral("--status-fd"), QStringLiteral("1"), m_folder->workFile(signatureFile),
-         m_folder->workFile(sumsFile)},
+        {u"--homedir"_s, m_folder->workFile(QString()), u"--keyring"_s, key, u"--status-fd"_s,
+         u"1"_s, m_folder->workFile(signatureFile), m_folder->workFile(sumsFile)},
         timeOfHelper, [this](const BoundedRun &check) {
             const bool isGood = check.isSuccess() && check.output.contains("[GNUPG:] GOODSIG ")
                 && check.output.contains("[GNUPG:] VALIDSIG ");
             if (isGood)
                 fetchTool();
             else if (check.hasRunOutOfTime || check.ending.wasSignalled)
-                fail(QStringLiteral("A new yt-dlp cannot be checked: gpgv does not answer."));
+                fail(u"A new yt-dlp cannot be checked: gpgv does not answer."_s);
             else
-                beginAnew(notUsed + QStringLiteral("its signature is not good."));
+                beginAnew(notUsed + u"its signature is not good."_s);
         });
 }
 
@@ -182,9 +180,9 @@ void UpdateRun::checkSum()
     const auto expected = sumFor(contentOf(m_folder->workFile(sumsFile)), releasedFile());
     m_sum = m_hash.result().toHex();
     if (!expected)
-        fail(notUsed + QStringLiteral("the release does not list it."));
+        fail(notUsed + u"the release does not list it."_s);
     else if (m_sum != *expected)
-        beginAnew(notUsed + QStringLiteral("it is not what was released."));
+        beginAnew(notUsed + u"it is not what was released."_s);
     else
         pack();
 }
@@ -192,16 +190,16 @@ void UpdateRun::checkSum()
 void UpdateRun::pack()
 {
     m_handlers.onProgress({UpdateProgress::Step::preparing, 0});
-    const QString script = m_folder->workFile(QStringLiteral("pack_tool.py"));
-    const QByteArray content = contentOf(QStringLiteral(":/tool/pack_tool.py"));
+    const QString script = m_folder->workFile(u"pack_tool.py"_s);
+    const QByteArray content = contentOf(u":/tool/pack_tool.py"_s);
     if (const int error = writeFile(script, content); error != 0) {
         fail(writingFailed(script, error));
         return;
     }
     run(
         m_python,
-        {QStringLiteral("-I"), script, m_folder->workFile(releasedFile()),
-         m_folder->workFile(packedFile), QString::fromLatin1(ownMark(m_sum))},
+        {u"-I"_s, script, m_folder->workFile(releasedFile()), m_folder->workFile(packedFile),
+         QString::fromLatin1(ownMark(m_sum))},
         m_source.timeToPack,
         [this](const BoundedRun &packing) {
             constexpr int noZip = 3;
@@ -210,11 +208,11 @@ void UpdateRun::pack()
             if (packing.isSuccess())
                 tryPacked();
             else if (packing.ending.status == noZip && !packing.ending.wasSignalled)
-                fail(notUsed + QStringLiteral("it is damaged."));
+                fail(notUsed + u"it is damaged."_s);
             else if (packing.ending.status == noRoom && !packing.ending.wasSignalled)
                 fail(writingFailed(m_places.ownPath, ENOSPC));
             else
-                fail(notUsed + QStringLiteral("it could not be unpacked%1.").arg(words));
+                fail(notUsed + u"it could not be unpacked%1."_s.arg(words));
         },
         [this](const QByteArray &bytes) {
             bool isNumber = false;
@@ -229,14 +227,13 @@ void UpdateRun::tryPacked()
 {
     const QString packed = m_folder->workFile(packedFile);
     QFile::setPermissions(packed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    run(packed, {QStringLiteral("--version")}, m_source.timeToStart,
-        [this](const BoundedRun &tried) {
-            const QString objection = objectionTo(tried, m_present);
-            if (objection.isEmpty())
-                install(versionFromOutput(tried.output));
-            else
-                fail(objection);
-        });
+    run(packed, {u"--version"_s}, m_source.timeToStart, [this](const BoundedRun &tried) {
+        const QString objection = objectionTo(tried, m_present);
+        if (objection.isEmpty())
+            install(versionFromOutput(tried.output));
+        else
+            fail(objection);
+    });
 }
 
 void UpdateRun::install(const ToolVersion &version)
@@ -260,7 +257,7 @@ void UpdateRun::fetch(const QString &name, qint64 mostBytes, bool isReported, co
         errno = 0;
         if (m_file.write(bytes) != bytes.size()) {
             fail(writingFailed(m_file.fileName(), errno == 0 ? ENOSPC : errno));
-            return QStringLiteral("it cannot be kept");
+            return u"it cannot be kept"_s;
         }
         if (isReported)
             m_handlers.onProgress({UpdateProgress::Step::downloading, part});
@@ -271,7 +268,7 @@ void UpdateRun::fetch(const QString &name, qint64 mostBytes, bool isReported, co
         if (error.isEmpty())
             next();
         else
-            fail(QStringLiteral("yt-dlp could not be downloaded: %1.").arg(error));
+            fail(u"yt-dlp could not be downloaded: %1."_s.arg(error));
     };
     dropDownload();
     m_download = std::make_unique<Download>(

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AppState.h"
 
-#include "BrowseDownload.h"
-#include "DownloadArguments.h"
+#include "DownloadJob.h"
 #include "QueueRun.h"
 #include "ReplyAwaiter.h"
-#include "SingleRun.h"
 
 namespace {
 
@@ -16,10 +14,10 @@ constexpr int resultLimit = 25;
 void AppState::searchYouTube()
 {
     const QString query = browseSearchQuery().trimmed();
-    if (query.isEmpty() || isBrowseSearching)
+    if (query.isEmpty() || isBrowseSearching())
         return;
     isBrowseSearching = true;
-    browseSearchError = Text();
+    browseSearchError = std::nullopt;
     spawn([this, query] { return search(query); });
 }
 
@@ -27,12 +25,8 @@ QCoro::Task<> AppState::search(QString query)
 {
     try {
         const Results results = co_await requestSearch(query, resultLimit);
-        if (m_isClosing)
-            co_return;
         browseResults = results;
     } catch (const DescribedError &error) {
-        if (m_isClosing)
-            co_return;
         browseSearchError = error.errorDescription();
     }
     isBrowseSearching = false;
@@ -44,57 +38,44 @@ void AppState::browseDownload(const SearchResult &result, bool isAudio)
     const auto entry = browseDownloadStatuses().constFind(key);
     if (entry != browseDownloadStatuses().constEnd() && isActive(*entry))
         return;
-    const BrowseDownload download{
-        .result = result,
-        .key = key,
-        .quality = QualityOption::best(isAudio ? MediaFormat::mp3 : MediaFormat::mp4),
-        .folder = resolvedDownloadDir()};
-    setBrowseStatus(key, DownloadStatus::downloading(0, QString(), QString()));
+    const DownloadJob job{.task = {result.videoURL, result.title, result.thumbnailURL},
+                          .quality =
+                              QualityOption::best(isAudio ? MediaFormat::mp3 : MediaFormat::mp4),
+                          .folder = resolvedDownloadDir()};
+    setBrowseStatus(key, Status::Downloading{});
     setBrowseProgress(key, 0);
-    spawn([this, download] { return downloadResult(download); });
+    spawn([this, key, job] { return downloadResult(key, job); });
 }
 
-QCoro::Task<> AppState::downloadResult(BrowseDownload download)
+QCoro::Task<> AppState::downloadResult(QString key, DownloadJob job)
 {
-    const QString key = download.key;
-    const QStringList arguments = downloadArguments({.cookiesBrowser = cookiesBrowser,
-                                                     .speedLimit = speedLimit,
-                                                     .quality = download.quality,
-                                                     .folder = download.folder,
-                                                     .address = download.result.videoURL});
-    const ProgressHandler onProgress = [=, this](double progress, const QString &speed,
-                                                 const QString &eta) {
-        setBrowseStatus(key, DownloadStatus::downloading(progress, speed, eta));
-        setBrowseProgress(key, progress);
-    };
-    const ProcessingHandler onProcessing = [=, this] {
-        setBrowseStatus(key, DownloadStatus::processing());
-    };
+    const DownloadReports reports{
+        .onProgress =
+            [=, this](double progress, const QString &speed, const QString &eta) {
+                setBrowseStatus(key, Status::Downloading{progress, speed, eta});
+                setBrowseProgress(key, progress);
+            },
+        .onProcessing = [=, this] { setBrowseStatus(key, Status::Processing{}); }};
     try {
-        const QString savedPath = co_await requestDownload(arguments, onProgress, onProcessing);
-        if (m_isClosing)
-            co_return;
-        setBrowseStatus(key, DownloadStatus::done(savedPath));
-        const SearchResult &result = download.result;
-        addToHistory(historyRecord({result.videoURL, result.title, result.thumbnailURL},
-                                   download.quality, savedPath));
-        sendCompleteNotification(result.title, 1);
+        const QString savedPath = co_await requestDownload(job, reports);
+        setBrowseStatus(key, Status::Done{savedPath});
+        addToHistory(historyRecord(job, savedPath));
+        sendCompleteNotification(job.task.title, 1);
     } catch (const DescribedError &error) {
-        if (!m_isClosing)
-            setBrowseStatus(key, DownloadStatus::failed(error.errorDescription()));
+        setBrowseStatus(key, Status::Failed{error.errorDescription()});
     }
 }
 
 void AppState::setBrowseStatus(const QString &key, const DownloadStatus &status)
 {
-    DownloadStatuses statuses = browseDownloadStatuses;
+    DownloadStatuses statuses = browseDownloadStatuses();
     statuses.insert(key, status);
     browseDownloadStatuses = statuses;
 }
 
 void AppState::setBrowseProgress(const QString &key, double progress)
 {
-    DownloadFractions fractions = browseDownloadProgress;
+    DownloadFractions fractions = browseDownloadProgress();
     fractions.insert(key, progress);
     browseDownloadProgress = fractions;
 }

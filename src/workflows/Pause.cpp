@@ -6,7 +6,7 @@
 void AppState::togglePause()
 {
     const auto active = service.activeProcess();
-    if (!isPaused) {
+    if (!isPaused()) {
         if (active && active->isRunning()) {
             active->send(SIGSTOP);
             m_stopped.append(active);

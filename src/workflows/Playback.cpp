@@ -7,14 +7,10 @@
 
 void AppState::setupAutoPlayNext()
 {
-    connect(&avPlayer, &AVPlayer::didPlayToEnd, this, [this] {
-        m_mailbox->post([this] {
-            if (!m_isClosing)
-                playNext();
-        });
-    });
-    connect(&avPlayer, &AVPlayer::failed, this, [this](const QString &message) {
-        if (nowPlaying() && !isLoadingStream)
+    connect(&avPlayer, &MediaPlayer::playedToEnd, this,
+            [this] { postUnlessClosing([this] { playNext(); }); });
+    connect(&avPlayer, &MediaPlayer::failed, this, [this](const QString &message) {
+        if (nowPlaying() && !isLoadingStream())
             playerError = message;
     });
 }
@@ -23,7 +19,7 @@ std::optional<qsizetype> AppState::currentPlayIndex() const
 {
     if (!nowPlaying())
         return {};
-    const Results &results = browseResults;
+    const Results &results = browseResults();
     const auto found = std::find_if(results.begin(), results.end(), [this](const auto &result) {
         return result.id == nowPlaying()->id;
     });
@@ -40,7 +36,7 @@ void AppState::playBrowseResult(SearchResult result) // NOLINT(performance-unnec
     cancelStreamLoad();
     nowPlaying = result;
     isLoadingStream = true;
-    playerError = Text();
+    playerError = std::nullopt;
     avPlayer.pause();
     avPlayer.replaceCurrentItem({});
     streamLoadTask.emplace();
@@ -52,12 +48,12 @@ QCoro::Task<> AppState::loadStream(SearchResult result, std::stop_token task)
     const QString videoURL = result.videoURL;
     try {
         const QUrl address = co_await requestStream(videoURL);
-        if (m_isClosing || task.stop_requested())
+        if (task.stop_requested())
             co_return;
-        avPlayer.replaceCurrentItem(AVPlayerItem{address});
+        avPlayer.replaceCurrentItem(MediaItem{address});
         avPlayer.play();
     } catch (const DescribedError &error) {
-        if (m_isClosing || task.stop_requested())
+        if (task.stop_requested())
             co_return;
         playerError = error.errorDescription();
     }
@@ -69,9 +65,9 @@ void AppState::stopPlayback()
     cancelStreamLoad();
     avPlayer.pause();
     avPlayer.replaceCurrentItem({});
-    nowPlaying = Result();
+    nowPlaying = std::nullopt;
     isLoadingStream = false;
-    playerError = Text();
+    playerError = std::nullopt;
 }
 
 void AppState::playNext()

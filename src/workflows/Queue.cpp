@@ -2,10 +2,10 @@
 #include "AppState.h"
 
 #include "Addresses.h"
-#include "DownloadArguments.h"
 #include "QueueRun.h"
 #include "ReplyAwaiter.h"
-#include "SingleRun.h"
+
+using namespace Qt::StringLiterals;
 
 void AppState::addURLToQueue(const QString &url)
 {
@@ -13,7 +13,7 @@ void AppState::addURLToQueue(const QString &url)
     if (address.isEmpty())
         return;
     const auto item = std::make_shared<DownloadItem>(address);
-    item->status = DownloadStatus::fetching();
+    item->status = Status::Fetching{};
     queue = queue() + Queue{item};
     spawn([this, item] { return fetchForQueue(item); });
 }
@@ -24,30 +24,27 @@ QCoro::Task<> AppState::fetchForQueue(std::shared_ptr<DownloadItem> item)
     const bool asPlaylist = namesPlaylist(address);
     try {
         const VideoInfo info = co_await requestInfo(address, asPlaylist);
-        if (m_isClosing)
-            co_return;
         if (asPlaylist) {
-            queue = expanded(queue, item, info);
+            queue = expanded(queue(), item, info);
         } else {
             item->info = info;
-            item->status = DownloadStatus::waiting();
+            item->status = Status::Waiting{};
         }
     } catch (const DescribedError &error) {
-        if (!m_isClosing)
-            item->status = DownloadStatus::failed(error.errorDescription());
+        item->status = Status::Failed{error.errorDescription()};
     }
 }
 
 void AppState::startQueueDownload()
 {
-    if (queue().isEmpty() || isQueueDownloading)
+    if (queue().isEmpty() || isQueueDownloading())
         return;
     QueueRun queueRun{.items = {},
-                      .quality = runQuality(multiFormat, multiQuality),
+                      .quality = runQuality(multiFormat(), multiQuality()),
                       .folder = resolvedDownloadDir()};
     isQueueDownloading = true;
     unsetPause();
-    queueRun.items = inactive(queue);
+    queueRun.items = inactive(queue());
     totalDownloadCount = queueRun.items.size();
     currentDownloadIndex = 0;
     spawn([this, queueRun] { return runQueue(queueRun); });
@@ -55,60 +52,51 @@ void AppState::startQueueDownload()
 
 QCoro::Task<> AppState::runQueue(QueueRun queueRun)
 {
-    for (qsizetype position = 0; position < queueRun.items.size(); ++position) {
+    for (qsizetype position = 0; position < queueRun.items.size(); ++position)
         co_await downloadItem(queueRun, position);
-        if (m_isClosing)
-            co_return;
-    }
     isQueueDownloading = false;
     unsetPause();
     currentDownloadTitle = QString();
     currentDownloadIndex = 0;
     totalDownloadCount = 0;
-    sendCompleteNotification(QStringLiteral("Queue"), queueRun.items.size());
+    sendCompleteNotification(u"Queue"_s, queueRun.items.size());
 }
 
 QCoro::Task<> AppState::downloadItem(QueueRun queueRun, qsizetype position)
 {
     const auto item = queueRun.items[position];
+    const DownloadJob job{taskOf(*item), queueRun.quality, queueRun.folder};
     currentDownloadIndex = position + 1;
     currentDownloadTitle = item->title();
-    item->status = DownloadStatus::downloading(0, QString(), QString());
-    const QStringList arguments = downloadArguments({.cookiesBrowser = cookiesBrowser,
-                                                     .speedLimit = speedLimit,
-                                                     .quality = queueRun.quality,
-                                                     .folder = queueRun.folder,
-                                                     .address = item->url});
+    item->status = Status::Downloading{};
     // Weakly, since the worker may be the last to let go of these.
     const auto setStatus = [weak = std::weak_ptr(item)](const DownloadStatus &status) {
         if (const auto strong = weak.lock())
             strong->status = status;
     };
-    const ProgressHandler onProgress = [=](double progress, const QString &speed,
-                                           const QString &eta) {
-        setStatus(DownloadStatus::downloading(progress, speed, eta));
-    };
-    const ProcessingHandler onProcessing = [=] { setStatus(DownloadStatus::processing()); };
+    const DownloadReports reports{
+        .onProgress =
+            [=](double progress, const QString &speed, const QString &eta) {
+                setStatus(Status::Downloading{progress, speed, eta});
+            },
+        .onProcessing = [=] { setStatus(Status::Processing{}); }};
     try {
-        const QString savedPath = co_await requestDownload(arguments, onProgress, onProcessing);
-        if (m_isClosing)
-            co_return;
-        item->status = DownloadStatus::done(savedPath);
-        addToHistory(historyRecord(taskOf(*item), queueRun.quality, savedPath));
+        const QString savedPath = co_await requestDownload(job, reports);
+        item->status = Status::Done{savedPath};
+        addToHistory(historyRecord(job, savedPath));
     } catch (const DescribedError &error) {
-        if (!m_isClosing)
-            item->status = DownloadStatus::failed(error.errorDescription());
+        item->status = Status::Failed{error.errorDescription()};
     }
 }
 
 void AppState::clearQueue()
 {
-    queue = active(queue);
+    queue = active(queue());
 }
 
 void AppState::removeFromQueue(const QUuid &id)
 {
-    Queue rest = queue;
+    Queue rest = queue();
     rest.removeIf([&id](const auto &item) { return item->id == id; });
     queue = rest;
 }

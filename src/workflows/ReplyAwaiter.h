@@ -19,14 +19,14 @@ class ReplyAwaiter
 {
 public:
     using Start = std::function<void(Completion<Value>)>;
-    using FailureHandler = std::function<void(const DescribedError &)>;
+    /// Called with the failure, or with nothing, before the coroutine goes on; may throw.
+    using SettledHandler = std::function<void(const DescribedError *)>;
 
-    /// `start` makes the request with the completion that it is given. A failure is
-    /// handed to `onFailure` before it is thrown.
-    ReplyAwaiter(std::shared_ptr<Mailbox> mailbox, Start start, FailureHandler onFailure)
+    /// `start` makes the request with the completion that it is given.
+    ReplyAwaiter(std::shared_ptr<Mailbox> mailbox, Start start, SettledHandler onSettled)
         : m_mailbox(std::move(mailbox))
         , m_start(std::move(start))
-        , m_onFailure(std::move(onFailure))
+        , m_onSettled(std::move(onSettled))
     {
     }
 
@@ -46,17 +46,13 @@ public:
 
     Value await_resume()
     {
-        try {
-            return valueOrThrow<Value>(std::move(*m_reply));
-        } catch (const DescribedError &error) {
-            m_onFailure(error);
-            throw;
-        }
+        m_onSettled(errorOf(*m_reply));
+        return valueOrThrow(std::move(*m_reply));
     }
 
 private:
     std::shared_ptr<Mailbox> m_mailbox;
     Start m_start;
-    FailureHandler m_onFailure;
+    SettledHandler m_onSettled;
     std::optional<Reply<Value>> m_reply;
 };

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AppState.h"
 
+#include "Closing.h"
+#include "DownloadArguments.h"
+#include "DownloadJob.h"
 #include "ReplyAwaiter.h"
 
 namespace {
@@ -17,9 +20,11 @@ template<typename Value>
 ReplyAwaiter<Value> AppState::request(std::function<void(Completion<Value>)> start)
 {
     Q_EMIT operationStarted();
-    return {m_mailbox, std::move(start), [this](const DescribedError &error) {
-                if (!m_isClosing)
-                    Q_EMIT operationFailed(error.errorDescription(), wasLaunched(error));
+    return {m_mailbox, std::move(start), [this](const DescribedError *error) {
+                if (m_isClosing)
+                    throw Closing();
+                if (error)
+                    Q_EMIT operationFailed(error->errorDescription(), wasLaunched(*error));
             }};
 }
 
@@ -48,23 +53,24 @@ ReplyAwaiter<QUrl> AppState::requestStream(const QString &videoURL)
     });
 }
 
-ReplyAwaiter<QString> AppState::requestDownload(const QStringList &arguments,
-                                                const ProgressHandler &onProgress,
-                                                const ProcessingHandler &onProcessing)
+ReplyAwaiter<QString> AppState::requestDownload(const DownloadJob &job,
+                                                const DownloadReports &reports)
 {
+    const QStringList arguments = downloadArguments({.cookiesBrowser = cookiesBrowser(),
+                                                     .speedLimit = speedLimit(),
+                                                     .quality = job.quality,
+                                                     .folder = job.folder,
+                                                     .address = job.task.address});
     // Reports take the same way as the completion, so that none overtakes it.
-    const auto hop = [mailbox = m_mailbox, state = QPointer(this)](auto action) {
-        mailbox->post([state, action] {
-            if (state && !state->m_isClosing)
-                action();
-        });
+    const ProgressHandler onProgress = [this, handle = reports.onProgress](double progress,
+                                                                           const QString &speed,
+                                                                           const QString &eta) {
+        postUnlessClosing([=] { handle(progress, speed, eta); });
     };
-    const ProgressHandler hopProgress = [=](double progress, const QString &speed,
-                                            const QString &eta) {
-        hop([=] { onProgress(progress, speed, eta); });
+    const ProcessingHandler onProcessing = [this, handle = reports.onProcessing] {
+        postUnlessClosing(handle);
     };
-    const ProcessingHandler hopProcessing = [=] { hop(onProcessing); };
     return request<QString>([=, this](const Completion<QString> &completion) {
-        service.runProcessWithProgress(arguments, hopProgress, hopProcessing, completion);
+        service.runProcessWithProgress(arguments, onProgress, onProcessing, completion);
     });
 }

@@ -2,7 +2,6 @@
 #include "AppState.h"
 
 #include "Addresses.h"
-#include "DownloadArguments.h"
 #include "ReplyAwaiter.h"
 #include "SingleRun.h"
 
@@ -12,11 +11,11 @@ void AppState::fetchSingleInfo()
     if (address.isEmpty())
         return;
     isFetching = true;
-    fetchError = Text();
-    singleInfo = Info();
+    fetchError = std::nullopt;
+    singleInfo = std::nullopt;
     selectedPlaylistItems = EntrySelection();
-    downloadStatus = DownloadUIStatus::idle();
-    spawn([this, address, asPlaylist = fetchesPlaylist(address, fetchAsPlaylist)] {
+    downloadStatus = Status::Idle{};
+    spawn([this, address, asPlaylist = fetchesPlaylist(address, fetchAsPlaylist())] {
         return fetch(address, asPlaylist);
     });
 }
@@ -25,8 +24,6 @@ QCoro::Task<> AppState::fetch(QString address, bool asPlaylist)
 {
     try {
         const VideoInfo info = co_await requestInfo(address, asPlaylist);
-        if (m_isClosing)
-            co_return;
         singleInfo = info;
         if (info.isPlaylist) {
             EntrySelection all;
@@ -36,8 +33,6 @@ QCoro::Task<> AppState::fetch(QString address, bool asPlaylist)
         }
         isFetching = false;
     } catch (const DescribedError &error) {
-        if (m_isClosing)
-            co_return;
         fetchError = error.errorDescription();
         isFetching = false;
     }
@@ -48,7 +43,7 @@ void AppState::startSingleDownload()
     if (!singleInfo())
         return;
     SingleRun singleRun{.tasks = {},
-                        .quality = runQuality(selectedFormat, selectedQuality),
+                        .quality = runQuality(selectedFormat(), selectedQuality()),
                         .folder = {},
                         .title = runTitle(*singleInfo())};
     isDownloading = true;
@@ -56,9 +51,9 @@ void AppState::startSingleDownload()
     downloadProgress = 0;
     downloadSpeed = QString();
     downloadETA = QString();
-    downloadStatus = DownloadUIStatus::downloading();
+    downloadStatus = Status::Running{};
     singleRun.folder = resolvedDownloadDir();
-    singleRun.tasks = runTasks(*singleInfo(), selectedPlaylistItems);
+    singleRun.tasks = runTasks(*singleInfo(), selectedPlaylistItems());
     totalDownloadCount = singleRun.tasks.size();
     currentDownloadIndex = 0;
     currentDownloadTitle = QString();
@@ -68,46 +63,35 @@ void AppState::startSingleDownload()
 QCoro::Task<> AppState::run(SingleRun singleRun)
 {
     try {
-        for (qsizetype position = 0; position < singleRun.tasks.size(); ++position) {
+        for (qsizetype position = 0; position < singleRun.tasks.size(); ++position)
             co_await downloadTask(singleRun, position);
-            if (m_isClosing)
-                co_return;
-        }
-        endRun(DownloadUIStatus::done(singleRun.folder));
+        endRun(Status::Done{singleRun.folder});
         downloadProgress = 1.0;
         sendCompleteNotification(singleRun.title, singleRun.tasks.size());
     } catch (const DescribedError &error) {
-        if (!m_isClosing)
-            endRun(DownloadUIStatus::failed(error.errorDescription()));
+        endRun(Status::Failed{error.errorDescription()});
     }
 }
 
 QCoro::Task<> AppState::downloadTask(SingleRun singleRun, qsizetype position)
 {
-    const DownloadTask task = singleRun.tasks[position];
+    const DownloadJob job{singleRun.tasks[position], singleRun.quality, singleRun.folder};
     currentDownloadIndex = position + 1;
-    currentDownloadTitle = task.title;
+    currentDownloadTitle = job.task.title;
     setLastReport(Report::none);
-    downloadStatus = DownloadUIStatus::downloading();
+    downloadStatus = Status::Running{};
     downloadProgress = 0;
-    const QStringList arguments = downloadArguments({.cookiesBrowser = cookiesBrowser,
-                                                     .speedLimit = speedLimit,
-                                                     .quality = singleRun.quality,
-                                                     .folder = singleRun.folder,
-                                                     .address = task.address});
-    const ProgressHandler onProgress = [this](double progress, const QString &speed,
-                                              const QString &eta) {
-        takeProgress(progress, speed, eta);
-    };
-    const ProcessingHandler onProcessing = [this] { takeProcessing(); };
-    const QString savedPath = co_await requestDownload(arguments, onProgress, onProcessing);
-    if (!m_isClosing)
-        addToHistory(historyRecord(task, singleRun.quality, savedPath));
+    const DownloadReports reports{
+        .onProgress = [this](double progress, const QString &speed,
+                             const QString &eta) { showProgress(progress, speed, eta); },
+        .onProcessing = [this] { showProcessing(); }};
+    const QString savedPath = co_await requestDownload(job, reports);
+    addToHistory(historyRecord(job, savedPath));
 }
 
 void AppState::resetDownload()
 {
-    downloadStatus = DownloadUIStatus::idle();
+    downloadStatus = Status::Idle{};
     downloadProgress = 0;
     downloadSpeed = QString();
     downloadETA = QString();
@@ -118,7 +102,7 @@ void AppState::resetDownload()
     totalDownloadCount = 0;
 }
 
-void AppState::takeProgress(double progress, const QString &speed, const QString &eta)
+void AppState::showProgress(double progress, const QString &speed, const QString &eta)
 {
     downloadProgress = progress;
     downloadSpeed = speed;
@@ -126,17 +110,17 @@ void AppState::takeProgress(double progress, const QString &speed, const QString
     setLastReport(Report::progress);
 }
 
-void AppState::takeProcessing()
+void AppState::showProcessing()
 {
     setLastReport(Report::processing);
-    downloadStatus = DownloadUIStatus::processing();
+    downloadStatus = Status::Processing{};
 }
 
 DownloadUIStatus AppState::displayedDownloadStatus() const
 {
-    const bool isProgressing = m_lastReport == Report::progress
-        && downloadStatus().kind() == DownloadUIStatus::Case::processing;
-    return isProgressing ? DownloadUIStatus::downloading() : downloadStatus;
+    const bool isProgressing =
+        m_lastReport == Report::progress && kindOf(downloadStatus()) == StatusKind::Processing;
+    return isProgressing ? DownloadUIStatus(Status::Running{}) : downloadStatus();
 }
 
 void AppState::setLastReport(Report report)

@@ -214,7 +214,7 @@ private Q_SLOTS:
 private:
     QString failure(const QString &key)
     {
-        return state().browseDownloadStatuses().find(key)->message().trimmed();
+        return messageOf(*state().browseDownloadStatuses().find(key)).trimmed();
     }
 
     double ring(const char *button)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WindowFixture.h"
 
-#include "NoticeModel.h"
+#include "NoticePresenter.h"
 #include "Release.h"
 #include "ToolKeeper.h"
-#include "ToolModel.h"
+#include "ToolPresenter.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -296,8 +296,8 @@ protected:
                               .source = {.folder = m_server.address(), .key = m_signer.key},
                               .today = [] { return QDate(2026, 8, 19); }});
         m_keeper->begin();
-        m_notices = std::make_unique<NoticeModel>(*m_keeper);
-        m_tool = std::make_unique<ToolModel>(*m_keeper);
+        m_notices = std::make_unique<NoticePresenter>(*m_keeper);
+        m_tool = std::make_unique<ToolPresenter>(*m_keeper);
         return {.notices = m_notices.get(), .tool = m_tool.get()};
     }
 
@@ -333,8 +333,8 @@ private:
     Signer m_signer;
     ReleaseServer m_server;
     std::unique_ptr<ToolKeeper> m_keeper;
-    std::unique_ptr<NoticeModel> m_notices;
-    std::unique_ptr<ToolModel> m_tool;
+    std::unique_ptr<NoticePresenter> m_notices;
+    std::unique_ptr<ToolPresenter> m_tool;
 };
 
 QTEST_MAIN(NoticeTest)

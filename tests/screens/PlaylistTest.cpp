@@ -43,7 +43,8 @@ private Q_SLOTS:
         QCOMPARE(textOf("playlistCount"), u"4 of 5 selected"_s);
         QCOMPARE(textOf("download"), u"Download 4 Videos"_s);
         click("download");
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::done(m_fixture.folder.path()));
+        WAIT_FOR(state().downloadStatus()
+                 == DownloadUIStatus(Status::Done{m_fixture.folder.path()}));
         QCOMPARE(m_fixture.tool.calls().size(), 5);
         QCOMPARE(state().totalDownloadCount(), 5);
         QCOMPARE(state().currentDownloadIndex(), 5);
@@ -256,7 +257,7 @@ private Q_SLOTS:
         focusByTab("playlistCards");
         press(Qt::Key_End);
         WAIT_FOR(m_silentServer.left > 0);
-        state().singleInfo = AppState::Info();
+        state().singleInfo = std::nullopt;
         WAIT_FOR(!item("playlistCards"));
     }
 

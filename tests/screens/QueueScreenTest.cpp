@@ -144,7 +144,7 @@ private Q_SLOTS:
         show(1);
         const QString path = m_fixture.folder.filePath(u"a.mp4"_s);
         writeFile(path, "x");
-        state().queue()[0]->status = DownloadStatus::done(path);
+        state().queue()[0]->status = Status::Done{path};
         WAIT_FOR(find(item("queue0"), u"statusLine"_s)->isVisible());
         m_window->grabWindow();
         QTest::mouseClick(m_window, Qt::LeftButton, {},
@@ -155,7 +155,7 @@ private Q_SLOTS:
     void aMessageOfManyLinesStaysOnOneAndIsWholeInTheTooltip()
     {
         show(2);
-        state().queue()[0]->status = DownloadStatus::failed(u"first\nsecond\nthird\n"_s);
+        state().queue()[0]->status = Status::Failed{u"first\nsecond\nthird\n"_s};
         QQuickItem *const line = find(item("queue0"), u"statusLine"_s);
         WAIT_FOR(line->isVisible());
         m_window->grabWindow();
@@ -171,7 +171,7 @@ private Q_SLOTS:
     void megabytesOfAMessageReachNoTextOnTheScreen()
     {
         show(2);
-        state().queue()[0]->status = DownloadStatus::failed(QString(3'000'000, u'x'));
+        state().queue()[0]->status = Status::Failed{QString(3'000'000, u'x')};
         WAIT_FOR(find(item("queue0"), u"statusLine"_s)->isVisible());
         QVERIFY(longestText(m_window->contentItem()) < 11'000);
         QVERIFY(accessible("queue0")->text(QAccessible::Name).size() < 11'000);
@@ -191,7 +191,7 @@ private Q_SLOTS:
         show(4);
         const QString path = m_fixture.folder.filePath(u"a.mp4"_s);
         writeFile(path, "x");
-        state().queue()[1]->status = DownloadStatus::done(path);
+        state().queue()[1]->status = Status::Done{path};
         focusByTab("queueRows");
         QTest::keyClick(m_window, Qt::Key_Return); // waiting: nothing to reveal
         QVERIFY(m_fixture.desktop.fileViewer->selected.isEmpty());
@@ -212,11 +212,11 @@ private Q_SLOTS:
     void clearDoneRemovesWaitingAndFailedEntriesToo()
     {
         show(3);
-        state().queue()[0]->status = DownloadStatus::failed(u"no"_s);
-        state().queue()[1]->status = DownloadStatus::processing();
+        state().queue()[0]->status = Status::Failed{u"no"_s};
+        state().queue()[1]->status = Status::Processing{};
         click("clearQueue");
         QCOMPARE(state().queue().size(), 1);
-        QVERIFY(state().queue()[0]->status() == DownloadStatus::processing());
+        QVERIFY(state().queue()[0]->status() == DownloadStatus(Status::Processing{}));
     }
 
     void aReportMakesNoNewRow()
@@ -225,7 +225,7 @@ private Q_SLOTS:
         const QQuickItem *const row = item("queue1");
         for (int report = 0; report < 10; ++report)
             state().queue()[1]->status =
-                DownloadStatus::downloading(report / 10.0, u"1MiB/s"_s, u"00:01"_s);
+                Status::Downloading{report / 10.0, u"1MiB/s"_s, u"00:01"_s};
         m_window->grabWindow();
         QCOMPARE(item("queue1"), row);
         QCOMPARE(find(item("queue1"), u"ring"_s)->property("progress").toDouble(), 0.9);
@@ -243,7 +243,7 @@ private Q_SLOTS:
     void aRowTellsTitleStatusAndMessage()
     {
         show(2);
-        state().queue()[0]->status = DownloadStatus::failed(u"Download failed: no\n"_s);
+        state().queue()[0]->status = Status::Failed{u"Download failed: no\n"_s};
         QCOMPARE(accessible("queue0")->text(QAccessible::Name),
                  u"https://x/0, Failed, Download failed: no"_s);
         QVERIFY(accessible("queue0")->role() == QAccessible::ListItem);

@@ -52,13 +52,13 @@ protected:
                  && !state().isBrowseSearching());
         state().browseSearchQuery = QString();
         state().browseResults = AppState::Results();
-        state().browseSearchError = AppState::Text();
+        state().browseSearchError = std::nullopt;
         state().browseDownloadStatuses = AppState::DownloadStatuses();
         state().browseDownloadProgress = AppState::DownloadFractions();
         state().queue = AppState::Queue();
         state().singleURL = QString();
-        state().singleInfo = AppState::Info();
-        state().fetchError = AppState::Text();
+        state().singleInfo = std::nullopt;
+        state().fetchError = std::nullopt;
         state().resetDownload();
         state().mode = AppMode::single;
         state().showSettings = false;

@@ -79,7 +79,7 @@ private Q_SLOTS:
 
     void itemsThatFollowEachOther()
     {
-        const QSignalSpy ends(&state().avPlayer, &AVPlayer::didPlayToEnd);
+        const QSignalSpy ends(&state().avPlayer, &MediaPlayer::playedToEnd);
         const int items = wanted("QUILLON_ITEMS", 5);
         QList<double> memory;
         while (ends.count() < items) {
@@ -130,7 +130,7 @@ private:
 
     void act(QRandomGenerator &random)
     {
-        AVPlayer &player = state().avPlayer;
+        MediaPlayer &player = state().avPlayer;
         switch (random.bounded(6)) {
         case 0:
             state().stopPlayback();

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 FakeTool::FakeTool()
 {
     setScript("exit 0");
@@ -26,7 +28,7 @@ QString FakeTool::file(const QString &name) const
 void FakeTool::setScript(const QByteArray &body)
 {
     // Replaced rather than overwritten: an earlier call may still read it.
-    const QString next = path() + QStringLiteral(".next");
+    const QString next = path() + u".next"_s;
     writeFile(next,
               "#!/bin/sh\n"
               "DIR='"
@@ -60,7 +62,7 @@ QList<QStringList> FakeTool::calls() const
 {
     QList<QStringList> calls;
     QStringList call;
-    const QList<QByteArray> lines = contentOf(file(QStringLiteral("calls"))).split('\n');
+    const QList<QByteArray> lines = contentOf(file(u"calls"_s)).split('\n');
     for (const QByteArray &line : lines) {
         if (line == "--END-OF-CALL--")
             calls.append(std::exchange(call, {}));
@@ -72,8 +74,8 @@ QList<QStringList> FakeTool::calls() const
 
 QStringList FakeTool::environment() const
 {
-    QStringList variables = QString::fromUtf8(contentOf(file(QStringLiteral("environment"))))
-                                .split(u'\n', Qt::SkipEmptyParts);
+    QStringList variables =
+        QString::fromUtf8(contentOf(file(u"environment"_s))).split(u'\n', Qt::SkipEmptyParts);
     variables.sort();
     return variables;
 }
@@ -81,8 +83,7 @@ QStringList FakeTool::environment() const
 QList<qint64> FakeTool::processIdentifiers() const
 {
     QList<qint64> identifiers;
-    const QList<QByteArray> lines =
-        contentOf(file(QStringLiteral("processes"))).trimmed().split('\n');
+    const QList<QByteArray> lines = contentOf(file(u"processes"_s)).trimmed().split('\n');
     for (const QByteArray &line : lines) {
         if (!line.isEmpty())
             identifiers.append(line.toLongLong());
@@ -92,7 +93,7 @@ QList<qint64> FakeTool::processIdentifiers() const
 
 QByteArray stateOf(qint64 processIdentifier)
 {
-    const QByteArray stat = contentOf(QStringLiteral("/proc/%1/stat").arg(processIdentifier));
+    const QByteArray stat = contentOf(u"/proc/%1/stat"_s.arg(processIdentifier));
     return stat.mid(stat.lastIndexOf(')') + 2, 1);
 }
 

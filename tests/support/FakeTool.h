@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 /// A tool that does what a test's shell script says. It records every call.
 class FakeTool
 {
@@ -16,7 +18,7 @@ public:
     FakeTool();
     ~FakeTool();
 
-    [[nodiscard]] QString path() const { return file(QStringLiteral("yt-dlp")); }
+    [[nodiscard]] QString path() const { return file(u"yt-dlp"_s); }
     [[nodiscard]] QString file(const QString &name) const;
 
     /// What the tool does from now on. "$DIR" is the fake tool's own folder and

@@ -7,6 +7,8 @@
 #include <QTcpSocket>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 /// Says the same to everyone who asks, and counts them. Whoever is told more than
 /// goes through the line gets it bit by bit.
 class PictureServer : public QTcpServer
@@ -64,13 +66,12 @@ public:
     [[nodiscard]] PictureSource source(
         std::chrono::milliseconds patience = std::chrono::seconds(30)) const
     {
-        return {.patience = patience,
-                .exception = QStringLiteral("127.0.0.1:%1").arg(serverPort())};
+        return {.patience = patience, .exception = u"127.0.0.1:%1"_s.arg(serverPort())};
     }
 
-    [[nodiscard]] QString address(const QString &path = QStringLiteral("a.png")) const
+    [[nodiscard]] QString address(const QString &path = u"a.png"_s) const
     {
-        return QStringLiteral("http://127.0.0.1:%1/%2").arg(serverPort()).arg(path);
+        return u"http://127.0.0.1:%1/%2"_s.arg(serverPort()).arg(path);
     }
 
     QByteArray answer;

@@ -7,31 +7,28 @@
 #include <QCryptographicHash>
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 /// Signs, as who makes releases does, with a key of its own.
 class Signer
 {
 public:
     Signer()
     {
-        run({QStringLiteral("--passphrase"), QString(), QStringLiteral("--quick-gen-key"),
-             QStringLiteral("test@example.org"), QStringLiteral("ed25519"), QStringLiteral("sign"),
-             QStringLiteral("never")});
-        run({QStringLiteral("--armor"), QStringLiteral("--output"), file("key"),
-             QStringLiteral("--export")});
+        run({u"--passphrase"_s, QString(), u"--quick-gen-key"_s, u"test@example.org"_s,
+             u"ed25519"_s, u"sign"_s, u"never"_s});
+        run({u"--armor"_s, u"--output"_s, file("key"), u"--export"_s});
         key = contentOf(file("key"));
     }
     ~Signer()
     {
-        QProcess::execute(QStringLiteral("gpgconf"),
-                          {QStringLiteral("--homedir"), m_home.path(), QStringLiteral("--kill"),
-                           QStringLiteral("all")});
+        QProcess::execute(u"gpgconf"_s, {u"--homedir"_s, m_home.path(), u"--kill"_s, u"all"_s});
     }
 
     [[nodiscard]] QByteArray signatureOf(const QByteArray &content) const
     {
         writeFile(file("content"), content);
-        run({QStringLiteral("--yes"), QStringLiteral("--output"), file("signature"),
-             QStringLiteral("--detach-sign"), file("content")});
+        run({u"--yes"_s, u"--output"_s, file("signature"), u"--detach-sign"_s, file("content")});
         return contentOf(file("signature"));
     }
 
@@ -45,31 +42,27 @@ private:
     void run(const QStringList &arguments) const
     {
         QProcess gpg;
-        gpg.start(QStringLiteral("gpg"),
-                  QStringList{QStringLiteral("--batch"), QStringLiteral("--quiet"),
-                              QStringLiteral("--homedir"), m_home.path()}
+        gpg.start(u"gpg"_s,
+                  QStringList{u"--batch"_s, u"--quiet"_s, u"--homedir"_s, m_home.path()}
                       + arguments);
         if (!gpg.waitForFinished() || gpg.exitCode() != 0)
             qFatal("gpg: %s", gpg.readAllStandardError().constData());
     }
 
-    QTemporaryDir m_home{
-        QStringLiteral("/tmp/quillon-key-XXXXXX")}; // its sockets want a short path
+    QTemporaryDir m_home{u"/tmp/quillon-key-XXXXXX"_s}; // its sockets want a short path
 };
 
 /// A Python zip whose main module is this code.
 inline QByteArray zippedTool(const QByteArray &code)
 {
     const QTemporaryDir folder;
-    writeFile(folder.filePath(QStringLiteral("__main__.py")), code);
-    const QString zip = folder.filePath(QStringLiteral("tool.zip"));
+    writeFile(folder.filePath(u"__main__.py"_s), code);
+    const QString zip = folder.filePath(u"tool.zip"_s);
     const QString script =
-        QStringLiteral("import sys, zipfile\n"
-                       "with zipfile.ZipFile(sys.argv[2], 'w', zipfile.ZIP_DEFLATED) as file:\n"
-                       "    file.write(sys.argv[1], '__main__.py')\n");
-    QProcess::execute(
-        QStringLiteral("python3"),
-        {QStringLiteral("-c"), script, folder.filePath(QStringLiteral("__main__.py")), zip});
+        u"import sys, zipfile\n"
+        u"with zipfile.ZipFile(sys.argv[2], 'w', zipfile.ZIP_DEFLATED) as file:\n"
+        u"    file.write(sys.argv[1], '__main__.py')\n"_s;
+    QProcess::execute(u"python3"_s, {u"-c"_s, script, folder.filePath(u"__main__.py"_s), zip});
     return "#!/usr/bin/env python3\n" + contentOf(zip);
 }
 
@@ -91,7 +84,7 @@ inline QByteArray sumsOf(const QByteArray &tool)
 inline void offer(ReleaseServer &server, const Signer &signer, const QByteArray &tool)
 {
     const QByteArray sums = sumsOf(tool);
-    server.answers = {{QStringLiteral("yt-dlp"), {{.body = tool}}},
-                      {QStringLiteral("SHA2-256SUMS"), {{.body = sums}}},
-                      {QStringLiteral("SHA2-256SUMS.sig"), {{.body = signer.signatureOf(sums)}}}};
+    server.answers = {{u"yt-dlp"_s, {{.body = tool}}},
+                      {u"SHA2-256SUMS"_s, {{.body = sums}}},
+                      {u"SHA2-256SUMS.sig"_s, {{.body = signer.signatureOf(sums)}}}};
 }

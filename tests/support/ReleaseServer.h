@@ -6,6 +6,8 @@
 #include <QTcpSocket>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 /// A server of releases, in this process, that does what a test says. It speaks plain
 /// HTTP and closes each connection behind its answer.
 class ReleaseServer : public QTcpServer
@@ -34,10 +36,7 @@ public:
         });
     }
 
-    [[nodiscard]] QUrl address() const
-    {
-        return QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(serverPort()));
-    }
+    [[nodiscard]] QUrl address() const { return QUrl(u"http://127.0.0.1:%1/"_s.arg(serverPort())); }
 
     /// By the file's name. Answers that stand here one after another are given in turn;
     /// the last one stays.

@@ -11,7 +11,7 @@ struct RecordingDesktop
     class RecordingNotifier : public Notifier
     {
     public:
-        void requestAuthorization() override
+        void requestPermission() override
         {
             ++requests;
             if (onRequest)

@@ -8,6 +8,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 /// An application state on a fake tool, a recording desktop and preferences of
 /// its own.
 struct StateFixture
@@ -22,7 +24,7 @@ struct StateFixture
     /// happen to the file of preferences.
     void restart(const std::function<void(const QString &)> &change = [](const QString &) {})
     {
-        const QString path = folder.filePath(QStringLiteral("preferences.json"));
+        const QString path = folder.filePath(u"preferences.json"_s);
         state.reset();
         preferences.reset();
         change(path);
@@ -37,15 +39,15 @@ struct StateFixture
                 .platform = desktop.services()};
     }
 
-    [[nodiscard]] bool hasEnded() const { return !state->isDownloading && !state->isFetching; }
+    [[nodiscard]] bool hasEnded() const { return !state->isDownloading() && !state->isFetching(); }
 
     static VideoInfo video(const QString &id)
     {
         VideoInfo info;
         info.id = id;
-        info.title = QStringLiteral("Title ") + id;
-        info.thumbnailURL = QStringLiteral("http://127.0.0.1/") + id;
-        info.originalURL = QStringLiteral("https://example.org/watch?v=") + id;
+        info.title = u"Title "_s + id;
+        info.thumbnailURL = u"http://127.0.0.1/"_s + id;
+        info.originalURL = u"https://example.org/watch?v="_s + id;
         return info;
     }
 
@@ -53,7 +55,7 @@ struct StateFixture
     {
         VideoInfo info;
         info.isPlaylist = true;
-        info.title = QStringLiteral("Playlist (%1 videos)").arg(ids.size());
+        info.title = u"Playlist (%1 videos)"_s.arg(ids.size());
         for (const QString &id : ids)
             info.playlistEntries.append(video(id));
         return info;

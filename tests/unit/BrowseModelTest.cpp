@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BrowseModel.h"
 #include "StateFixture.h"
+#include "StatusLook.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -55,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(text(1, BrowseModel::UploaderRole), u"Someone"_s);
         QCOMPARE(text(1, BrowseModel::DurationRole), u"1:30"_s);
         QCOMPARE(text(1, BrowseModel::ThumbnailRole), u"http://127.0.0.1/b"_s);
-        AppState::Results results = state().browseResults;
+        AppState::Results results = state().browseResults();
         results[0].duration.reset();
         state().browseResults = results;
         QCOMPARE(text(0, BrowseModel::DurationRole), QString());
@@ -75,34 +76,34 @@ private Q_SLOTS:
     void theTwoDownloadsOfARowAreApart()
     {
         fill({u"a"_s});
-        QCOMPARE(text(0, BrowseModel::VideoStatusRole), text(0, BrowseModel::AudioStatusRole));
-        const QString idle = text(0, BrowseModel::AudioStatusRole);
+        const StatusLook idle = look(0, BrowseModel::AudioRole);
+        QCOMPARE(look(0, BrowseModel::VideoRole).kind, int(StatusKind::Idle));
         state().browseDownloadStatuses =
-            AppState::DownloadStatuses{{u"a_mp4"_s, DownloadStatus::done(u"/x"_s)}};
+            AppState::DownloadStatuses{{u"a_mp4"_s, Status::Done{u"/x"_s}}};
         state().browseDownloadProgress = AppState::DownloadFractions{{u"a_mp4"_s, 0.5}};
-        QCOMPARE(text(0, BrowseModel::VideoStatusRole), u"done"_s);
-        QCOMPARE(text(0, BrowseModel::AudioStatusRole), idle);
-        QCOMPARE(data(0, BrowseModel::VideoProgressRole).toDouble(), 0.5);
-        QCOMPARE(data(0, BrowseModel::AudioProgressRole).toDouble(), 0.0);
+        QCOMPARE(look(0, BrowseModel::VideoRole).kind, int(StatusKind::Done));
+        QCOMPARE(look(0, BrowseModel::VideoRole).progress, 0.5);
+        QCOMPARE(look(0, BrowseModel::AudioRole), idle);
+        QCOMPARE(idle.progress, 0.0);
     }
 
     void aSpokenPercentageIsCutOff()
     {
         fill({u"a"_s});
-        state().browseDownloadStatuses = AppState::DownloadStatuses{
-            {u"a_mp4"_s, DownloadStatus::downloading(0.996, QString(), QString())}};
+        state().browseDownloadStatuses =
+            AppState::DownloadStatuses{{u"a_mp4"_s, DownloadStatus(Status::Downloading{0.996})}};
         state().browseDownloadProgress = AppState::DownloadFractions{{u"a_mp4"_s, 0.996}};
-        QCOMPARE(text(0, BrowseModel::VideoSpokenRole), u"Downloading 99%"_s);
+        QCOMPARE(look(0, BrowseModel::VideoRole).text, u"Downloading 99%"_s);
     }
 
     void whatFailedSaysWhy()
     {
         fill({u"a"_s});
-        state().browseDownloadStatuses =
-            AppState::DownloadStatuses{{u"a_mp3"_s, DownloadStatus::failed(u"No space\n"_s)},
-                                       {u"a_mp4"_s, DownloadStatus::done(u"/x"_s)}};
-        QCOMPARE(text(0, BrowseModel::AudioSpokenRole), u"Failed, press to try again: No space"_s);
-        QCOMPARE(text(0, BrowseModel::VideoSpokenRole), u"Done"_s);
+        state().browseDownloadStatuses = AppState::DownloadStatuses{
+            {u"a_mp3"_s, DownloadStatus(Status::Failed{u"No space\n"_s})},
+            {u"a_mp4"_s, DownloadStatus(Status::Done{u"/x"_s})}};
+        QCOMPARE(look(0, BrowseModel::AudioRole).text, u"Failed, press to try again: No space"_s);
+        QCOMPARE(look(0, BrowseModel::VideoRole).text, u"Done"_s);
     }
 
     void rowsThatAreNotThereDoNothing()
@@ -131,6 +132,7 @@ private:
     }
 
     QVariant data(int row, int role) { return m_model->data(m_model->index(row), role); }
+    StatusLook look(int row, int role) { return data(row, role).value<StatusLook>(); }
     QString text(int row, int role) { return data(row, role).toString(); }
 
     std::unique_ptr<StateFixture> m_fixture;

@@ -19,7 +19,7 @@ DownloadRequest request()
     return {.cookiesBrowser = u"none"_s,
             .speedLimit = u"0"_s,
             .quality = QualityOption::best(MediaFormat::mp4),
-            .folder = u"/Users/u/Downloads"_s,
+            .folder = u"/home/u/Downloads"_s,
             .address = u"A"_s};
 }
 
@@ -28,7 +28,7 @@ const QStringList videoTail{u"--merge-output-format"_s,
                             u"--postprocessor-args"_s,
                             u"ffmpeg:-c:v copy -c:a aac -movflags +faststart"_s,
                             u"-o"_s,
-                            u"/Users/u/Downloads/%(title)s.%(ext)s"_s,
+                            u"/home/u/Downloads/%(title)s.%(ext)s"_s,
                             u"A"_s};
 
 } // namespace
@@ -132,7 +132,7 @@ private Q_SLOTS:
                 + QStringList({u"--no-playlist"_s, u"--no-warnings"_s, u"--newline"_s,
                                u"--limit-rate"_s, u"2M"_s, u"-f"_s, u"bestaudio/best"_s, u"-x"_s,
                                u"--audio-format"_s, u"mp3"_s, u"--audio-quality"_s, u"0"_s, u"-o"_s,
-                               u"/Users/u/Downloads/%(title)s.%(ext)s"_s, u"A"_s}));
+                               u"/home/u/Downloads/%(title)s.%(ext)s"_s, u"A"_s}));
     }
 
     void anEmptySpeedLimitAddsNone()
@@ -226,9 +226,10 @@ private Q_SLOTS:
 
     void anEmptyPathIsNotRecorded()
     {
-        QVERIFY(!historyRecord({}, QualityOption::best(MediaFormat::mp3), {}).savedPath);
-        const HistoryItem record = historyRecord(
-            {u"A"_s, u"T"_s, u"P"_s}, QualityOption::best(MediaFormat::mp3), u"/a.webm"_s);
+        const DownloadJob job{
+            {u"A"_s, u"T"_s, u"P"_s}, QualityOption::best(MediaFormat::mp3), u"/d"_s};
+        QVERIFY(!historyRecord(job, {}).savedPath);
+        const HistoryItem record = historyRecord(job, u"/a.webm"_s);
         QCOMPARE(record.savedPath, u"/a.webm"_s);
         QCOMPARE(record.format, u"mp3"_s);
         QCOMPARE(record.quality, u"Best"_s);

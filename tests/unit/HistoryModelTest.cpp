@@ -101,7 +101,7 @@ private Q_SLOTS:
     void anyOtherListIsTakenAsItIs()
     {
         QFETCH(QStringList, wanted);
-        const AppState::History known = state().history;
+        const AppState::History known = state().history();
         AppState::History next;
         for (const QString &title : wanted)
             next.append(title == u"a" ? known[1] : title == u"b" ? known[0] : record(title));

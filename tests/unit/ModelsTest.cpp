@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AppMode.h"
 #include "DownloadItem.h"
-#include "DownloadUIStatus.h"
 #include "MediaFormat.h"
 #include "QualityOption.h"
 #include "SearchResult.h"
@@ -123,29 +122,29 @@ private Q_SLOTS:
 
     void badgesTellTheStatusInAWord()
     {
-        QCOMPARE(DownloadStatus::waiting().badgeLabel(), u"Ready"_s);
-        QCOMPARE(DownloadStatus::fetching().badgeLabel(), u"Fetching..."_s);
-        QCOMPARE(DownloadStatus::downloading(0.425, {}, {}).badgeLabel(), u"42%"_s);
-        QCOMPARE(DownloadStatus::downloading(1.0, {}, {}).badgeLabel(), u"100%"_s);
-        QCOMPARE(DownloadStatus::downloading(0.999, {}, {}).badgeLabel(), u"99%"_s);
-        QCOMPARE(DownloadStatus::processing().badgeLabel(), u"Processing..."_s);
-        QCOMPARE(DownloadStatus::done(u"/a"_s).badgeLabel(), u"Done"_s);
-        QCOMPARE(DownloadStatus::failed(u"b"_s).badgeLabel(), u"Failed"_s);
+        QCOMPARE(badgeLabel(Status::Waiting{}), u"Ready"_s);
+        QCOMPARE(badgeLabel(Status::Fetching{}), u"Fetching..."_s);
+        QCOMPARE(badgeLabel(Status::Downloading{0.425}), u"42%"_s);
+        QCOMPARE(badgeLabel(Status::Downloading{1.0}), u"100%"_s);
+        QCOMPARE(badgeLabel(Status::Downloading{0.999}), u"99%"_s);
+        QCOMPARE(badgeLabel(Status::Processing{}), u"Processing..."_s);
+        QCOMPARE(badgeLabel(Status::Done{u"/a"_s}), u"Done"_s);
+        QCOMPARE(badgeLabel(Status::Failed{u"b"_s}), u"Failed"_s);
     }
 
     void statusesAreEqualOnlyWithEqualPayloads()
     {
-        QCOMPARE(DownloadStatus::downloading(0.5, u"a"_s, u"b"_s),
-                 DownloadStatus::downloading(0.5, u"a"_s, u"b"_s));
-        QVERIFY(DownloadStatus::downloading(0.5, u"a"_s, u"b"_s)
-                != DownloadStatus::downloading(0.5, u"a"_s, u"c"_s));
-        QVERIFY(DownloadStatus::downloading(0.5, {}, {})
-                != DownloadStatus::downloading(0.6, {}, {}));
-        QVERIFY(DownloadStatus::done(u"a"_s) != DownloadStatus::failed(u"a"_s));
-        QVERIFY(DownloadUIStatus::done(u"a"_s) != DownloadUIStatus::done(u"b"_s));
-        QVERIFY(DownloadUIStatus::done(u"a"_s) != DownloadUIStatus::failed(u"a"_s));
-        QCOMPARE(DownloadUIStatus::failed(u"a"_s).message(), u"a"_s);
-        QCOMPARE(DownloadUIStatus::failed(u"a"_s).path(), QString());
+        QCOMPARE(DownloadStatus(Status::Downloading{0.5, u"a"_s, u"b"_s}),
+                 DownloadStatus(Status::Downloading{0.5, u"a"_s, u"b"_s}));
+        QVERIFY(DownloadStatus(Status::Downloading{0.5, u"a"_s, u"b"_s})
+                != DownloadStatus(Status::Downloading{0.5, u"a"_s, u"c"_s}));
+        QVERIFY(DownloadStatus(Status::Downloading{0.5})
+                != DownloadStatus(Status::Downloading{0.6}));
+        QVERIFY(DownloadStatus(Status::Done{u"a"_s}) != DownloadStatus(Status::Failed{u"a"_s}));
+        QVERIFY(DownloadUIStatus(Status::Done{u"a"_s}) != DownloadUIStatus(Status::Done{u"b"_s}));
+        QVERIFY(DownloadUIStatus(Status::Done{u"a"_s}) != DownloadUIStatus(Status::Failed{u"a"_s}));
+        QCOMPARE(messageOf(DownloadUIStatus(Status::Failed{u"a"_s})), u"a"_s);
+        QCOMPARE(pathOf(DownloadUIStatus(Status::Failed{u"a"_s})), QString());
     }
 
     void anEntryWithoutInfoShowsItsAddress()
@@ -153,7 +152,7 @@ private Q_SLOTS:
         DownloadItem item(u"https://example.org"_s);
         QCOMPARE(item.title(), u"https://example.org"_s);
         QCOMPARE(item.duration(), QString());
-        QCOMPARE(item.status(), DownloadStatus::waiting());
+        QCOMPARE(item.status(), DownloadStatus(Status::Waiting{}));
         QVERIFY(!item.info());
 
         VideoInfo info;
@@ -169,9 +168,9 @@ private Q_SLOTS:
         DownloadItem item(u"a"_s);
         const QSignalSpy infos(&item, &DownloadItem::infoChanged);
         const QSignalSpy statuses(&item, &DownloadItem::statusChanged);
-        item.status = DownloadStatus::waiting();
-        item.status = DownloadStatus::waiting();
-        item.info = DownloadItem::Info();
+        item.status = Status::Waiting{};
+        item.status = Status::Waiting{};
+        item.info = std::nullopt;
         QCOMPARE(statuses.count(), 2);
         QCOMPARE(infos.count(), 1);
     }

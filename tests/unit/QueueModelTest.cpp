@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "QueueModel.h"
-#include "FormatQualityModel.h"
-#include "QueueControlsModel.h"
+#include "FormatQualityPresenter.h"
+#include "QueueControlsPresenter.h"
 #include "StateFixture.h"
+#include "StatusLook.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -36,12 +37,12 @@ private Q_SLOTS:
         QVERIFY(m_model->canDownload());
         fill({u"a"_s, u"b"_s});
         QCOMPARE(m_model->downloadButtonLabel(), u"Download 2 Videos"_s);
-        item(0)->status = DownloadStatus::done(u"/d/a.mp4"_s);
+        item(0)->status = Status::Done{u"/d/a.mp4"_s};
         QCOMPARE(m_model->downloadButtonLabel(), u"Download 1 Video"_s);
-        item(1)->status = DownloadStatus::failed(u"no"_s);
+        item(1)->status = Status::Failed{u"no"_s};
         QCOMPARE(m_model->downloadButtonLabel(), u"Nothing to download"_s);
         QVERIFY(!m_model->canDownload());
-        item(1)->status = DownloadStatus::waiting();
+        item(1)->status = Status::Waiting{};
         state().isQueueDownloading = true;
         QCOMPARE(m_model->downloadButtonLabel(), u"Downloading..."_s);
         QVERIFY(!m_model->canDownload());
@@ -51,19 +52,19 @@ private Q_SLOTS:
     {
         fill({u"a"_s});
         QCOMPARE(text(0, QueueModel::TitleRole), u"a"_s);
-        QCOMPARE(text(0, QueueModel::StatusRole), u"waiting"_s);
+        QCOMPARE(badge(0).kind, int(StatusKind::Waiting));
         item(0)->info = StateFixture::video(u"a"_s);
         QCOMPARE(text(0, QueueModel::TitleRole), u"Title a"_s);
         QCOMPARE(text(0, QueueModel::ThumbnailRole), u"http://127.0.0.1/a"_s);
-        item(0)->status = DownloadStatus::downloading(0.425, u"2MiB/s"_s, u"--"_s);
+        item(0)->status = Status::Downloading{0.425, u"2MiB/s"_s, u"--"_s};
         QCOMPARE(text(0, QueueModel::StatusLineRole), u"2MiB/s  ETA --"_s);
-        QCOMPARE(text(0, QueueModel::BadgeRole), u"42%"_s);
-        item(0)->status = DownloadStatus::failed(u"Download failed: no\n"_s);
+        QCOMPARE(badge(0).text, u"42%"_s);
+        item(0)->status = Status::Failed{u"Download failed: no\n"_s};
         QCOMPARE(text(0, QueueModel::StatusLineRole), u"Download failed: no"_s);
-        item(0)->status = DownloadStatus::done(u"/d/a b.mp4"_s);
+        item(0)->status = Status::Done{u"/d/a b.mp4"_s};
         QCOMPARE(text(0, QueueModel::StatusLineRole), u"a b.mp4"_s);
         QVERIFY(m_model->data(m_model->index(0), QueueModel::CanRevealRole).toBool());
-        item(0)->status = DownloadStatus::done(QString());
+        item(0)->status = Status::Done{};
         QVERIFY(!m_model->data(m_model->index(0), QueueModel::CanRevealRole).toBool());
     }
 
@@ -74,7 +75,7 @@ private Q_SLOTS:
         const QSignalSpy inserted(m_model.get(), &QueueModel::rowsInserted);
         const QSignalSpy removed(m_model.get(), &QueueModel::rowsRemoved);
         const QSignalSpy resets(m_model.get(), &QueueModel::modelReset);
-        item(1)->status = DownloadStatus::downloading(0.5, {}, {});
+        item(1)->status = Status::Downloading{0.5};
         QCOMPARE(changes.count(), 1);
         QCOMPARE(changes.first().at(0).toModelIndex().row(), 1);
         QCOMPARE(changes.first().at(1).toModelIndex().row(), 1);
@@ -113,8 +114,8 @@ private Q_SLOTS:
             QCOMPARE(text(row, QueueModel::TitleRole), next[row]->url);
         // And rows are still told apart.
         if (!next.isEmpty()) {
-            next.last()->status = DownloadStatus::processing();
-            QCOMPARE(text(int(next.size()) - 1, QueueModel::StatusRole), u"processing"_s);
+            next.last()->status = Status::Processing{};
+            QCOMPARE(badge(int(next.size()) - 1).kind, int(StatusKind::Processing));
             QCOMPARE(m_model->readyCount(), next.size() - 1);
         }
     }
@@ -133,7 +134,7 @@ private Q_SLOTS:
         const auto gone = item(0);
         m_model->remove(0);
         QCOMPARE(m_model->rowCount(), 1);
-        gone->status = DownloadStatus::processing();
+        gone->status = Status::Processing{};
         QCOMPARE(m_model->readyCount(), 1);
     }
 
@@ -141,12 +142,12 @@ private Q_SLOTS:
     {
         fill({u"a"_s});
         m_model->reveal(0);
-        item(0)->status = DownloadStatus::done(QString());
+        item(0)->status = Status::Done{};
         m_model->reveal(0);
         QVERIFY(m_fixture->desktop.fileViewer->opened.isEmpty());
         const QString path = m_fixture->folder.filePath(u"a.mp4"_s);
         writeFile(path, "x");
-        item(0)->status = DownloadStatus::done(path);
+        item(0)->status = Status::Done{path};
         m_model->reveal(0);
         QCOMPARE(m_fixture->desktop.fileViewer->selected, QStringList{path});
     }
@@ -160,7 +161,7 @@ private Q_SLOTS:
 
     void theControlsFollowTheRun()
     {
-        QueueControlsModel controls(state());
+        QueueControlsPresenter controls(state());
         QVERIFY(!controls.isRunning());
         state().isQueueDownloading = true;
         state().currentDownloadIndex = 2;
@@ -175,7 +176,7 @@ private Q_SLOTS:
 
     void theQueueOffersFiveQualitiesAndOneForMp3()
     {
-        QueueFormatQualityModel model(state());
+        QueueFormatQualityPresenter model(state());
         QCOMPARE(model.qualities(),
                  QStringList({u"Best"_s, u"1080p"_s, u"720p"_s, u"480p"_s, u"360p"_s}));
         model.selectQuality(2);
@@ -192,6 +193,10 @@ private Q_SLOTS:
 private:
     AppState &state() { return *m_fixture->state; }
     std::shared_ptr<DownloadItem> item(qsizetype index) { return state().queue().at(index); }
+    StatusLook badge(int row)
+    {
+        return m_model->data(m_model->index(row), QueueModel::BadgeRole).value<StatusLook>();
+    }
     QString text(int row, int role) { return m_model->data(m_model->index(row), role).toString(); }
 
     void fill(const QStringList &addresses)

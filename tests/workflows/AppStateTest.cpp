@@ -38,7 +38,7 @@ private Q_SLOTS:
         QCOMPARE(state.downloadProgress(), 0.0);
         QCOMPARE(state.downloadSpeed(), u""_s);
         QCOMPARE(state.downloadETA(), u""_s);
-        QVERIFY(state.downloadStatus() == DownloadUIStatus::idle());
+        QVERIFY(state.downloadStatus() == DownloadUIStatus(Status::Idle{}));
         QCOMPARE(state.isPaused(), false);
         QCOMPARE(state.currentDownloadTitle(), u""_s);
         QCOMPARE(state.currentDownloadIndex(), 0);

@@ -6,8 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-using Case = DownloadStatus::Case;
-
 /// Searching, and downloading what was found.
 class BrowseTest : public QObject
 {
@@ -110,8 +108,8 @@ private Q_SLOTS:
         state().speedLimit = u"1M"_s;
         state().cookiesBrowser = u"firefox"_s;
         state().browseDownload(result(u"a"_s), false);
-        QCOMPARE(statusOf(u"a_mp4"_s), DownloadStatus::downloading(0, QString(), QString()));
-        WAIT_FOR(statusOf(u"a_mp4"_s) == DownloadStatus::done(u"/d/a.mp4"_s));
+        QCOMPARE(statusOf(u"a_mp4"_s), DownloadStatus(Status::Downloading{}));
+        WAIT_FOR(statusOf(u"a_mp4"_s) == DownloadStatus(Status::Done{u"/d/a.mp4"_s}));
         const QStringList call = tool().calls().first();
         QVERIFY(call.contains(u"bestvideo+bestaudio/best"_s) && call.contains(u"1M"_s)
                 && call.contains(u"firefox"_s));
@@ -134,11 +132,12 @@ private Q_SLOTS:
         state().browseDownload(result(u"a"_s), true);
         WAIT_FOR(state().browseDownloadProgress().value(u"a_mp4"_s) == 0.5
                  && state().browseDownloadProgress().value(u"a_mp3"_s) == 0.25);
-        QCOMPARE(statusOf(u"a_mp3"_s), DownloadStatus::downloading(0.25, u"1MiB/s"_s, u"00:01"_s));
+        QCOMPARE(statusOf(u"a_mp3"_s),
+                 DownloadStatus(Status::Downloading{0.25, u"1MiB/s"_s, u"00:01"_s}));
         tool().open("run");
         tool().open("run");
-        WAIT_FOR(statusOf(u"a_mp4"_s).kind() == Case::done
-                 && statusOf(u"a_mp3"_s).kind() == Case::done);
+        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done
+                 && kindOf(statusOf(u"a_mp3"_s)) == StatusKind::Done);
         QSet<QString> formats;
         for (const HistoryItem &record : state().history())
             formats.insert(record.format + record.quality);
@@ -168,19 +167,19 @@ private Q_SLOTS:
         state().browseDownload(result(u"a"_s), false);
         QCOMPARE(spy.count(), 0);
         tool().open("run");
-        WAIT_FOR(statusOf(u"a_mp4"_s).kind() == Case::done);
+        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
         QCOMPARE(tool().calls().size(), 1);
         state().browseDownload(result(u"a"_s), false); // again, when it is done
         WAIT_FOR(tool().calls().size() == 2);
         tool().open("run");
-        WAIT_FOR(statusOf(u"a_mp4"_s).kind() == Case::done);
+        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
     }
 
     void aDownloadThatIsDoneKeepsItsLastFraction()
     {
         tool().setScript("echo '[download]  50.0% of 1MiB at 1MiB/s ETA 00:01'");
         state().browseDownload(result(u"a"_s), false);
-        WAIT_FOR(statusOf(u"a_mp4"_s).kind() == Case::done);
+        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
         QCOMPARE(state().browseDownloadProgress().value(u"a_mp4"_s), 0.5);
     }
 
@@ -188,21 +187,22 @@ private Q_SLOTS:
     {
         tool().setScript("echo no >&2; exit 1");
         state().browseDownload(result(u"a"_s), true);
-        WAIT_FOR(statusOf(u"a_mp3"_s) == DownloadStatus::failed(u"Download failed: no\n"_s));
+        WAIT_FOR(statusOf(u"a_mp3"_s)
+                 == DownloadStatus(Status::Failed{u"Download failed: no\n"_s}));
         QVERIFY(state().history().isEmpty());
         QVERIFY(m_fixture->desktop.notifier->posted.isEmpty());
         tool().setScript("true");
         state().browseDownload(result(u"a"_s), true);
-        WAIT_FOR(statusOf(u"a_mp3"_s) == DownloadStatus::done(QString()));
+        WAIT_FOR(statusOf(u"a_mp3"_s) == DownloadStatus(Status::Done{}));
         QVERIFY(!state().history().first().savedPath);
     }
 
     void aNewSearchKeepsTheStatuses()
     {
         state().browseDownload(result(u"a"_s), false);
-        WAIT_FOR(statusOf(u"a_mp4"_s).kind() == Case::done);
+        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
         search();
-        QCOMPARE(statusOf(u"a_mp4"_s).kind(), Case::done);
+        QCOMPARE(kindOf(statusOf(u"a_mp4"_s)), StatusKind::Done);
     }
 
     void aLaterDownloadTakesTheOneActiveSlot()
@@ -223,7 +223,7 @@ private:
     FakeTool &tool() { return m_fixture->tool; }
     DownloadStatus statusOf(const QString &key)
     {
-        return state().browseDownloadStatuses().value(key, DownloadStatus::waiting());
+        return state().browseDownloadStatuses().value(key, DownloadStatus(Status::Waiting{}));
     }
 
     QByteArray reporting()

@@ -84,7 +84,7 @@ private Q_SLOTS:
     {
         m_notifications.capabilities = QStringList{u"body"_s};
         DesktopNotifier notifier;
-        notifier.requestAuthorization();
+        notifier.requestPermission();
         notifier.post({.identifier = u"i"_s, .title = u"T"_s, .body = u"nobody reads it"_s});
         // Behind these calls on the way there.
         const auto call = QDBusConnection::sessionBus().interface()->isServiceRegistered(

@@ -102,7 +102,7 @@ private Q_SLOTS:
         tool().setScript("trap 'exit 0' TERM\necho '[Merger] x'\nwhile :; do sleep 0.01; done");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
         m_fixture->state.reset();
         QVERIFY(!m_fixture->preferences->blob(u"quillon.history.v2"_s));
         QVERIFY(notifier().posted.isEmpty());
@@ -113,7 +113,7 @@ private:
     {
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
         WAIT_FOR(childOf(tool()) > 0);
     }
 };

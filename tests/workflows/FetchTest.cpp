@@ -120,7 +120,7 @@ private Q_SLOTS:
         state().fetchSingleInfo();
         WAIT_FOR(tool().processIdentifiers().size() == 1);
         state().singleURL = QString();
-        state().singleInfo = AppState::Info();
+        state().singleInfo = std::nullopt;
         state().resetDownload();
         tool().open("go");
         WAIT_FOR(state().singleInfo().has_value());

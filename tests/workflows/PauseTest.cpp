@@ -38,7 +38,7 @@ private Q_SLOTS:
         kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGKILL);
         WAIT_FOR(m_fixture->hasEnded());
         QVERIFY(!state().isPaused());
-        QVERIFY(state().downloadStatus().kind() == DownloadUIStatus::Case::failed);
+        QVERIFY(kindOf(state().downloadStatus()) == StatusKind::Failed);
     }
 
     void resumeAlsoContinuesWhatAnotherRunHasPushedOut()
@@ -65,7 +65,7 @@ private Q_SLOTS:
         tool().setScript("sleep 1000 & echo $! > \"$DIR/child\"; echo '[Merger] x'\n"
                          + tool().gate("go") + "kill $!");
         startDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
         const qint64 child = contentOf(tool().file(u"child"_s)).trimmed().toLongLong();
         state().togglePause();
         WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");

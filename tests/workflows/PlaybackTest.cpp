@@ -172,7 +172,7 @@ private Q_SLOTS:
         play(u"a"_s);
         state().stopPlayback();
         const QSignalSpy spy(&state(), &AppState::nowPlayingChanged);
-        Q_EMIT state().avPlayer.didPlayToEnd();
+        Q_EMIT state().avPlayer.playedToEnd();
         QCoreApplication::processEvents();
         QCOMPARE(spy.count(), 0);
     }

@@ -24,7 +24,7 @@ private Q_SLOTS:
     void cleanup() { m_fixture.reset(); }
 
 protected:
-    using Case = DownloadStatus::Case;
+    using Kinds = QList<StatusKind::Value>;
 
     /// A script that answers fetches, and for downloads does what is said.
     static QByteArray script(
@@ -51,15 +51,16 @@ protected:
     {
         for (const QString &address : addresses) {
             state().addURLToQueue(address);
-            WAIT_FOR(item(state().queue().size() - 1)->status() == DownloadStatus::waiting());
+            WAIT_FOR(item(state().queue().size() - 1)->status()
+                     == DownloadStatus(Status::Waiting{}));
         }
     }
 
-    QList<Case> statuses()
+    Kinds statuses()
     {
-        QList<Case> found;
+        Kinds found;
         for (const auto &each : state().queue())
-            found.append(each->status().kind());
+            found.append(kindOf(each->status()));
         return found;
     }
 

@@ -60,8 +60,8 @@ private Q_SLOTS:
         QCOMPARE(
             course,
             QStringList({u"1/2 Title of https://x/1"_s, u"2/2 Title of https://x/2"_s, u"2/2 "_s}));
-        QCOMPARE(statuses(), QList<Case>(2, Case::done));
-        QCOMPARE(item(1)->status().path(), u"/d/4.mp4"_s);
+        QCOMPARE(statuses(), Kinds(2, StatusKind::Done));
+        QCOMPARE(pathOf(item(1)->status()), u"/d/4.mp4"_s);
         const HistoryItem record = state().history().first();
         QCOMPARE(record.title, u"Title of https://x/2"_s);
         QCOMPARE(record.thumbnailURL, u"http://x/t.jpg"_s);
@@ -81,13 +81,14 @@ private Q_SLOTS:
                                 + tool().gate("a") + "echo '[Merger] x'\n" + tool().gate("b")));
         const QSignalSpy queueSpy(&state(), &AppState::queueChanged);
         state().startQueueDownload();
-        WAIT_FOR(item(0)->status().progress() > 0);
-        QVERIFY(item(0)->status() == DownloadStatus::downloading(0.425, u"2MiB/s"_s, u"00:42"_s));
-        QVERIFY(item(1)->status() == DownloadStatus::waiting());
+        WAIT_FOR(progressOf(item(0)->status()) > 0);
+        QVERIFY(item(0)->status()
+                == DownloadStatus(Status::Downloading{0.425, u"2MiB/s"_s, u"00:42"_s}));
+        QVERIFY(item(1)->status() == DownloadStatus(Status::Waiting{}));
         tool().open("a");
-        WAIT_FOR(item(0)->status() == DownloadStatus::processing());
+        WAIT_FOR(item(0)->status() == DownloadStatus(Status::Processing{}));
         QCOMPARE(state().downloadProgress(), 0.0);
-        QVERIFY(state().downloadStatus() == DownloadUIStatus::idle());
+        QVERIFY(state().downloadStatus() == DownloadUIStatus(Status::Idle{}));
         QCOMPARE(queueSpy.count(), 0);
         for (const char *gate : {"b", "a", "b"})
             tool().open(gate);
@@ -100,8 +101,8 @@ private Q_SLOTS:
         tool().setScript(script("case $LAST in *bad) echo gone >&2; exit 1;; esac"));
         state().startQueueDownload();
         WAIT_FOR(!state().isQueueDownloading());
-        QCOMPARE(statuses(), QList({Case::done, Case::failed, Case::done}));
-        QCOMPARE(item(1)->status().message(), u"Download failed: gone\n"_s);
+        QCOMPARE(statuses(), Kinds({StatusKind::Done, StatusKind::Failed, StatusKind::Done}));
+        QCOMPARE(messageOf(item(1)->status()), u"Download failed: gone\n"_s);
         QCOMPARE(state().history().size(), 2);
         QVERIFY(!state().history().first().savedPath.has_value());
         QCOMPARE(notifier().posted.first().body, u"3 files downloaded successfully"_s);
@@ -113,7 +114,7 @@ private Q_SLOTS:
         tool().setScript("exit 1");
         state().startQueueDownload();
         WAIT_FOR(!state().isQueueDownloading());
-        QCOMPARE(statuses(), QList{Case::failed});
+        QCOMPARE(statuses(), Kinds{StatusKind::Failed});
         QCOMPARE(notifier().posted.first().body, u"\"Queue\" downloaded successfully"_s);
     }
 
@@ -123,12 +124,12 @@ private Q_SLOTS:
         tool().setScript(script("case $LAST in *bad) exit 1;; esac"));
         state().startQueueDownload();
         WAIT_FOR(!state().isQueueDownloading());
-        QCOMPARE(statuses(), QList({Case::done, Case::failed}));
+        QCOMPARE(statuses(), Kinds({StatusKind::Done, StatusKind::Failed}));
         tool().setScript(script());
         state().startQueueDownload();
         QCOMPARE(state().totalDownloadCount(), 2);
         WAIT_FOR(!state().isQueueDownloading());
-        QCOMPARE(statuses(), QList<Case>(2, Case::done));
+        QCOMPARE(statuses(), Kinds(2, StatusKind::Done));
         QCOMPARE(state().history().size(), 3);
     }
 
@@ -147,11 +148,11 @@ private Q_SLOTS:
         add({u"https://x/1"_s});
         tool().setScript(script(tool().gate("run")));
         state().startQueueDownload();
-        WAIT_FOR(statuses() == QList{Case::downloading});
+        WAIT_FOR(statuses() == Kinds{StatusKind::Downloading});
         add({u"https://x/2"_s});
         tool().open("run");
         WAIT_FOR(!state().isQueueDownloading());
-        QCOMPARE(statuses(), QList({Case::done, Case::waiting}));
+        QCOMPARE(statuses(), Kinds({StatusKind::Done, StatusKind::Waiting}));
     }
 
     void formatQualityAndFolderAreFixedAndTheOtherSettingsRead()
@@ -193,7 +194,7 @@ private Q_SLOTS:
         add({u"https://x/1"_s});
         tool().setScript(script(tool().gate("run")));
         state().startQueueDownload();
-        WAIT_FOR(statuses() == QList{Case::downloading});
+        WAIT_FOR(statuses() == Kinds{StatusKind::Downloading});
         state().startQueueDownload();
         tool().open("run");
         WAIT_FOR(!state().isQueueDownloading());
@@ -205,14 +206,14 @@ private Q_SLOTS:
     {
         for (int number = 0; number < 100; ++number)
             state().addURLToQueue(u"https://x/%1"_s.arg(number));
-        WAIT_FOR(statuses() == QList<Case>(100, Case::waiting));
+        WAIT_FOR(statuses() == Kinds(100, StatusKind::Waiting));
         tool().setScript(
             script("[ $(( ${LAST##*/} % 3 )) = 0 ] && { echo third >&2; exit 1; }; :"));
         state().startQueueDownload();
         QVERIFY(QTest::qWaitFor([this] { return !state().isQueueDownloading(); }, 120'000));
-        QCOMPARE(statuses().count(Case::failed), 34);
-        QCOMPARE(statuses().count(Case::done), 66);
-        QCOMPARE(item(99)->status().message(), u"Download failed: third\n"_s);
+        QCOMPARE(statuses().count(StatusKind::Failed), 34);
+        QCOMPARE(statuses().count(StatusKind::Done), 66);
+        QCOMPARE(messageOf(item(99)->status()), u"Download failed: third\n"_s);
     }
 
     void aProcessThatIsKilledFromOutsideFailsItsEntryAlone()
@@ -223,7 +224,7 @@ private Q_SLOTS:
         WAIT_FOR(tool().calls().size() == 3);
         kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGKILL);
         WAIT_FOR(!state().isQueueDownloading());
-        QCOMPARE(statuses(), QList({Case::failed, Case::done}));
+        QCOMPARE(statuses(), Kinds({StatusKind::Failed, StatusKind::Done}));
     }
 
     // Clearing, removing, pausing
@@ -233,9 +234,9 @@ private Q_SLOTS:
         add({u"https://x/1"_s, u"https://x/2"_s, u"https://x/3"_s});
         tool().setScript(script(tool().gate("run")));
         state().startQueueDownload();
-        WAIT_FOR(statuses().first() == Case::downloading);
+        WAIT_FOR(statuses().first() == StatusKind::Downloading);
         tool().open("run");
-        WAIT_FOR(statuses().at(1) == Case::downloading);
+        WAIT_FOR(statuses().at(1) == StatusKind::Downloading);
         state().clearQueue();
         QCOMPARE(titles(), QStringList{u"Title of https://x/2"_s});
         tool().open("run");
@@ -250,9 +251,9 @@ private Q_SLOTS:
         tool().setScript("case \"$*\" in *hang*) " + tool().gate("never") + ";; *) exit 1;; esac");
         state().addURLToQueue(u"https://x/hang"_s);
         state().addURLToQueue(u"https://x/bad"_s);
-        WAIT_FOR(statuses() == QList({Case::fetching, Case::failed}));
+        WAIT_FOR(statuses() == Kinds({StatusKind::Fetching, StatusKind::Failed}));
         state().clearQueue();
-        QCOMPARE(statuses(), QList{Case::fetching});
+        QCOMPARE(statuses(), Kinds{StatusKind::Fetching});
     }
 
     void removingARunningEntryDoesNotStopIt()
@@ -260,7 +261,7 @@ private Q_SLOTS:
         add({u"https://x/1"_s});
         tool().setScript(script(tool().gate("run")));
         state().startQueueDownload();
-        WAIT_FOR(statuses() == QList{Case::downloading});
+        WAIT_FOR(statuses() == Kinds{StatusKind::Downloading});
         state().removeFromQueue(item(0)->id);
         QVERIFY(state().queue().isEmpty());
         tool().open("run");
@@ -272,7 +273,7 @@ private Q_SLOTS:
         add({u"https://x/1"_s});
         tool().setScript(script("echo '[Merger] x'\n" + tool().gate("run")));
         state().startQueueDownload();
-        WAIT_FOR(statuses() == QList{Case::processing});
+        WAIT_FOR(statuses() == Kinds{StatusKind::Processing});
         state().togglePause();
         WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
         QVERIFY(state().isPaused());
@@ -290,7 +291,7 @@ private Q_SLOTS:
         add({u"https://x/1"_s, u"https://x/2"_s});
         tool().setScript(script("echo '[Merger] x'\n" + tool().gate("never")));
         state().startQueueDownload();
-        WAIT_FOR(statuses().first() == Case::processing);
+        WAIT_FOR(statuses().first() == StatusKind::Processing);
         const qint64 process = tool().processIdentifiers().last();
         m_fixture->state.reset();
         QVERIFY(!isAlive(process));

@@ -10,10 +10,10 @@ private Q_SLOTS:
     void anAddressIsSeenAtOnceAndThenKnown()
     {
         state().addURLToQueue(u"  https://x/watch?v=1\n"_s);
-        QCOMPARE(statuses(), QList{Case::fetching});
+        QCOMPARE(statuses(), Kinds{StatusKind::Fetching});
         QCOMPARE(item(0)->url, u"https://x/watch?v=1"_s);
         QCOMPARE(item(0)->title(), u"https://x/watch?v=1"_s);
-        WAIT_FOR(statuses() == QList{Case::waiting});
+        WAIT_FOR(statuses() == Kinds{StatusKind::Waiting});
         QCOMPARE(item(0)->title(), u"Title of https://x/watch?v=1"_s);
     }
 
@@ -29,9 +29,9 @@ private Q_SLOTS:
         tool().setScript("echo 'is not a valid URL' >&2; exit 1");
         state().addURLToQueue(u"https://x/1\nhttps://x/2"_s);
         QCOMPARE(state().queue().size(), 1);
-        WAIT_FOR(statuses() == QList{Case::failed});
+        WAIT_FOR(statuses() == Kinds{StatusKind::Failed});
         QCOMPARE(tool().calls().size(), 1);
-        QCOMPARE(item(0)->status().message(), u"Failed to fetch info: is not a valid URL\n"_s);
+        QCOMPARE(messageOf(item(0)->status()), u"Failed to fetch info: is not a valid URL\n"_s);
     }
 
     void theSameAddressTwiceIsTwoEntries()
@@ -49,7 +49,7 @@ private Q_SLOTS:
         WAIT_FOR(tool().processIdentifiers().size() == 2);
         tool().open("a");
         tool().open("a");
-        WAIT_FOR(statuses() == QList<Case>(2, Case::waiting));
+        WAIT_FOR(statuses() == Kinds(2, StatusKind::Waiting));
     }
 
     void aPlaylistGivesWayToItsEntriesAtTheEndOfTheQueue_data()
@@ -66,14 +66,14 @@ private Q_SLOTS:
                          + script());
         state().addURLToQueue(address);
         state().addURLToQueue(u"https://x/later"_s);
-        WAIT_FOR(statuses() == QList({Case::fetching, Case::waiting}));
+        WAIT_FOR(statuses() == Kinds({StatusKind::Fetching, StatusKind::Waiting}));
         tool().open("list");
         WAIT_FOR(state().queue().size() == 4);
         QCOMPARE(
             titles(),
             QStringList({u"Title of https://x/later"_s, u"Title a"_s, u"Title b"_s, u"Title c"_s}));
         QCOMPARE(item(1)->url, u"https://x/watch?v=a"_s);
-        QCOMPARE(statuses(), QList<Case>(4, Case::waiting));
+        QCOMPARE(statuses(), Kinds(4, StatusKind::Waiting));
     }
 
     void theTestForPlaylistsIsTheQueuesOwn()
@@ -83,14 +83,14 @@ private Q_SLOTS:
         WAIT_FOR(state().queue().size() == 3);
         state().fetchAsPlaylist = true;
         state().addURLToQueue(u"https://x/watch?v=1&LIST=2"_s);
-        WAIT_FOR(statuses() == QList<Case>(4, Case::waiting));
+        WAIT_FOR(statuses() == Kinds(4, StatusKind::Waiting));
     }
 
     void anEntryWithoutAddressGetsThePlaylists()
     {
         tool().setScript(R"(echo '{"_type":"url","id":"a","title":"A"}')");
         state().addURLToQueue(u"https://x/playlist?p"_s);
-        WAIT_FOR(statuses() == QList{Case::waiting});
+        WAIT_FOR(statuses() == Kinds{StatusKind::Waiting});
         QCOMPARE(item(0)->title(), u"A"_s);
         QCOMPARE(item(0)->url, u"https://x/playlist?p"_s);
     }
@@ -107,8 +107,8 @@ private Q_SLOTS:
     {
         tool().setScript("echo private >&2; exit 1");
         state().addURLToQueue(u"https://x/playlist?p"_s);
-        WAIT_FOR(statuses() == QList{Case::failed});
-        QCOMPARE(item(0)->status().message(), u"Failed to fetch info: private\n"_s);
+        WAIT_FOR(statuses() == Kinds{StatusKind::Failed});
+        QCOMPARE(messageOf(item(0)->status()), u"Failed to fetch info: private\n"_s);
     }
 
     void aPlaceholderThatWasRemovedWhileItFetchesStillExpands()
@@ -125,8 +125,8 @@ private Q_SLOTS:
     void anAddressLikeAnOptionFailsWithAClearText()
     {
         state().addURLToQueue(u"--exec=x"_s);
-        WAIT_FOR(statuses() == QList{Case::failed});
-        QVERIFY(item(0)->status().message().startsWith(u"Failed to fetch info: The address"_s));
+        WAIT_FOR(statuses() == Kinds{StatusKind::Failed});
+        QVERIFY(messageOf(item(0)->status()).startsWith(u"Failed to fetch info: The address"_s));
         QVERIFY(tool().calls().isEmpty());
     }
 
@@ -137,7 +137,7 @@ private Q_SLOTS:
         add({u"https://x/1"_s});
         state().startQueueDownload();
         WAIT_FOR(!state().isQueueDownloading());
-        QCOMPARE(statuses(), QList({Case::fetching, Case::done}));
+        QCOMPARE(statuses(), Kinds({StatusKind::Fetching, StatusKind::Done}));
     }
 
     void aHugePlaylistExpandsWhole()

@@ -68,13 +68,19 @@ private Q_SLOTS:
     void theMenusStartWorksWithAnEmptySelectionAndDoesNotReset()
     {
         app().state().singleInfo = StateFixture::playlist({u"a"_s});
-        app().state().downloadStatus = DownloadUIStatus::done(u"/old"_s);
+        app().state().downloadStatus = Status::Done{u"/old"_s};
         const QSignalSpy statuses(&app().state(), &AppState::downloadStatusChanged);
         app().startDownload();
         WAIT_FOR(!app().state().isDownloading());
-        QVERIFY(app().state().downloadStatus() == DownloadUIStatus::done(m_fixture->folder.path()));
+        QVERIFY(app().state().downloadStatus()
+                == DownloadUIStatus(Status::Done{m_fixture->folder.path()}));
         QCOMPARE(statuses.count(), 2); // downloading and done, no idle before
         QCOMPARE(m_fixture->desktop.notifier->posted.size(), 1);
+    }
+
+    void theVersionReadsAsTheAboutWindowShowsIt()
+    {
+        QCOMPARE(QuillonApp::versionText(), u"Version 1.0"_s);
     }
 
     void toggleModeNeverReachesBrowse()

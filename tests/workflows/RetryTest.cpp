@@ -60,7 +60,7 @@ private Q_SLOTS:
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
         WAIT_FOR(!state().isDownloading());
-        QCOMPARE(state().downloadStatus().kind(), DownloadUIStatus::Case::failed);
+        QCOMPARE(kindOf(state().downloadStatus()), StatusKind::Failed);
         QVERIFY(!m_keeper->retry().isPossible());
     }
 };

@@ -42,7 +42,7 @@ protected:
         tool().setScript("echo '[Merger] x'\n" + tool().gate("go"));
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus::processing());
+        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
     }
 
     std::unique_ptr<StateFixture> m_fixture;

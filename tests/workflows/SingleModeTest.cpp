@@ -59,7 +59,8 @@ private Q_SLOTS:
         state().singleInfo = StateFixture::video(u"a"_s);
         state().selectedQuality = QualityOption::mp4Options().at(3);
         download();
-        QVERIFY(state().downloadStatus() == DownloadUIStatus::done(m_fixture->folder.path()));
+        QVERIFY(state().downloadStatus()
+                == DownloadUIStatus(Status::Done{m_fixture->folder.path()}));
         QCOMPARE(state().history().size(), 1);
         const HistoryItem record = state().history().first();
         QCOMPARE(record.title, u"Title a"_s);
@@ -116,7 +117,8 @@ private Q_SLOTS:
         download();
         QCOMPARE(recorder.take().last(3),
                  QStringList({u"downloadStatus"_s, u"isDownloading"_s, u"isPaused"_s}));
-        QVERIFY(state().downloadStatus() == DownloadUIStatus::failed(u"Download failed: no\n"_s));
+        QVERIFY(state().downloadStatus()
+                == DownloadUIStatus(Status::Failed{u"Download failed: no\n"_s}));
         QCOMPARE(state().history().size(), 1);
         QCOMPARE(state().currentDownloadIndex(), 2);
         QCOMPARE(tool().calls().size(), 2);
@@ -129,7 +131,8 @@ private Q_SLOTS:
         playlist.playlistTitle = u"Mix"_s;
         state().singleInfo = playlist;
         download();
-        QVERIFY(state().downloadStatus() == DownloadUIStatus::done(m_fixture->folder.path()));
+        QVERIFY(state().downloadStatus()
+                == DownloadUIStatus(Status::Done{m_fixture->folder.path()}));
         QCOMPARE(state().downloadProgress(), 1.0);
         QCOMPARE(notifier().posted.first().body, u"\"Mix\" downloaded successfully"_s);
         QVERIFY(tool().calls().isEmpty());
@@ -151,7 +154,7 @@ private Q_SLOTS:
         video.originalURL = u"--exec=x"_s;
         state().singleInfo = video;
         download();
-        QVERIFY(state().downloadStatus().message().startsWith(u"Download failed: The address"_s));
+        QVERIFY(messageOf(state().downloadStatus()).startsWith(u"Download failed: The address"_s));
         QVERIFY(tool().calls().isEmpty());
     }
 
@@ -186,7 +189,7 @@ private Q_SLOTS:
         QCOMPARE(state().downloadProgress(), 0.425);
         QCOMPARE(state().downloadSpeed(), u"2.50MiB/s"_s);
         QCOMPARE(state().downloadETA(), u"00:42"_s);
-        QVERIFY(state().downloadStatus() == DownloadUIStatus::downloading());
+        QVERIFY(state().downloadStatus() == DownloadUIStatus(Status::Running{}));
         tool().open("go");
         WAIT_FOR(m_fixture->hasEnded());
         QCOMPARE(state().downloadProgress(), 1.0);
@@ -194,8 +197,8 @@ private Q_SLOTS:
 
     void progressLeavesTheStatusButTheDisplayFollowsTheLastCall()
     {
-        const auto downloading = DownloadUIStatus::downloading();
-        const auto processing = DownloadUIStatus::processing();
+        const auto downloading = DownloadUIStatus(Status::Running{});
+        const auto processing = DownloadUIStatus(Status::Processing{});
         tool().setScript("echo '[download] Destination: /d/a'\n" + tool().gate("a")
                          + "echo '[download] 50% of 1MiB at 1MiB/s ETA 00:01'\n" + tool().gate("b")
                          + "echo '[Merger] x'\n" + tool().gate("c"));
@@ -213,7 +216,7 @@ private Q_SLOTS:
         tool().open("c");
         WAIT_FOR(m_fixture->hasEnded());
         QVERIFY(displayed.count() > changes);
-        QVERIFY(state().displayedDownloadStatus().kind() == DownloadUIStatus::Case::done);
+        QVERIFY(kindOf(state().displayedDownloadStatus()) == StatusKind::Done);
     }
 
     void noLateReportOverwritesTheEnd()
@@ -229,7 +232,7 @@ private Q_SLOTS:
             search(); // its reply comes after all that was on its way
             QCOMPARE(progress.count() + status.count(), 0);
             QCOMPARE(state().downloadProgress(), 1.0);
-            QVERIFY(state().downloadStatus().kind() == DownloadUIStatus::Case::done);
+            QVERIFY(kindOf(state().downloadStatus()) == StatusKind::Done);
         }
     }
 
@@ -241,7 +244,7 @@ private Q_SLOTS:
         WAIT_FOR(tool().calls().size() == 1);
         state().singleURL = u"https://x/"_s;
         fetch();
-        QVERIFY(state().downloadStatus() == DownloadUIStatus::idle());
+        QVERIFY(state().downloadStatus() == DownloadUIStatus(Status::Idle{}));
         QVERIFY(state().isDownloading());
         tool().open("go");
         WAIT_FOR(m_fixture->hasEnded());

@@ -290,7 +290,7 @@ private Q_SLOTS:
         QVERIFY(state().isDownloading());
         m_fixture->tool.open("go");
         WAIT_FOR(!state().isDownloading());
-        QCOMPARE(state().downloadStatus().kind(), DownloadUIStatus::Case::done);
+        QCOMPARE(kindOf(state().downloadStatus()), StatusKind::Done);
     }
 };
 

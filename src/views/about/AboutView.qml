@@ -6,6 +6,8 @@ import Quillon.Shared
 Column {
     id: root
 
+    required property string version
+
     bottomPadding: 30
     spacing: 20
     topPadding: 30
@@ -46,7 +48,7 @@ Column {
     PlainText {
         anchors.horizontalCenter: parent.horizontalCenter
         color: Theme.secondary
-        text: "Version 1.0"
+        text: root.version
     }
 
     Row {

@@ -6,6 +6,8 @@ import Quillon.Shared
 Window {
     id: root
 
+    required property string version
+
     color: Theme.window
     flags: Qt.Dialog | Qt.CustomizeWindowHint | Qt.WindowTitleHint | Qt.WindowCloseButtonHint
     height: content.height
@@ -24,6 +26,8 @@ Window {
 
     AboutView {
         id: content
+
+        version: root.version
     }
 
     Shortcut {

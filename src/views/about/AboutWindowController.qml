@@ -6,11 +6,14 @@ import QtQuick
 QtObject {
     id: root
 
+    required property string version
     property Window window: null
 
     function show() {
         if (!window) {
-            window = Qt.createComponent("AboutWindow.qml").createObject(root) as Window;
+            window = Qt.createComponent("AboutWindow.qml").createObject(root, {
+                version: version
+            }) as Window;
             window.closing.connect(forget);
         }
         window.show();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import Quillon.Presentation
 import Quillon.Shared
 
 // Downloads a result as video or as sound, and shows how far that is.
@@ -8,35 +9,25 @@ BaseButton {
 
     required property bool isAudio
     required property string label
-    required property real progress
-    required property string spoken
-    required property string status
+    required property statusLook look
 
     property bool isTabStop: true
 
-    readonly property bool isRunning: status === "downloading" || status === "processing"
-    readonly property string symbol: {
-        switch (status) {
-        case "done":
-            return "checkmark";
-        case "failed":
-            return "arrow.counterclockwise";
-        default:
-            return isAudio ? "music.note" : "film";
-        }
-    }
+    readonly property bool hasEnded: look.kind === StatusKind.Done || look.kind === StatusKind.Failed
+    readonly property bool isRunning: look.kind === StatusKind.Downloading || look.kind === StatusKind.Processing
+    readonly property string symbol: look.symbol
 
     Binding on activeFocusOnTab {
         delayed: true
         value: root.isTabStop
     }
 
-    help: spoken !== "" ? spoken : isAudio ? "Download the sound" : "Download the video"
+    help: look.text !== "" ? look.text : isAudio ? "Download the sound" : "Download the video"
     implicitHeight: 28
     implicitWidth: 66
     ringRadius: Theme.buttonRadius
 
-    Accessible.description: spoken
+    Accessible.description: look.text
     Accessible.name: label
 
     background: Rectangle {
@@ -53,10 +44,10 @@ BaseButton {
     contentItem: Item {
         IconLabel {
             anchors.centerIn: parent
-            color: root.status === "done" ? Theme.green : root.status === "failed" ? Theme.red : Theme.primary
+            color: Theme.tone(root.look.tone)
             size: 12
             symbol: root.symbol
-            text: root.status === "done" || root.status === "failed" ? "" : root.label
+            text: root.hasEnded ? "" : root.label
             visible: !root.isRunning
         }
 
@@ -65,7 +56,7 @@ BaseButton {
             color: Theme.accent
             height: 16
             objectName: "downloadRing"
-            progress: root.progress
+            progress: root.look.progress
             trackColor: Theme.primaryAt(0.12)
             visible: root.isRunning
             width: 16

@@ -2,12 +2,15 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The player, and below it what a search has found.
 Column {
     id: root
+
+    readonly property BrowseModel browse: Presenters.browse
+    readonly property PlayerPanelPresenter panel: Presenters.playerPanel
 
     leftPadding: Theme.margin
     rightPadding: Theme.margin
@@ -19,22 +22,14 @@ Column {
     // What the page, which has margins of its own, has left for what stands in the
     // place of results.
     readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - player.height
-    readonly property bool showsResults: browse.area === BrowseModel.Area.Results
+    readonly property bool showsResults: root.browse.area === BrowseModel.Area.Results
 
-    Component.onDestruction: panel.stop()
-
-    BrowseModel {
-        id: browse
-    }
-
-    PlayerPanelModel {
-        id: panel
-    }
+    Component.onDestruction: root.panel.stop()
 
     Reveal {
         id: player
 
-        shown: panel.isPresent
+        shown: root.panel.isPresent
         width: root.innerWidth
 
         Item {
@@ -45,7 +40,7 @@ Column {
                 id: playerPanel
 
                 objectName: "playerPanel"
-                panel: panel
+                panel: root.panel
                 width: root.innerWidth
 
                 onDismissed: if (rows.count > 0)
@@ -58,18 +53,18 @@ Column {
         height: Math.max(implicitHeight, root.room)
         loading: true
         title: "Searching…"
-        visible: browse.area === BrowseModel.Area.Searching
+        visible: root.browse.area === BrowseModel.Area.Searching
         width: root.innerWidth
     }
 
     BrowsePlaceholder {
         height: Math.max(implicitHeight, root.room)
-        subtitle: browse.errorText
+        subtitle: root.browse.errorText
         isAlert: true
         objectName: "searchFailed"
         symbol: "exclamationmark.triangle"
         title: "Search failed"
-        visible: browse.area === BrowseModel.Area.Failed
+        visible: root.browse.area === BrowseModel.Area.Failed
         width: root.innerWidth
     }
 
@@ -79,7 +74,7 @@ Column {
         subtitle: "Type a query above and press Search"
         symbol: "magnifyingglass"
         title: "Search YouTube"
-        visible: browse.area === BrowseModel.Area.Empty
+        visible: root.browse.area === BrowseModel.Area.Empty
         width: root.innerWidth
     }
 
@@ -89,7 +84,7 @@ Column {
         leftPadding: 4
         objectName: "resultCount"
         size: 12
-        text: browse.countText
+        text: root.browse.countText
         visible: root.showsResults
     }
 
@@ -97,7 +92,7 @@ Column {
         id: rows
 
         cellHeight: 70
-        model: browse
+        model: root.browse
         objectName: "resultList"
         spacing: 8
         view.objectName: "resultRows"
@@ -112,11 +107,11 @@ Column {
 
             // What begins to play is seen, from however far down it was chosen.
             onActivated: {
-                browse.play(index);
-                if (panel.isPresent)
+                root.browse.play(index);
+                if (root.panel.isPresent)
                     Pages.show(rows.page, 0, 0);
             }
-            onDownloaded: isAudio => browse.download(index, isAudio)
+            onDownloaded: isAudio => root.browse.download(index, isAudio)
         }
     }
 }

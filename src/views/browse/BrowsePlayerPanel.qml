@@ -1,38 +1,44 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The player above the results.
 Card {
     id: root
 
-    required property PlayerPanelModel panel
+    required property PlayerPanelPresenter panel
 
     // Where the picture is: in the panel, over the screen, or in a small window.
-    property string place: "panel"
+    enum Place {
+        InPanel,
+        FullScreen,
+        SmallWindow
+    }
+
+    property int place: BrowsePlayerPanel.InPanel
 
     property Window window: null
 
     // By keyboard, which needs another place now.
     signal dismissed
 
-    function toggle(other: string) {
-        place = place === other ? "panel" : other;
+    function toggle(other: int) {
+        place = place === other ? BrowsePlayerPanel.InPanel : other;
     }
 
     function toggleFullScreen() {
-        toggle("screen");
+        toggle(BrowsePlayerPanel.FullScreen);
     }
 
     function comeBack() {
-        place = "panel";
+        place = BrowsePlayerPanel.InPanel;
     }
 
     function open() {
         const made = Qt.createComponent("PlayerWindow.qml").createObject(root, {
             panel: panel,
-            fillsScreen: place === "screen",
+            fillsScreen: place === BrowsePlayerPanel.FullScreen,
             origin: root
         }) as PlayerWindow;
         made.dismissed.connect(comeBack);
@@ -50,7 +56,7 @@ Card {
 
     onPlaceChanged: {
         forget();
-        if (place !== "panel")
+        if (place !== BrowsePlayerPanel.InPanel)
             open();
     }
 
@@ -87,25 +93,25 @@ Card {
         height: Math.round(Math.min(width * 9 / 16, 320))
         panel: root.panel
         radius: Theme.radius
-        visible: root.place === "panel"
+        visible: root.place === BrowsePlayerPanel.InPanel
         width: root.width - 20
         x: 10
         y: 10
 
         onFullScreenToggled: root.toggleFullScreen()
-        onPictureInPictureToggled: root.toggle("window")
+        onPictureInPictureToggled: root.toggle(BrowsePlayerPanel.SmallWindow)
     }
 
     Rectangle {
         anchors.fill: surface
         color: "black"
         radius: Theme.radius
-        visible: root.place !== "panel"
+        visible: root.place !== BrowsePlayerPanel.InPanel
 
         PlainText {
             anchors.centerIn: parent
             color: Theme.overAccent
-            text: root.place === "screen" ? "Playing in full screen" : "Playing in picture in picture"
+            text: root.place === BrowsePlayerPanel.FullScreen ? "Playing in full screen" : "Playing in picture in picture"
         }
     }
 
@@ -187,9 +193,7 @@ Card {
             isAudio: false
             label: "MP4"
             objectName: "panelVideo"
-            spoken: root.panel.videoSpoken
-            progress: root.panel.videoProgress
-            status: root.panel.videoStatus
+            look: root.panel.video
 
             onClicked: root.panel.download(false)
         }
@@ -203,9 +207,7 @@ Card {
             isAudio: true
             label: "MP3"
             objectName: "panelAudio"
-            spoken: root.panel.audioSpoken
-            progress: root.panel.audioProgress
-            status: root.panel.audioStatus
+            look: root.panel.audio
 
             onClicked: root.panel.download(true)
         }

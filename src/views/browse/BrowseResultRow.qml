@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import Quillon.Presentation
 import Quillon.Shared
 
 // One result of a search.
@@ -11,12 +12,8 @@ ListRow {
     required property string duration
     required property string thumbnailURL
     required property bool isNowPlaying
-    required property string videoStatus
-    required property string videoSpoken
-    required property real videoProgress
-    required property string audioStatus
-    required property string audioSpoken
-    required property real audioProgress
+    required property statusLook video
+    required property statusLook audio
 
     signal downloaded(isAudio: bool)
 
@@ -155,9 +152,7 @@ ListRow {
             isTabStop: root.isCurrent
             label: "MP4"
             objectName: "video" + root.index
-            spoken: root.videoSpoken
-            progress: root.videoProgress
-            status: root.videoStatus
+            look: root.video
 
             onClicked: root.downloaded(false)
         }
@@ -167,9 +162,7 @@ ListRow {
             isTabStop: root.isCurrent
             label: "MP3"
             objectName: "audio" + root.index
-            spoken: root.audioSpoken
-            progress: root.audioProgress
-            status: root.audioStatus
+            look: root.audio
 
             onClicked: root.downloaded(true)
         }

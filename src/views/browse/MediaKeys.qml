@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 
 // The keyboard's media keys, where the desktop leaves them to the window.
 Item {
     id: root
 
-    required property PlayerPanelModel panel
+    required property PlayerPanelPresenter panel
 
     enabled: panel.isPresent
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // What lies over the lower edge of the picture.
 Rectangle {
     id: root
 
-    required property PlayerPanelModel panel
-    readonly property AVPlayer player: panel.player
+    required property PlayerPanelPresenter panel
+    readonly property MediaPlayer player: panel.player
     property bool isFullScreen: false
     property bool isPictureInPicture: false
     // Not all fit into a small window.

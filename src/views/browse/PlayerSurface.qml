@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The picture with its controls, its keys, and what is to be said in its place.
 FocusScope {
     id: root
 
-    required property PlayerPanelModel panel
+    required property PlayerPanelPresenter panel
     property alias isFullScreen: controls.isFullScreen
     property alias isPictureInPicture: controls.isPictureInPicture
     property int radius: 0
 
-    readonly property AVPlayer player: panel.player
+    readonly property MediaPlayer player: panel.player
     readonly property bool showsControls: player.hasItem && (player.isPaused || lately.running || hover.hoversControls || controlsHaveFocus)
     readonly property bool controlsHaveFocus: controls.visible && activeFocus && !face.activeFocus
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The picture in a window of its own: over the whole screen, or small and above
@@ -8,7 +8,7 @@ import Quillon.Shared
 Window {
     id: root
 
-    required property PlayerPanelModel panel
+    required property PlayerPanelPresenter panel
     required property bool fillsScreen
     // On whose screen it opens.
     required property Item origin

@@ -2,12 +2,14 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The finished downloads, newest first.
 Column {
     id: root
+
+    readonly property HistoryModel history: Presenters.history
 
     bottomPadding: 16
     leftPadding: Theme.margin
@@ -16,10 +18,6 @@ Column {
     topPadding: 8
 
     readonly property real innerWidth: width - leftPadding - rightPadding
-
-    HistoryModel {
-        id: history
-    }
 
     Item {
         height: 28
@@ -41,7 +39,7 @@ Column {
             objectName: "clearHistory"
             text: "Clear all"
 
-            onClicked: history.clearAll()
+            onClicked: root.history.clearAll()
         }
     }
 
@@ -51,7 +49,7 @@ Column {
         objectName: "noHistory"
         padding: 20
         text: "No downloads yet"
-        visible: history.isEmpty
+        visible: root.history.isEmpty
         width: root.innerWidth
     }
 
@@ -59,10 +57,10 @@ Column {
         id: rows
 
         cellHeight: 52
-        model: history
+        model: root.history
         objectName: "historyList"
         view.objectName: "historyRows"
-        visible: !history.isEmpty
+        visible: !root.history.isEmpty
         width: root.innerWidth
 
         delegate: HistoryItemRow {
@@ -71,8 +69,8 @@ Column {
             objectName: "history" + index
             width: rows.cellWidth
 
-            onRefetched: history.refetch(index)
-            onRevealed: history.reveal(index)
+            onRefetched: root.history.refetch(index)
+            onRevealed: root.history.reveal(index)
         }
     }
 }

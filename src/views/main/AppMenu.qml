@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import QtQuick.Templates as T
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // A menu of the menu bar; its entries show their shortcuts. They are drawn up when

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import QtQuick.Templates as T
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // Header, settings, input bar, and below them the page of the current mode: one
@@ -9,13 +9,16 @@ import Quillon.Shared
 FocusScope {
     id: root
 
-    required property Appearance appearance
-    required property NoticeModel notices
-    required property ToolModel tool
+    readonly property ModePresenter mode: Presenters.mode
+    readonly property bool isFetching: Presenters.singleMode.isFetching
 
-    ModeModel {
-        id: mode
-    }
+    // What is asked for appears at the top.
+    onIsFetchingChanged: if (isFetching)
+        page.contentY = 0
+
+    required property Appearance appearance
+    required property NoticePresenter notices
+    required property ToolPresenter tool
 
     Column {
         id: bars
@@ -30,7 +33,7 @@ FocusScope {
         Loader {
             id: settings
 
-            active: AppState.showSettings
+            active: Presenters.settings.isShown
             visible: active // else its place stays
             width: parent.width
 
@@ -47,7 +50,7 @@ FocusScope {
             id: input
 
             focus: true
-            modeModel: mode
+            mode: root.mode
             width: parent.width
         }
 
@@ -108,7 +111,7 @@ FocusScope {
             Loader {
                 width: content.width
 
-                source: mode.isSingle ? "SingleModeView.qml" : mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
+                source: root.mode.isSingle ? "SingleModeView.qml" : root.mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
             }
 
             Item {
@@ -117,7 +120,7 @@ FocusScope {
             }
 
             Loader {
-                active: !mode.isBrowse
+                active: !root.mode.isBrowse
                 visible: active
                 width: content.width
 
@@ -137,16 +140,6 @@ FocusScope {
 
             target: root.Window.window
         }
-    }
-
-    // What is asked for appears at the top.
-    Connections {
-        function onIsFetchingChanged() {
-            if (AppState.isFetching)
-                page.contentY = 0;
-        }
-
-        target: AppState
     }
 
     NoticeSlot {

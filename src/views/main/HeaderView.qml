@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The program's mark and name, and the buttons for appearance and settings.
@@ -75,14 +75,14 @@ Item {
 
             anchors.right: parent.right
             help: "Settings"
-            symbol: AppState.showSettings ? "gearshape.fill" : "gearshape"
-            isActive: AppState.showSettings
+            symbol: isActive ? "gearshape.fill" : "gearshape"
+            isActive: Presenters.settings.isShown
             objectName: "settings"
 
             Accessible.checkable: true
             Accessible.checked: isActive
 
-            onClicked: AppState.showSettings = !AppState.showSettings
+            onClicked: Presenters.settings.isShown = !isActive
         }
     }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 import QtQuick.Templates as T
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The one window.
@@ -11,8 +11,8 @@ T.ApplicationWindow {
     required property QuillonApp app
     required property Appearance appearance
     // Null where nobody looks after the tool.
-    required property NoticeModel notices
-    required property ToolModel tool
+    required property NoticePresenter notices
+    required property ToolPresenter tool
 
     // The content's own minimum is 880 by 600; the menu bar comes on top.
     minimumHeight: 600 + (menuBar?.height ?? 0)
@@ -34,6 +34,8 @@ T.ApplicationWindow {
 
     AboutWindowController {
         id: about
+
+        version: root.app.versionText
     }
 
     ContentView {

@@ -2,10 +2,14 @@
 #include "MainWindow.h"
 
 #include "Appearance.h"
-#include "QmlTypes.h"
+#include "NoticePresenter.h"
+#include "QuillonApp.h"
+#include "ToolPresenter.h"
 
 #include <QGuiApplication>
 #include <QScreen>
+
+using namespace Qt::StringLiterals;
 
 QSize openingSize(const QSize &available)
 {
@@ -17,22 +21,23 @@ QSize openingSize(const QSize &available)
 
 MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails,
                        Extras extras)
-    : m_component(&m_engine)
+    : m_presenters(app.state())
+    , m_component(&m_engine)
 {
-    AppStateForQml::instance = &app.state();
-    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_engine.addImageProvider(QStringLiteral("thumbnail"), thumbnails);
+    m_presenters.offerTo(m_engine);
+    m_engine.addImportPath(u"qrc:/qt/qml"_s);
+    m_engine.addImageProvider(u"thumbnail"_s, thumbnails);
     QObject::connect(&m_engine, &QQmlEngine::quit, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
-    m_component.loadUrl(QStringLiteral("qrc:/qt/qml/Quillon/Main.qml"));
+    m_component.loadUrl(u"qrc:/qt/qml/Quillon/Main.qml"_s);
     const QSize size = openingSize(QGuiApplication::primaryScreen()->availableSize());
     m_root.reset(m_component.createWithInitialProperties(
-        {{QStringLiteral("width"), size.width()},
-         {QStringLiteral("height"), size.height()},
-         {QStringLiteral("app"), QVariant::fromValue(&app)},
-         {QStringLiteral("appearance"), QVariant::fromValue(&appearance)},
-         {QStringLiteral("notices"), QVariant::fromValue(extras.notices)},
-         {QStringLiteral("tool"), QVariant::fromValue(extras.tool)}}));
+        {{u"width"_s, size.width()},
+         {u"height"_s, size.height()},
+         {u"app"_s, QVariant::fromValue(&app)},
+         {u"appearance"_s, QVariant::fromValue(&appearance)},
+         {u"notices"_s, QVariant::fromValue(extras.notices)},
+         {u"tool"_s, QVariant::fromValue(extras.tool)}}));
     // So that what is made ahead is made between frames.
     if (window())
         m_engine.setIncubationController(window()->incubationController());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Presenters.h"
+
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -8,10 +10,10 @@
 #include <memory>
 
 class Appearance;
-class NoticeModel;
+class NoticePresenter;
 class QQmlImageProviderBase;
 class QuillonApp;
-class ToolModel;
+class ToolPresenter;
 
 /// How large the window opens on a screen that has so much room for it, in pixels that do
 /// not depend on its density.
@@ -27,8 +29,8 @@ public:
     /// What the window shows beside the state, if it is there. Outlives the window.
     struct Extras
     {
-        NoticeModel *notices = nullptr;
-        ToolModel *tool = nullptr;
+        NoticePresenter *notices = nullptr;
+        ToolPresenter *tool = nullptr;
     };
 
     /// The thumbnails become the engine's.
@@ -45,6 +47,7 @@ public:
     void bringForward() const;
 
 private:
+    Presenters m_presenters;
     QQmlEngine m_engine;
     QQmlComponent m_component;
     std::unique_ptr<QObject> m_root;

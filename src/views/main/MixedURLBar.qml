@@ -1,21 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // Lets the user choose between the video and the playlist of a mixed address.
 Rectangle {
     id: root
 
+    readonly property URLInputPresenter input: Presenters.urlInput
+
     border.color: Theme.at(Theme.orange, 0.18)
     border.width: 1
     color: Theme.at(Theme.orange, 0.06)
     implicitHeight: chips.implicitHeight + 16
     radius: Theme.radius
-
-    URLInputModel {
-        id: input
-    }
 
     SymbolIcon {
         id: icon
@@ -46,21 +44,21 @@ Rectangle {
         spacing: 4
 
         ModeChip {
-            isSelected: !input.fetchesPlaylist
+            isSelected: !root.input.fetchesPlaylist
             label: "Single Video"
             objectName: "singleVideo"
             symbol: "play.rectangle.fill"
 
-            onClicked: input.choosePlaylist(false)
+            onClicked: root.input.choosePlaylist(false)
         }
 
         ModeChip {
-            isSelected: input.fetchesPlaylist
+            isSelected: root.input.fetchesPlaylist
             label: "Full Playlist"
             objectName: "fullPlaylist"
             symbol: "list.bullet"
 
-            onClicked: input.choosePlaylist(true)
+            onClicked: root.input.choosePlaylist(true)
         }
     }
 }

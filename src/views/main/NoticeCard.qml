@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // One notice: what there is to say, how far it is, and what can be done about it.
 Card {
     id: root
 
-    required property NoticeModel notices
+    required property NoticePresenter notices
 
     border.color: Theme.primaryAt(0.14)
     implicitHeight: column.height + 24

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Templates as T
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The one place for notices, over the lower edge of the page. It moves nothing there and
@@ -11,7 +11,7 @@ import Quillon.Shared
 FocusScope {
     id: root
 
-    required property NoticeModel notices // null where there are none
+    required property NoticePresenter notices // null where there are none
     required property Item home // where the keyboard goes for want of another place
     readonly property bool isShown: notices?.isShown ?? false
     property Item elsewhere // where the keyboard is when it is not here

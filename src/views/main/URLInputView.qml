@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The mode switch, the field and its button, and under them the choice that a
@@ -8,16 +8,14 @@ import Quillon.Shared
 FocusScope {
     id: root
 
-    required property ModeModel modeModel
+    readonly property URLInputPresenter input: Presenters.urlInput
 
-    implicitHeight: row.height + 12 + (input.showsMixedBar ? mixed.height + 8 + 6 : 12)
+    required property ModePresenter mode
+
+    implicitHeight: row.height + 12 + (root.input.showsMixedBar ? mixed.height + 8 + 6 : 12)
 
     function takeText(text: string) {
-        input.take(text);
-    }
-
-    URLInputModel {
-        id: input
+        root.input.take(text);
     }
 
     Item {
@@ -34,13 +32,13 @@ FocusScope {
             id: modes
 
             anchors.verticalCenter: parent.verticalCenter
-            currentIndex: root.modeModel.currentIndex
-            labels: root.modeModel.labels
+            currentIndex: root.mode.currentIndex
+            labels: root.mode.labels
             width: 180
 
             Accessible.name: "Mode"
 
-            onSelected: index => root.modeModel.currentIndex = index
+            onSelected: index => root.mode.currentIndex = index
         }
 
         URLField {
@@ -52,32 +50,32 @@ FocusScope {
             anchors.rightMargin: 12
             focus: true
             height: parent.height
-            icon: input.fieldIcon
-            placeholder: input.placeholder
-            text: input.currentURL
+            icon: root.input.fieldIcon
+            placeholder: root.input.placeholder
+            text: root.input.currentURL
 
-            onAccepted: input.handleSubmit()
-            onCleared: input.clearURL()
-            onEdited: text => input.edit(text)
+            onAccepted: root.input.handleSubmit()
+            onCleared: root.input.clearURL()
+            onEdited: text => root.input.edit(text)
         }
 
         PushButton {
             id: action
 
             anchors.right: parent.right
-            busy: input.isBusy
-            enabled: input.canSubmit
+            busy: root.input.isBusy
+            enabled: root.input.canSubmit
             height: parent.height
             iconSize: 12
             objectName: "submit"
             prominent: true
-            symbol: input.buttonIcon
-            text: input.buttonLabel
+            symbol: root.input.buttonIcon
+            text: root.input.buttonLabel
 
             // Disabled, it would keep the keyboard nowhere.
             onClicked: {
                 const byKeyboard = visualFocus;
-                input.handleSubmit();
+                root.input.handleSubmit();
                 if (byKeyboard && !enabled)
                     field.forceActiveFocus(Qt.TabFocusReason);
             }
@@ -87,7 +85,7 @@ FocusScope {
     Loader {
         id: mixed
 
-        active: input.showsMixedBar
+        active: root.input.showsMixedBar
         anchors.left: row.left
         anchors.right: row.right
         anchors.top: row.bottom

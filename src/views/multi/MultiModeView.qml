@@ -2,12 +2,15 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The queue, or what to do where there is none.
 Column {
     id: root
+
+    readonly property QueueModel queue: Presenters.queue
+    readonly property QueueControlsPresenter run: Presenters.queueControls
 
     leftPadding: Theme.margin
     rightPadding: Theme.margin
@@ -18,26 +21,18 @@ Column {
 
     // Where nothing is left, the keyboard goes to the last stop before.
     function leaveEmptyQueue() {
-        if (queue.count === 0)
+        if (root.queue.count === 0)
             rows.nextItemInFocusChain(false).forceActiveFocus(Qt.TabFocusReason);
     }
 
-    QueueModel {
-        id: queue
-    }
-
-    QueueControlsModel {
-        id: run
-    }
-
     EmptyQueueView {
-        visible: queue.count === 0
+        visible: root.queue.count === 0
         width: root.innerWidth
     }
 
     Item {
         height: 28
-        visible: queue.count > 0
+        visible: root.queue.count > 0
         width: root.innerWidth
 
         PlainText {
@@ -48,7 +43,7 @@ Column {
             size: 14
             text: "Queue"
 
-            Accessible.name: "Queue, " + queue.count
+            Accessible.name: "Queue, " + root.queue.count
             Accessible.role: Accessible.Heading
         }
 
@@ -68,7 +63,7 @@ Column {
                 color: Theme.secondary
                 objectName: "queueCount"
                 size: 12
-                text: queue.count
+                text: root.queue.count
 
                 Accessible.ignored: true
             }
@@ -82,7 +77,7 @@ Column {
 
             onClicked: {
                 const byKeyboard = visualFocus;
-                run.clear();
+                root.run.clear();
                 if (byKeyboard)
                     root.leaveEmptyQueue();
             }
@@ -91,9 +86,9 @@ Column {
 
     QueueControlsView {
         next: rows.view
-        queue: queue
-        run: run
-        visible: queue.count > 0
+        queue: root.queue
+        run: root.run
+        visible: root.queue.count > 0
         width: root.innerWidth
     }
 
@@ -101,27 +96,26 @@ Column {
         id: rows
 
         cellHeight: 66
-        model: queue
+        model: root.queue
         objectName: "queueList"
         spacing: 12
         view.objectName: "queueRows"
-        visible: queue.count > 0
+        visible: root.queue.count > 0
         width: root.innerWidth
 
         delegate: QueueItemView {
             grid: rows
             height: rows.cellHeight
-            isPaused: run.isPaused
             objectName: "queue" + index
             width: rows.cellWidth
 
             onRemoved: {
                 const hadKeyboard = activeFocus;
-                queue.remove(index);
+                root.queue.remove(index);
                 if (hadKeyboard)
                     root.leaveEmptyQueue();
             }
-            onRevealed: queue.reveal(index)
+            onRevealed: root.queue.reveal(index)
         }
     }
 }

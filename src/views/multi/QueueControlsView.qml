@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // Format and quality of a run, its start, and how far it is.
@@ -8,7 +8,7 @@ Card {
     id: root
 
     required property QueueModel queue
-    required property QueueControlsModel run
+    required property QueueControlsPresenter run
 
     // Where the keyboard goes on when a run has ended.
     property Item next
@@ -24,7 +24,7 @@ Card {
         y: 14
 
         FormatQualityPickerView {
-            model: QueueFormatQualityModel {}
+            choice: Presenters.queueFormat
             width: parent.width
         }
 

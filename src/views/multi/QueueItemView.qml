@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import Quillon.Presentation
 import Quillon.Shared
 
 // One entry of the queue.
@@ -9,16 +10,13 @@ ListRow {
     required property string title
     required property string thumbnailURL
     required property string symbol
-    required property string status
     required property string statusLine
     required property string statusText
-    required property string badge
-    required property real progress
+    required property statusLook badge
     required property bool canReveal
-    property bool isPaused: false
 
-    readonly property bool isDone: status === "done"
-    readonly property bool hasFailed: status === "failed"
+    readonly property bool isDone: badge.kind === StatusKind.Done
+    readonly property bool hasFailed: badge.kind === StatusKind.Failed
 
     signal revealed
 
@@ -30,7 +28,7 @@ ListRow {
     }
 
     Accessible.description: statusText !== statusLine ? statusText : ""
-    Accessible.name: title + ", " + mark.spoken + (statusLine !== "" ? ", " + statusLine : "")
+    Accessible.name: title + ", " + badge.text + (statusLine !== "" ? ", " + statusLine : "")
 
     onActivated: revealed()
 
@@ -110,9 +108,6 @@ ListRow {
         anchors.right: parent.right
         anchors.rightMargin: 14
         anchors.verticalCenter: parent.verticalCenter
-        badge: root.badge
-        isPaused: root.isPaused
-        progress: root.progress
-        status: root.status
+        look: root.badge
     }
 }

@@ -1,50 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-pragma ComponentBehavior: Bound
-
 import QtQuick
+import Quillon.Presentation
 import Quillon.Shared
 
-// How far an entry is, as a small picture.
+// The status of an entry as a small picture.
 Item {
     id: root
 
-    required property string status
-    required property real progress
-    required property bool isPaused
-    property string badge
+    required property statusLook look
 
-    readonly property bool isDownloading: status === "downloading"
-    // In words, for those who do not see it.
-    readonly property string spoken: isDownloading && isPaused ? "Paused" : badge
-
-    readonly property color tone: {
-        switch (status) {
-        case "downloading":
-            return isPaused ? Theme.orange : Theme.accent;
-        case "processing":
-            return Theme.orange;
-        case "done":
-            return Theme.green;
-        case "failed":
-            return Theme.red;
-        default:
-            return Theme.secondary;
-        }
-    }
-    readonly property string symbol: {
-        switch (status) {
-        case "waiting":
-            return "circle.dotted";
-        case "processing":
-            return "gearshape.fill";
-        case "done":
-            return "checkmark";
-        case "failed":
-            return "xmark";
-        default:
-            return "";
-        }
-    }
+    readonly property bool isRunning: look.kind === StatusKind.Downloading || look.kind === StatusKind.Paused
+    readonly property color tone: Theme.tone(look.tone)
 
     implicitHeight: 22
     implicitWidth: paused.visible ? paused.implicitWidth : 22
@@ -53,15 +19,15 @@ Item {
         anchors.centerIn: parent
         color: root.tone
         size: 16
-        symbol: root.symbol
-        visible: root.symbol !== ""
+        symbol: root.look.symbol
+        visible: symbol !== ""
     }
 
     Spinner {
         anchors.centerIn: parent
         color: root.tone
         size: 16
-        visible: root.status === "fetching"
+        visible: root.look.kind === StatusKind.Fetching
     }
 
     ProgressRing {
@@ -69,9 +35,9 @@ Item {
         color: root.tone
         height: 20
         objectName: "ring"
-        progress: root.progress
+        progress: root.look.progress
         trackColor: Theme.primaryAt(0.1)
-        visible: root.isDownloading && !root.isPaused
+        visible: root.look.kind === StatusKind.Downloading
         width: 20
     }
 
@@ -82,13 +48,13 @@ Item {
         color: root.tone
         font.weight: Font.DemiBold
         size: 12
-        text: "Paused"
-        visible: root.isDownloading && root.isPaused
+        text: root.look.text
+        visible: root.look.kind === StatusKind.Paused
 
         Accessible.ignored: true
     }
 
-    Accessible.ignored: !isDownloading
-    Accessible.name: spoken
+    Accessible.ignored: !isRunning
+    Accessible.name: look.text
     Accessible.role: Accessible.ProgressBar
 }

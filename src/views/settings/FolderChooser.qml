@@ -3,11 +3,11 @@ import QtQuick
 // The look of Qt's own chooser, which is made of controls.
 import QtQuick.Controls.Basic // qmllint disable unused-imports
 import QtQuick.Dialogs
-import Quillon
+import Quillon.Presentation
 
 // The desktop's chooser for the download folder.
 FolderDialog {
-    required property SettingsModel settings
+    required property SettingsPresenter settings
 
     acceptLabel: "Select Folder"
     currentFolder: settings.startFolder
@@ -16,5 +16,5 @@ FolderDialog {
     objectName: "folderChooser"
 
     Component.onCompleted: open()
-    onAccepted: settings.takeFolder(selectedFolder)
+    onAccepted: settings.chooseFolder(selectedFolder)
 }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The folder that downloads go to, and Save for all settings.
 Item {
     id: root
 
-    required property SettingsModel settings
+    required property SettingsPresenter settings
 
     implicitHeight: caption.height + 4 + 32
 
@@ -49,11 +49,11 @@ Item {
         height: 32
         objectName: "downloadDir"
         placeholderText: "~/Downloads  (leave empty for default)"
-        text: AppState.downloadDir
+        text: root.settings.downloadDir
 
         Accessible.name: caption.text
 
-        onTextEdited: AppState.downloadDir = text
+        onTextEdited: root.settings.downloadDir = text
     }
 
     PushButton {

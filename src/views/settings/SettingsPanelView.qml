@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The five settings, which count at once and are kept by Save, and the tool.
 Rectangle {
     id: root
 
-    property ToolModel tool
+    readonly property SettingsPresenter settings: Presenters.settings
+
+    property ToolPresenter tool
 
     color: Theme.primaryAt(0.03)
     implicitHeight: rows.height + 28 + divider.height
-
-    SettingsModel {
-        id: settings
-    }
 
     Column {
         id: rows
@@ -25,7 +23,7 @@ Rectangle {
         y: 14
 
         FolderRow {
-            settings: settings
+            settings: root.settings
             width: parent.width
         }
 
@@ -43,13 +41,13 @@ Rectangle {
                 }
 
                 MenuPicker {
-                    currentIndex: settings.historyIndex
+                    currentIndex: root.settings.historyIndex
                     label: "History"
-                    model: settings.historyLabels
+                    model: root.settings.historyLabels
                     objectName: "historyLimit"
                     width: 90
 
-                    onChosen: index => settings.historyIndex = index
+                    onChosen: index => root.settings.historyIndex = index
                 }
             }
 
@@ -63,13 +61,13 @@ Rectangle {
                 }
 
                 MenuPicker {
-                    currentIndex: settings.speedIndex
+                    currentIndex: root.settings.speedIndex
                     label: "Speed"
-                    model: settings.speedLabels
+                    model: root.settings.speedLabels
                     objectName: "speedLimit"
                     width: 110
 
-                    onChosen: index => settings.speedIndex = index
+                    onChosen: index => root.settings.speedIndex = index
                 }
             }
 
@@ -84,11 +82,11 @@ Rectangle {
 
                 SwitchControl {
                     anchors.verticalCenter: parent.verticalCenter
-                    checked: AppState.notificationsEnabled
+                    checked: root.settings.notificationsEnabled
                     label: "Notifications"
                     objectName: "notifications"
 
-                    onToggled: AppState.notificationsEnabled = checked
+                    onToggled: root.settings.notificationsEnabled = checked
                 }
             }
 
@@ -102,14 +100,14 @@ Rectangle {
                 }
 
                 MenuPicker {
-                    currentIndex: settings.browserIndex
+                    currentIndex: root.settings.browserIndex
                     help: "Browser whose cookies yt-dlp uses to authenticate with YouTube"
                     label: "Cookies"
-                    model: settings.browserLabels
+                    model: root.settings.browserLabels
                     objectName: "cookiesBrowser"
                     width: 90
 
-                    onChosen: index => settings.browserIndex = index
+                    onChosen: index => root.settings.browserIndex = index
                 }
             }
         }

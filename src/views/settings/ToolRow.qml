@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The tool that does the work: its version, what that means, and a newer one.
 Item {
     id: root
 
-    required property ToolModel tool // null where nobody looks after it
+    required property ToolPresenter tool // null where nobody looks after it
 
     implicitHeight: 32
 

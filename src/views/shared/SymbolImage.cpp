@@ -10,15 +10,17 @@
 #include <cmath>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// In black, square.
 QImage drawn(const QString &symbol, int size)
 {
-    const QString key = QStringLiteral("symbol/%1/%2").arg(symbol).arg(size);
+    const QString key = u"symbol/%1/%2"_s.arg(symbol).arg(size);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        pixmap = QIcon(QStringLiteral(":/symbols/%1.svg").arg(symbol)).pixmap({size, size}, 1);
+        pixmap = QIcon(u":/symbols/%1.svg"_s.arg(symbol)).pixmap({size, size}, 1);
         QPixmapCache::insert(key, pixmap);
     }
     return pixmap.toImage();

@@ -67,6 +67,10 @@ QtObject {
             return green;
         case "orange":
             return orange;
+        case "primary":
+            return primary;
+        case "secondary":
+            return secondary;
         default:
             return accent;
         }

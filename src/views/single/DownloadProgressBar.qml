@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // How far the current file is, how fast, and how long it still takes.
 Card {
     id: root
 
-    required property DownloadSectionModel model
+    required property DownloadSectionPresenter section
 
     implicitHeight: column.height + 28
     objectName: "progressBar"
 
-    Accessible.description: model.description
-    Accessible.name: "Download " + model.percent
+    Accessible.description: section.description
+    Accessible.name: "Download " + section.percent
     Accessible.role: Accessible.ProgressBar
 
     Column {
@@ -34,7 +34,7 @@ Card {
                 font.weight: Font.DemiBold
                 objectName: "percent"
                 size: 12
-                text: root.model.percent
+                text: root.section.percent
             }
 
             Row {
@@ -45,14 +45,14 @@ Card {
                 MetaTag {
                     icon: "bolt.fill"
                     objectName: "speed"
-                    text: root.model.speed
+                    text: root.section.speed
                     visible: text !== ""
                 }
 
                 MetaTag {
                     icon: "clock.fill"
                     objectName: "remaining"
-                    text: root.model.remaining
+                    text: root.section.remaining
                     visible: text !== ""
                 }
             }
@@ -68,7 +68,7 @@ Card {
                 color: Theme.accent
                 height: parent.height
                 radius: parent.radius
-                width: parent.width * Math.max(0, Math.min(1, root.model.progress))
+                width: parent.width * Math.max(0, Math.min(1, root.section.progress))
             }
         }
     }

@@ -1,26 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // Starts, pauses and shows the download of single mode.
 Column {
     id: root
 
+    readonly property DownloadSectionPresenter section: Presenters.downloadSection
+
     property bool keyboardIsHere: false
     property bool awaitsGrowth: false
+    readonly property bool isDownloading: section.isDownloading
 
     spacing: 14
+
+    onIsDownloadingChanged: awaitsGrowth = isDownloading
 
     // Whoever starts a download sees it run.
     onHeightChanged: {
         if (awaitsGrowth)
             Pages.reveal(root);
         awaitsGrowth = false;
-    }
-
-    DownloadSectionModel {
-        id: section
     }
 
     // The keyboard stays where the work goes on: a button that goes or is disabled
@@ -30,25 +31,17 @@ Column {
 
         interval: 0
 
-        onTriggered: (section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason)
+        onTriggered: (root.section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason)
     }
 
     Connections {
         function onChanged() {
-            if (root.keyboardIsHere && section.isDownloading)
+            if (root.keyboardIsHere && root.isDownloading)
                 pause.forceActiveFocus(Qt.TabFocusReason);
             root.keyboardIsHere = false;
         }
 
-        target: section
-    }
-
-    Connections {
-        function onIsDownloadingChanged() {
-            root.awaitsGrowth = AppState.isDownloading;
-        }
-
-        target: AppState
+        target: root.section
     }
 
     Divider {
@@ -70,42 +63,42 @@ Column {
             PushButton {
                 id: download
 
-                busy: section.isDownloading
-                enabled: !section.isDisabled
+                busy: root.isDownloading
+                enabled: !root.section.isDisabled
                 height: parent.height
                 objectName: "download"
                 prominent: true
                 symbol: "arrow.down.circle.fill"
-                text: section.buttonLabel
+                text: root.section.buttonLabel
 
                 onClicked: {
                     root.keyboardIsHere = visualFocus;
-                    section.download();
+                    root.section.download();
                 }
             }
 
             Reveal {
-                shown: section.isDownloading
+                shown: root.isDownloading
 
                 PushButton {
                     id: pause
 
                     height: actions.height
                     x: actions.gap
-                    help: section.pauseHelp
+                    help: root.section.pauseHelp
                     iconSize: 14
                     objectName: "pause"
-                    symbol: section.pauseIcon
-                    tint: section.isPaused ? Theme.green : Theme.orange
+                    symbol: root.section.pauseIcon
+                    tint: root.section.isPaused ? Theme.green : Theme.orange
 
-                    onActiveFocusChanged: if (!activeFocus && !section.isDownloading)
+                    onActiveFocusChanged: if (!activeFocus && !root.isDownloading)
                         leavePause.start()
-                    onClicked: section.togglePause()
+                    onClicked: root.section.togglePause()
                 }
             }
 
             Reveal {
-                shown: section.isDone
+                shown: root.section.isDone
 
                 PushButton {
                     id: show
@@ -116,7 +109,7 @@ Column {
                     symbol: "folder.fill"
                     text: "Show in Finder"
 
-                    onClicked: section.showInFinder()
+                    onClicked: root.section.showInFinder()
                 }
             }
         }
@@ -124,7 +117,7 @@ Column {
         Reveal {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            shown: section.chipText !== ""
+            shown: root.section.chip.text !== ""
             width: chip.width
 
             StatusChip {
@@ -133,20 +126,10 @@ Column {
                 objectName: "statusChip"
 
                 // What it says stays until it has left.
-                Binding on icon {
+                Binding on look {
                     restoreMode: Binding.RestoreNone
-                    value: section.chipIcon
-                    when: section.chipText !== ""
-                }
-                Binding on text {
-                    restoreMode: Binding.RestoreNone
-                    value: section.chipText
-                    when: section.chipText !== ""
-                }
-                Binding on tone {
-                    restoreMode: Binding.RestoreNone
-                    value: Theme.tone(section.chipTone)
-                    when: section.chipText !== ""
+                    value: root.section.chip
+                    when: root.section.chip.text !== ""
                 }
             }
         }
@@ -154,7 +137,7 @@ Column {
 
     Item {
         height: title.implicitHeight
-        visible: section.showsRunLine
+        visible: root.section.showsRunLine
         width: parent.width
 
         SymbolIcon {
@@ -169,7 +152,7 @@ Column {
         LineText {
             id: title
 
-            text: section.runLineTitle
+            text: root.section.runLineTitle
             width: Math.min(implicitWidth, parent.width - x - count.implicitWidth - 10)
             x: note.width + 8
         }
@@ -181,18 +164,18 @@ Column {
             anchors.leftMargin: 10
             color: Theme.accent
             objectName: "runCount"
-            text: section.runLineCount
+            text: root.section.runLineCount
         }
     }
 
     DownloadProgressBar {
-        model: section
-        visible: section.showsProgress
+        section: root.section
+        visible: root.section.showsProgress
         width: parent.width
     }
 
     ProcessingBar {
-        visible: section.showsProcessing
+        visible: root.section.showsProcessing
         width: parent.width
     }
 }

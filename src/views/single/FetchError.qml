@@ -1,21 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The error of the last fetch, with its text until it has left.
 ErrorBannerView {
     id: root
 
-    objectName: "errorBanner"
+    readonly property SingleModePresenter mode: Presenters.singleMode
 
-    SingleModeModel {
-        id: model
-    }
+    objectName: "errorBanner"
 
     Binding on text {
         restoreMode: Binding.RestoreNone
-        value: model.error
-        when: model.hasError
+        value: root.mode.error
+        when: root.mode.hasError
     }
 }

@@ -2,14 +2,14 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // Format and, for video, quality.
 Column {
     id: root
 
-    required property FormatQualityModel model
+    required property FormatQualityPresenter choice
 
     spacing: 10
 
@@ -22,30 +22,30 @@ Column {
         }
 
         Repeater {
-            model: root.model.formats
+            model: root.choice.formats
 
             ModernPill {
                 required property int index
                 required property string modelData
 
-                isSelected: index === root.model.selectedFormat
+                isSelected: index === root.choice.selectedFormat
                 label: modelData
                 objectName: "format" + index
 
-                onClicked: root.model.selectFormat(index)
+                onClicked: root.choice.selectFormat(index)
             }
         }
     }
 
     Divider {
         opacity: 0.5
-        visible: root.model.showsQualities
+        visible: root.choice.showsQualities
         width: parent.width
     }
 
     Row {
         spacing: 10
-        visible: root.model.showsQualities
+        visible: root.choice.showsQualities
         width: parent.width
 
         SectionLabel {
@@ -58,17 +58,17 @@ Column {
             width: parent.width - 72
 
             Repeater {
-                model: root.model.qualities
+                model: root.choice.qualities
 
                 ModernPill {
                     required property int index
                     required property string modelData
 
-                    isSelected: index === root.model.selectedQuality
+                    isSelected: index === root.choice.selectedQuality
                     label: modelData
                     objectName: "quality" + modelData
 
-                    onClicked: root.model.selectQuality(index)
+                    onClicked: root.choice.selectQuality(index)
                 }
             }
         }

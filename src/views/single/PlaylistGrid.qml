@@ -2,7 +2,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The entries of a playlist in columns, under a line.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // A playlist: its title, how much of it is selected, and its entries to choose
@@ -8,16 +8,20 @@ import Quillon.Shared
 Card {
     id: root
 
-    property alias info: playlist.info
+    readonly property PlaylistModel playlist: Presenters.playlist
+
+    property videoInfo info
     property bool isCollapsed: false
 
     implicitHeight: content.height + 28
 
-    onInfoChanged: isCollapsed = false
-
-    PlaylistModel {
-        id: playlist
+    Binding {
+        property: "info"
+        target: root.playlist
+        value: root.info
     }
+
+    onInfoChanged: isCollapsed = false
 
     Column {
         id: content
@@ -59,7 +63,7 @@ Card {
                     font.weight: Font.DemiBold
                     objectName: "playlistTitle"
                     size: 14
-                    text: playlist.heading
+                    text: root.playlist.heading
                     width: parent.width
 
                     Accessible.role: Accessible.Heading
@@ -69,7 +73,7 @@ Card {
                     color: Theme.secondary
                     objectName: "playlistCount"
                     size: 12
-                    text: playlist.countLine
+                    text: root.playlist.countLine
                 }
             }
 
@@ -85,7 +89,7 @@ Card {
                     objectName: "selectAll"
                     symbol: "checkmark.circle.fill"
 
-                    onClicked: playlist.selectAll()
+                    onClicked: root.playlist.selectAll()
                 }
 
                 PlaylistSelectionButton {
@@ -93,7 +97,7 @@ Card {
                     objectName: "selectNone"
                     symbol: "circle"
 
-                    onClicked: playlist.selectNone()
+                    onClicked: root.playlist.selectNone()
                 }
 
                 PlaylistSelectionButton {
@@ -113,7 +117,7 @@ Card {
             width: parent.width
 
             PlaylistGrid {
-                model: playlist
+                model: root.playlist
                 width: parent.width
             }
         }

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 
 // What was fetched, and what can be done with it.
 Column {
     id: root
+
+    readonly property SingleModePresenter mode: Presenters.singleMode
 
     spacing: 12
     topPadding: 4
@@ -12,14 +14,10 @@ Column {
     // What leaves keeps its look until it has left.
     property videoInfo info
 
-    SingleModeModel {
-        id: model
-    }
-
     Binding on info {
         restoreMode: Binding.RestoreNone
-        value: model.info
-        when: model.hasInfo
+        value: root.mode.info
+        when: root.mode.hasInfo
     }
 
     VideoInfoCardView {
@@ -35,7 +33,7 @@ Column {
     }
 
     FormatQualityPickerView {
-        model: SingleFormatQualityModel {}
+        choice: Presenters.singleFormat
         width: root.width
     }
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Quillon
+import Quillon.Presentation
 import Quillon.Shared
 
 // The error of the last fetch, the place of the one that runs, and what was
 // fetched: three sections that do not know of each other.
 Column {
     id: root
+
+    readonly property SingleModePresenter mode: Presenters.singleMode
 
     leftPadding: Theme.margin
     rightPadding: Theme.margin
@@ -32,14 +34,10 @@ Column {
         }
     }
 
-    SingleModeModel {
-        id: model
-    }
-
     // Always there, so that a screen reader is told when it is shown, whatever else is
     // made at that moment.
     Reveal {
-        shown: model.hasError
+        shown: root.mode.hasError
         slides: true
         width: root.innerWidth
 
@@ -49,7 +47,7 @@ Column {
     }
 
     Section {
-        shown: model.isFetching
+        shown: root.mode.isFetching
         width: root.innerWidth
 
         sourceComponent: FetchingView {
@@ -61,7 +59,7 @@ Column {
     }
 
     Section {
-        shown: model.hasInfo
+        shown: root.mode.hasInfo
         source: "SingleInfoView.qml"
         width: root.innerWidth
     }

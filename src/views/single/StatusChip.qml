@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import Quillon.Presentation
 import Quillon.Shared
 
 // The status of the download in a word.
 Rectangle {
     id: root
 
-    property string icon
-    property string text
-    property color tone
+    property statusLook look
+    property color tone: Theme.tone(look.tone)
+
+    readonly property string text: look.text
 
     Behavior on tone {
         enabled: root.visible
@@ -35,7 +37,7 @@ Rectangle {
         color: root.tone
         iconSize: 11
         size: 12
-        symbol: root.icon
+        symbol: root.look.symbol
         text: root.text
     }
 }

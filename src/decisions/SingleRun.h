@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DownloadJob.h"
+#include "VideoInfo.h"
+
+#include <QList>
+#include <QSet>
+#include <QString>
+
+/// All that a single-mode run needs, fixed at its start.
+struct SingleRun
+{
+    QList<DownloadTask> tasks;
+    QualityOption quality;
+    QString folder;
+    QString title; ///< what its end is announced by
+};
+
+/// One task for a video; for a playlist one for each selected entry, in the
+/// playlist's order.
+QList<DownloadTask> runTasks(const VideoInfo &info, const QSet<QString> &selectedEntries);
+
+/// What the end of a run is announced by.
+QString runTitle(const VideoInfo &info);

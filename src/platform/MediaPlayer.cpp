@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MediaPlayer.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+MediaPlayer::MediaPlayer(PlayerEngineFactory makeEngine)
+    : m_makeEngine(std::move(makeEngine))
+{
+}
+
+MediaPlayer::~MediaPlayer() = default;
+
+void MediaPlayer::pause()
+{
+    m_isPaused = true;
+    if (m_engine)
+        m_engine->setPaused(true);
+    Q_EMIT statusChanged();
+}
+
+void MediaPlayer::play()
+{
+    m_isPaused = false;
+    if (m_engine)
+        m_engine->setPaused(false);
+    Q_EMIT statusChanged();
+}
+
+void MediaPlayer::replaceCurrentItem(const std::optional<MediaItem> &item)
+{
+    m_hasItem = item.has_value();
+    m_hasEnded = false;
+    ++m_itemNumber;
+    m_picture = QImage();
+    m_status = {.isBuffering = m_hasItem}; // until the engine says more
+    Q_EMIT itemChanged();
+    Q_EMIT statusChanged();
+    Q_EMIT pictureChanged();
+    if (!item) {
+        if (m_engine)
+            m_engine->unload();
+        return;
+    }
+    const QString scheme = item->url.scheme().toLower();
+    QString error;
+    if (scheme != u"http" && scheme != u"https")
+        error = u"The stream's address is not one of the web"_s;
+    else if (!loadEngine())
+        error = m_engineError;
+    if (error.isEmpty())
+        m_engine->load(item->url);
+    else
+        failLater(error);
+}
+
+// Not from inside of the call that brings the item.
+void MediaPlayer::failLater(const QString &error)
+{
+    QTimer::singleShot(0, this, [this, error, number = m_itemNumber] {
+        if (number == m_itemNumber)
+            takeFailure(error);
+    });
+}
+
+void MediaPlayer::resume()
+{
+    if (m_hasEnded)
+        seek(0);
+    play();
+}
+
+void MediaPlayer::togglePause()
+{
+    if (m_isPaused)
+        resume();
+    else
+        pause();
+}
+
+void MediaPlayer::seek(double position)
+{
+    if (!m_hasItem || !m_engine)
+        return;
+    const double last = m_status.duration > 0 ? m_status.duration : position;
+    const double target = std::clamp(position, 0.0, std::max(0.0, last));
+    // There it is already, and stays ready to be played again.
+    if (m_hasEnded && m_status.duration > 0 && target >= m_status.duration)
+        return;
+    m_status.position = target; // at once, for the one who drags
+    m_hasEnded = false;
+    m_engine->seek(target);
+    Q_EMIT statusChanged();
+    Q_EMIT sought(target);
+}
+
+void MediaPlayer::setVolume(double volume)
+{
+    m_volume = std::clamp(volume, 0.0, 1.0);
+    if (m_engine)
+        m_engine->setVolume(m_volume);
+    Q_EMIT soundChanged();
+}
+
+void MediaPlayer::setMuted(bool isMuted)
+{
+    m_isMuted = isMuted;
+    if (m_engine)
+        m_engine->setMuted(isMuted);
+    Q_EMIT soundChanged();
+}
+
+void MediaPlayer::setPictureSize(const QSize &size)
+{
+    if (size.isEmpty() || size == m_pictureSize)
+        return;
+    m_pictureSize = size;
+    if (m_engine)
+        m_engine->setPictureSize(size);
+}
+
+bool MediaPlayer::loadEngine()
+{
+    if (m_engine)
+        return true;
+    m_engine = m_makeEngine({.statusChanged = [this](const auto &status) { takeStatus(status); },
+                             .pictureChanged = [this](const auto &image) { takePicture(image); },
+                             .ended = [this] { takeEnd(); },
+                             .failed = [this](const auto &message) { takeFailure(message); }},
+                            m_engineError);
+    if (!m_engine)
+        return false;
+    m_engine->setPaused(m_isPaused);
+    m_engine->setVolume(m_volume);
+    m_engine->setMuted(m_isMuted);
+    if (!m_pictureSize.isEmpty())
+        m_engine->setPictureSize(m_pictureSize);
+    return true;
+}
+
+void MediaPlayer::takeStatus(const PlayerStatus &status)
+{
+    if (!m_hasItem)
+        return;
+    m_status = status;
+    Q_EMIT statusChanged();
+}
+
+void MediaPlayer::takeEnd()
+{
+    if (!m_hasItem)
+        return;
+    m_hasEnded = true;
+    pause();
+    Q_EMIT playedToEnd();
+}
+
+void MediaPlayer::takePicture(const QImage &picture)
+{
+    if (!m_hasItem)
+        return;
+    m_picture = picture;
+    Q_EMIT pictureChanged();
+}
+
+void MediaPlayer::takeFailure(const QString &message)
+{
+    if (!m_hasItem)
+        return;
+    replaceCurrentItem({});
+    Q_EMIT failed(message);
+}

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "URLInputPresenter.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ModeTexts
+{
+    QString placeholder;
+    QString fieldIcon;
+    QString idleLabel;
+    QString busyLabel;
+    QString buttonIcon;
+};
+
+const ModeTexts &textsOf(AppMode mode)
+{
+    static const QList<ModeTexts> texts{
+        {u"Paste a YouTube URL..."_s, u"link"_s, u"Fetch Info"_s, u"Fetching..."_s,
+         u"magnifyingglass"_s},
+        {u"Paste a URL to add to queue..."_s, u"link"_s, u"Add to Queue"_s, u"Add to Queue"_s,
+         u"plus"_s},
+        {u"Search YouTube..."_s, u"magnifyingglass"_s, u"Search"_s, u"Searching..."_s,
+         u"magnifyingglass"_s},
+    };
+    return texts[static_cast<qsizetype>(mode)];
+}
+
+} // namespace
+
+URLInputPresenter::URLInputPresenter(AppState &state)
+    : StatePresenter(state)
+{
+    for (const auto signal :
+         {&AppState::modeChanged, &AppState::singleURLChanged, &AppState::multiURLChanged,
+          &AppState::browseSearchQueryChanged, &AppState::isFetchingChanged,
+          &AppState::isBrowseSearchingChanged, &AppState::fetchAsPlaylistChanged})
+        connect(&state, signal, this, &URLInputPresenter::changed);
+}
+
+QString URLInputPresenter::currentURL() const
+{
+    switch (state().mode()) {
+    case AppMode::single:
+        return state().singleURL();
+    case AppMode::multi:
+        return state().multiURL();
+    case AppMode::browse:
+        return state().browseSearchQuery();
+    }
+    Q_UNREACHABLE();
+}
+
+QString URLInputPresenter::placeholder() const
+{
+    return textsOf(state().mode()).placeholder;
+}
+
+QString URLInputPresenter::fieldIcon() const
+{
+    return textsOf(state().mode()).fieldIcon;
+}
+
+QString URLInputPresenter::buttonLabel() const
+{
+    const ModeTexts &texts = textsOf(state().mode());
+    return isBusy() ? texts.busyLabel : texts.idleLabel;
+}
+
+QString URLInputPresenter::buttonIcon() const
+{
+    return textsOf(state().mode()).buttonIcon;
+}
+
+bool URLInputPresenter::isBusy() const
+{
+    switch (state().mode()) {
+    case AppMode::single:
+        return state().isFetching();
+    case AppMode::multi:
+        return false;
+    case AppMode::browse:
+        return state().isBrowseSearching();
+    }
+    Q_UNREACHABLE();
+}
+
+bool URLInputPresenter::canSubmit() const
+{
+    return !currentURL().isEmpty() && !state().isFetching() && !state().isBrowseSearching();
+}
+
+bool URLInputPresenter::showsMixedBar() const
+{
+    return state().mode() == AppMode::single && state().isMixedURL();
+}
+
+bool URLInputPresenter::fetchesPlaylist() const
+{
+    return state().fetchAsPlaylist();
+}
+
+void URLInputPresenter::edit(const QString &text)
+{
+    if (text == currentURL())
+        return;
+    switch (state().mode()) {
+    case AppMode::single:
+        state().singleURL = text;
+        state().fetchError = std::nullopt;
+        break;
+    case AppMode::multi:
+        state().multiURL = text;
+        break;
+    case AppMode::browse:
+        state().browseSearchQuery = text;
+        break;
+    }
+    state().fetchAsPlaylist = false;
+}
+
+void URLInputPresenter::take(const QString &dropped)
+{
+    const QStringList lines = dropped.split(u'\n');
+    for (const QString &line : lines) {
+        if (const QString text = line.trimmed(); !text.isEmpty()) {
+            edit(text);
+            return;
+        }
+    }
+}
+
+void URLInputPresenter::handleSubmit()
+{
+    switch (state().mode()) {
+    case AppMode::single:
+        state().fetchSingleInfo();
+        break;
+    case AppMode::multi:
+        state().addURLToQueue(state().multiURL());
+        edit(QString());
+        break;
+    case AppMode::browse:
+        state().searchYouTube();
+        break;
+    }
+}
+
+void URLInputPresenter::clearURL()
+{
+    switch (state().mode()) {
+    case AppMode::single:
+        state().singleURL = QString();
+        state().singleInfo = std::nullopt;
+        state().fetchError = std::nullopt;
+        state().fetchAsPlaylist = false;
+        state().resetDownload();
+        break;
+    case AppMode::multi:
+        edit(QString());
+        break;
+    case AppMode::browse:
+        edit(QString());
+        state().browseResults = AppState::Results();
+        state().browseSearchError = std::nullopt;
+        break;
+    }
+}
+
+void URLInputPresenter::choosePlaylist(bool asPlaylist)
+{
+    state().fetchAsPlaylist = asPlaylist;
+    state().singleInfo = std::nullopt;
+}
