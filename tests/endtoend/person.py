@@ -22,7 +22,8 @@ gi.require_version("Atspi", "2.0")
 
 PROGRAM = pathlib.Path(os.environ["QUILLON_PROGRAM"])
 MEDIA = pathlib.Path(os.environ["QUILLON_MEDIA"])
-FIRST_LOCATION = pathlib.Path("/opt/homebrew/bin/yt-dlp")
+# Quillon prefers these to the recorder in the test's own home.
+PREFERRED_TOOLS = ("/opt/homebrew/bin/yt-dlp", "/usr/local/bin/yt-dlp")
 REAL_TOOL = os.environ.get("QUILLON_TOOL", "/usr/bin/yt-dlp")
 WATCH = "https://www.youtube.com/watch?v="
 
@@ -41,12 +42,13 @@ class Person:
         self.fills_disk = fills_disk
         self.command = command or [str(PROGRAM)]
         self.records = command is None
-        if self.records:
-            # Whatever its age, nobody is told of it.
-            preferences = (preferences or {}) | {
-                "quillon.toolNotNow": f"{FIRST_LOCATION} {version_of(REAL_TOOL)}"}
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillon-test-"))
         self.desktop = Desktop(self.folder / "home")
+        self.recorder = self.desktop.home / ".local/bin/yt-dlp"
+        if self.records:
+            # Whatever its age, no notice about it gets in the way.
+            preferences = (preferences or {}) | {
+                "quillon.toolNotNow": f"{self.recorder} {version_of(REAL_TOOL)}"}
         self.desktop.callback(shutil.rmtree, self.folder, ignore_errors=True)
         try:
             if preferences:
@@ -74,12 +76,12 @@ class Person:
         self.start_program()
 
     def _install_recorder(self):
-        """A tool at the first search location that notes how it was called."""
-        if FIRST_LOCATION.exists() and "quillon recorder" not in FIRST_LOCATION.read_text():
-            raise RuntimeError(f"{FIRST_LOCATION} is in use")
-        FIRST_LOCATION.parent.mkdir(parents=True, exist_ok=True)
-        FIRST_LOCATION.write_text(
-            "#!/usr/bin/python3\n# quillon recorder\nimport json, os, resource, sys\n"
+        """A tool in the home folder that notes how it was called."""
+        if preferred := next(filter(os.path.exists, PREFERRED_TOOLS), None):
+            raise RuntimeError(f"{preferred} would run instead of the recorder; move it away")
+        self.recorder.parent.mkdir(parents=True)
+        self.recorder.write_text(
+            "#!/usr/bin/python3\nimport json, os, resource, sys\n"
             "if sys.argv[1:] == ['--version']:\n"  # nothing that the user has asked for
             f"    os.execv({REAL_TOOL!r}, [{REAL_TOOL!r}, '--version'])\n"
             f"with open({str(self.folder / 'calls')!r}, 'a') as calls:\n"
@@ -88,8 +90,7 @@ class Person:
             f"if sys.argv[-1] == {self.fills_disk!r} and '-o' in sys.argv:\n"
             "    resource.setrlimit(resource.RLIMIT_FSIZE, (50000, 50000))\n"
             f"os.execv({REAL_TOOL!r}, [{REAL_TOOL!r}] + sys.argv[1:])\n")
-        FIRST_LOCATION.chmod(0o755)
-        self.desktop.callback(FIRST_LOCATION.unlink, missing_ok=True)
+        self.recorder.chmod(0o755)
 
     def start_program(self):
         self.program = self.desktop.start(*self.command, stderr=open(self.folder / "stderr", "ab"))

@@ -13,13 +13,14 @@ private Q_SLOTS:
     {
         QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
         QTest::mouseClick(m_window, Qt::LeftButton, {}, {30, 12});
-        WAIT_FOR(m_window->activeFocusItem()
-                 && m_window->activeFocusItem()->inherits("QQuickPopupItem"));
+        QTRY_VERIFY_WITH_TIMEOUT(m_window->activeFocusItem()
+                                     && m_window->activeFocusItem()->inherits("QQuickPopupItem"),
+                                 patience);
         QTest::keyClick(m_window, Qt::Key_Down);
         QTest::keyClick(m_window, Qt::Key_Return);
-        WAIT_FOR(!windows().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!windows().isEmpty(), patience);
         windows().first()->close();
-        WAIT_FOR(windows().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
     }
 
     void aboutTwiceBringsTheSameWindowForward()
@@ -34,7 +35,7 @@ private Q_SLOTS:
         QCOMPARE(windows(), QList<QWindow *>{first});
         QVERIFY(QTest::qWaitForWindowActive(first));
         first->close();
-        WAIT_FOR(windows().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
     }
 
     void afterItWasClosedAboutOpensAFreshWindowInTheMiddle()
@@ -43,14 +44,14 @@ private Q_SLOTS:
         const QPointer<QWindow> first = windows().first();
         first->setPosition(5, 5);
         first->close();
-        WAIT_FOR(first.isNull());
+        QTRY_VERIFY_WITH_TIMEOUT(first.isNull(), patience);
         ask();
         QCOMPARE(windows().size(), 1);
         const QWindow *const second = windows().first();
         const QPoint middle = second->screen()->geometry().center();
         QVERIFY((second->geometry().center() - middle).manhattanLength() <= 2);
         windows().first()->close();
-        WAIT_FOR(windows().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
     }
 
     void itCannotBeResizedAndEscapeClosesIt()
@@ -61,7 +62,7 @@ private Q_SLOTS:
         QVERIFY(!(window->flags() & Qt::WindowMinimizeButtonHint));
         QVERIFY(QTest::qWaitForWindowActive(window));
         QTest::keyClick(window, Qt::Key_Escape);
-        WAIT_FOR(windows().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
     }
 
     void theMenusKeysWorkInItToo()
@@ -72,7 +73,7 @@ private Q_SLOTS:
         QTest::keyClick(window, Qt::Key_M, Qt::ControlModifier);
         QVERIFY(state().mode() == AppMode::multi);
         window->close();
-        WAIT_FOR(windows().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
     }
 
     void droppedTextLandsInTheFieldOfTheModeAndNothingIsFetched()

@@ -12,27 +12,32 @@ class BrowseFixture : public WindowFixture
 protected:
     QQmlImageProviderBase *makeThumbnails() override { return new GreyPictures; }
 
-    void show(int count)
+    [[nodiscard]] bool show(int count)
     {
         AppState::Results results;
         for (int number = 0; number < count; ++number)
             results.append(result(number));
         state().browseResults = results;
         state().mode = AppMode::browse;
-        m_fixture.tool.setScript("echo http://127.0.0.1/a.mp4");
-        WAIT_FOR(count == 0 ? !placeholder().isEmpty() : shown("result0"));
+        m_fixture->tool.respond("print http://127.0.0.1/a.mp4");
+        return waitFor([&] { return count == 0 ? !placeholder().isEmpty() : shown("result0"); });
     }
 
     /// Plays a result until it is the engine's turn.
-    void play(int row)
+    [[nodiscard]] bool play(int row)
     {
         state().playBrowseResult(state().browseResults()[row]);
-        WAIT_FOR(!state().isLoadingStream() && state().avPlayer.hasItem());
-        WAIT_FOR(shown("playerPanel") && item("playerPanel")->parentItem()->opacity() > 0.99);
+        if (!waitFor([&] { return !state().isLoadingStream() && state().avPlayer.hasItem(); }))
+            return false;
+        if (!waitFor([&] {
+                return shown("playerPanel") && item("playerPanel")->parentItem()->opacity() > 0.99;
+            }))
+            return false;
         engine()->sought.clear();
+        return true;
     }
 
-    RecordingDesktop::SilentEngine *engine() { return *m_fixture.desktop.engine; }
+    RecordingDesktop::SilentEngine *engine() { return *m_fixture->desktop.engine; }
 
     /// The title of what stands in the place of results.
     QString placeholder() { return placeholderIn(m_window->contentItem()); }

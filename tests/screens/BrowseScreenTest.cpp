@@ -9,7 +9,7 @@ class BrowseScreenTest : public BrowseFixture
 private Q_SLOTS:
     void beforeASearchItSaysHowToSearch()
     {
-        show(0);
+        QVERIFY(show(0));
         QCOMPARE(placeholder(), u"Search YouTube"_s);
         const QQuickItem *const page = item("page");
         QVERIFY(page->property("contentHeight").toDouble() <= page->height()); // nothing to scroll
@@ -18,16 +18,16 @@ private Q_SLOTS:
 
     void aSearchByKeyboardShowsWhatIsFound()
     {
-        show(0);
-        m_fixture.tool.setScript(m_fixture.tool.gate("search")
-                                 + "echo '{\"id\":\"a\",\"title\":\"A\",\"duration\":61}'");
-        focusField();
+        QVERIFY(show(0));
+        m_fixture->tool.respond("wait search\n"
+                                R"(print {"id":"a","title":"A","duration":61})");
+        QVERIFY(focusField());
         typeText("boats");
         QTest::keyClick(m_window, Qt::Key_Return);
-        WAIT_FOR(placeholder() == u"Searching…");
+        QTRY_COMPARE_WITH_TIMEOUT(placeholder(), u"Searching…"_s, patience);
         QVERIFY(!item("submit")->isEnabled());
-        m_fixture.tool.open("search");
-        WAIT_FOR(shown("result0"));
+        m_fixture->tool.open("search");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("result0"), patience);
         QCOMPARE(textOf("resultCount"), u"1 results"_s);
         QCOMPARE(accessible("result0")->text(QAccessible::Name), u"A"_s);
         QCOMPARE(accessible("result0")->text(QAccessible::Description), u"1:01"_s);
@@ -36,20 +36,20 @@ private Q_SLOTS:
 
     void aRunningSearchHidesTheResults()
     {
-        show(2);
+        QVERIFY(show(2));
         QVERIFY(shown("result0"));
         state().isBrowseSearching = true;
-        WAIT_FOR(placeholder() == u"Searching…");
+        QTRY_COMPARE_WITH_TIMEOUT(placeholder(), u"Searching…"_s, patience);
         QVERIFY(!shown("result0"));
         state().isBrowseSearching = false;
-        WAIT_FOR(shown("result0"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("result0"), patience);
     }
 
     void anErrorIsShownAndNotTheOldList()
     {
-        show(2);
+        QVERIFY(show(2));
         state().browseSearchError = u"No network\n"_s;
-        WAIT_FOR(placeholder() == u"Search failed");
+        QTRY_COMPARE_WITH_TIMEOUT(placeholder(), u"Search failed"_s, patience);
         QVERIFY(!shown("result0"));
         const QAccessibleInterface *const alert = accessible("searchFailed");
         QVERIFY(alert->role() == QAccessible::AlertMessage);
@@ -58,7 +58,7 @@ private Q_SLOTS:
 
     void thePlaceholderStandsInTheMiddle()
     {
-        show(0);
+        QVERIFY(show(0));
         m_window->grabWindow();
         const QQuickItem *const page = item("page");
         const QQuickItem *const content =
@@ -71,9 +71,9 @@ private Q_SLOTS:
 
     void clearingTheFieldClearsResultsAndErrorAndPlaysOn()
     {
-        show(2);
+        QVERIFY(show(2));
         state().browseSearchQuery = u"boats"_s;
-        play(0);
+        QVERIFY(play(0));
         click("clearField");
         QVERIFY(state().browseResults().isEmpty());
         QVERIFY(state().nowPlaying());
@@ -82,15 +82,15 @@ private Q_SLOTS:
 
     void rowsAreUsedByKeyboard()
     {
-        show(3);
-        focusByTab("resultRows");
+        QVERIFY(show(3));
+        QVERIFY(focusByTab("resultRows"));
         press(Qt::Key_Down);
         QVERIFY(focusIsIn(item("result1")));
         press(Qt::Key_Return);
         QCOMPARE(state().nowPlaying()->id, u"1"_s);
         QCOMPARE(accessible("play1")->text(QAccessible::Name), u"Stop"_s);
         QVERIFY(accessible("result1")->state().selected);
-        WAIT_FOR(shown("playerPanel"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("playerPanel"), patience);
         QVERIFY(focusIsIn(item("result1")));
         press(Qt::Key_Return);
         QVERIFY(!state().nowPlaying());
@@ -99,21 +99,21 @@ private Q_SLOTS:
 
     void aKeyThatIsHeldChoosesOnce()
     {
-        show(2);
-        focusByTab("resultRows");
-        const qsizetype before = m_fixture.tool.calls().size();
+        QVERIFY(show(2));
+        QVERIFY(focusByTab("resultRows"));
+        const qsizetype before = m_fixture->tool.calls().size();
         QKeyEvent pressed(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), false);
         QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
         for (QKeyEvent *const event : {&pressed, &repeated, &repeated, &repeated})
             QCoreApplication::sendEvent(m_window, event);
         QCOMPARE(state().nowPlaying()->id, u"0"_s);
-        WAIT_FOR(!state().isLoadingStream());
-        QCOMPARE(m_fixture.tool.calls().size(), before + 1);
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
+        QCOMPARE(m_fixture->tool.calls().size(), before + 1);
     }
 
     void aScreenReaderChoosesARowByPressingIt()
     {
-        show(1);
+        QVERIFY(show(1));
         accessible("result0")->actionInterface()->doAction(
             QAccessibleActionInterface::pressAction());
         QCOMPARE(state().nowPlaying()->id, u"0"_s);
@@ -121,91 +121,97 @@ private Q_SLOTS:
 
     void thePlayControlOfARowPlaysAndStops()
     {
-        show(2);
+        QVERIFY(show(2));
         QTest::mouseMove(m_window, centreOf("result0"));
-        WAIT_FOR(shown("play0"));
-        m_fixture.tool.setScript(m_fixture.tool.gate("stream") + "echo http://127.0.0.1/a.mp4");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("play0"), patience);
+        m_fixture->tool.respond("wait stream\n"
+                                "print http://127.0.0.1/a.mp4");
         click("play0");
         QCOMPARE(state().nowPlaying()->id, u"0"_s);
-        WAIT_FOR(shown("loadingStream"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("loadingStream"), patience);
         QCOMPARE(textOf("loadingStream"), u"Loading stream…"_s);
-        m_fixture.tool.open("stream");
-        WAIT_FOR(!state().isLoadingStream());
+        m_fixture->tool.open("stream");
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         click("play0");
         QVERIFY(!state().nowPlaying());
-        WAIT_FOR(!shown("playerPanel"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("playerPanel"), patience);
     }
 
     void theTwoButtonsOfARowShowTheirOwnProgress()
     {
-        show(1);
-        m_fixture.tool.setScript("case \"$*\" in *mp3*) P=25.0;; *) P=50.0;; esac\n"
-                                 "echo \"[download]  $P% of 1MiB at 1MiB/s ETA 00:01\"\n"
-                                 + m_fixture.tool.gate("run"));
+        QVERIFY(show(1));
+        m_fixture->tool.respond("for *mp4* print [download]  50.0% of 1MiB at 1MiB/s ETA 00:01\n"
+                                "for *mp3* print [download]  25.0% of 1MiB at 1MiB/s ETA 00:01\n"
+                                "wait run");
         click("video0");
         click("audio0");
-        WAIT_FOR(ring("video0") == 0.5 && ring("audio0") == 0.25);
+        QTRY_VERIFY_WITH_TIMEOUT(ring("video0") == 0.5 && ring("audio0") == 0.25, patience);
         QCOMPARE(accessible("video0")->text(QAccessible::Name), u"MP4"_s);
         QCOMPARE(accessible("video0")->text(QAccessible::Description), u"Downloading 50%"_s);
-        m_fixture.tool.open("run");
-        m_fixture.tool.open("run");
-        WAIT_FOR(symbol("video0") == u"checkmark" && symbol("audio0") == u"checkmark");
+        m_fixture->tool.open("run");
+        m_fixture->tool.open("run");
+        QTRY_VERIFY_WITH_TIMEOUT(
+            symbol("video0") == u"checkmark" && symbol("audio0") == u"checkmark", patience);
     }
 
     void aFailedDownloadOffersAnotherTry()
     {
-        show(1);
-        m_fixture.tool.setScript("echo 'ERROR: no space' >&2; exit 1");
+        QVERIFY(show(1));
+        m_fixture->tool.respond("fail ERROR: no space");
         click("audio0");
-        WAIT_FOR(symbol("audio0") == u"arrow.counterclockwise");
+        QTRY_COMPARE_WITH_TIMEOUT(symbol("audio0"), u"arrow.counterclockwise"_s, patience);
         QCOMPARE(accessible("audio0")->text(QAccessible::Description),
                  u"Failed, press to try again: "_s + failure(u"0_mp3"_s));
         QVERIFY(failure(u"0_mp3"_s).contains(u"no space"));
-        m_fixture.tool.setScript("true");
+        m_fixture->tool.respond("");
         click("audio0");
-        WAIT_FOR(symbol("audio0") == u"checkmark");
+        QTRY_COMPARE_WITH_TIMEOUT(symbol("audio0"), u"checkmark"_s, patience);
         QCOMPARE(symbol("video0"), u"film"_s);
     }
 
     void aResultThatLacksNearlyEverythingIsARowLikeOthers()
     {
-        show(0);
-        m_fixture.tool.setScript(R"(echo '{"id":"a","title":null,"thumbnails":[]}')");
+        QVERIFY(show(0));
+        m_fixture->tool.respond(R"(print {"id":"a","title":null,"thumbnails":[]})");
         state().browseSearchQuery = u"x"_s;
         state().searchYouTube();
-        WAIT_FOR(shown("result0"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("result0"), patience);
         QCOMPARE(accessible("result0")->text(QAccessible::Name), u"Unknown"_s);
         const double height = item("result0")->height();
-        show(1);
+        QVERIFY(show(1));
         QCOMPARE(item("result0")->height(), height);
     }
 
     void longAndForeignQueriesAreSearchedAsTheyAre()
     {
-        show(0);
-        m_fixture.tool.setScript("true");
+        QVERIFY(show(0));
+        m_fixture->tool.respond("");
         for (const QString &query : {QString(2000, u'x'), u"--exec \"rm\" 'a' -o /x"_s,
                                      u"\u05e9\u05dc\u05d5\u05dd \u0645\u0631\u062d"_s}) {
             state().browseSearchQuery = query;
-            focusField();
+            QVERIFY(focusField());
             QTest::keyClick(m_window, Qt::Key_Return);
-            WAIT_FOR(!state().isBrowseSearching() && !m_fixture.tool.calls().isEmpty());
-            WAIT_FOR(m_fixture.tool.calls().last().last() == u"ytsearch25:"_s + query);
+            QTRY_VERIFY_WITH_TIMEOUT(
+                !state().isBrowseSearching() && !m_fixture->tool.calls().isEmpty(), patience);
+            QTRY_COMPARE_WITH_TIMEOUT(m_fixture->tool.calls().last().last(),
+                                      u"ytsearch25:"_s + query, patience);
         }
     }
 
     void aLaterSearchBringsTheStatusesBack()
     {
-        show(1);
-        m_fixture.tool.setScript("true");
+        QVERIFY(show(1));
+        m_fixture->tool.respond("");
         click("audio0");
-        WAIT_FOR(symbol("audio0") == u"checkmark");
+        QTRY_COMPARE_WITH_TIMEOUT(symbol("audio0"), u"checkmark"_s, patience);
         state().browseResults = AppState::Results();
-        WAIT_FOR(!item("audio0"));
-        m_fixture.tool.setScript("echo '{\"id\":\"new\"}'; echo '{\"id\":\"0\"}'");
+        QTRY_VERIFY_WITH_TIMEOUT(!item("audio0"), patience);
+        m_fixture->tool.respond(R"(print {"id":"new"})"
+                                "\n"
+                                R"(print {"id":"0"})");
         state().browseSearchQuery = u"again"_s;
         state().searchYouTube();
-        WAIT_FOR(shown("result1"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("result1"), patience);
         QCOMPARE(symbol("audio1"), u"checkmark"_s);
         QCOMPARE(symbol("audio0"), u"music.note"_s);
         QCOMPARE(symbol("video1"), u"film"_s);

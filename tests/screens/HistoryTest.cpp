@@ -15,42 +15,43 @@ private Q_SLOTS:
         QVERIFY(!shown("historyList"));
         click("clearHistory");
         QVERIFY(state().history().isEmpty());
-        QCOMPARE(m_fixture.preferences->blob(u"quillon.history.v2"_s).value_or(QByteArray()),
+        QCOMPARE(m_fixture->preferences->blob(u"quillon.history.v2"_s).value_or(QByteArray()),
                  QByteArray("[]"));
     }
 
     void clearAllByMouseEmptiesTheList()
     {
-        fill(3);
+        QVERIFY(fill(3));
         QVERIFY(!shown("noHistory"));
         click("clearHistory");
         QVERIFY(state().history().isEmpty());
-        WAIT_FOR(shown("noHistory") && !shown("historyList"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("noHistory") && !shown("historyList"), patience);
     }
 
     void itStandsInSingleAndMultiModeOnly()
     {
-        fill(1);
+        QVERIFY(fill(1));
         state().mode = AppMode::multi;
-        WAIT_FOR(shown("history0"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("history0"), patience);
         state().mode = AppMode::browse;
-        WAIT_FOR(!shown("history0") && !shown("historyTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("history0") && !shown("historyTitle"), patience);
         state().mode = AppMode::single;
-        WAIT_FOR(shown("history0"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("history0"), patience);
     }
 
     void aFinishedDownloadAppearsInFront()
     {
-        fill(2);
+        QVERIFY(fill(2));
         state().singleInfo = video();
         state().startSingleDownload();
-        WAIT_FOR(state().history().size() == 3 && shown("history0") && shown("history2"));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            state().history().size() == 3 && shown("history0") && shown("history2"), patience);
         QCOMPARE(item("history0")->property("title").toString(), u"Title a"_s);
     }
 
     void revealIsHiddenWithoutASavedPath()
     {
-        fill(2);
+        QVERIFY(fill(2));
         QVERIFY(shown("reveal0"));
         QVERIFY(!shown("reveal1"));
         QVERIFY(shown("refetch1"));
@@ -60,43 +61,43 @@ private Q_SLOTS:
 
     void revealByMouseShowsTheFile()
     {
-        fill(1);
-        writeFile(m_fixture.folder.filePath(u"0.mp4"_s), "x");
+        QVERIFY(fill(1));
+        writeFile(m_fixture->folder.filePath(u"0.mp4"_s), "x");
         click("reveal0");
-        QCOMPARE(m_fixture.desktop.fileViewer->selected.last(),
-                 m_fixture.folder.filePath(u"0.mp4"_s));
+        QCOMPARE(m_fixture->desktop.fileViewer->selected.last(),
+                 m_fixture->folder.filePath(u"0.mp4"_s));
     }
 
     void refetchByMouseGoesToSingleModeAndFetches()
     {
-        fill(2);
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"Again"}')");
+        QVERIFY(fill(2));
+        m_fixture->tool.respond(R"(print {"id":"i","title":"Again"})");
         state().mode = AppMode::multi;
-        WAIT_FOR(shown("refetch1"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("refetch1"), patience);
         click("refetch1");
-        WAIT_FOR(shown("videoTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle"), patience);
         QVERIFY(state().mode() == AppMode::single);
         QCOMPARE(textOf("urlField"), u"https://x/watch?v=1"_s);
         QCOMPARE(textOf("videoTitle"), u"Again"_s);
-        QCOMPARE(m_fixture.tool.calls().last().last(), u"https://x/watch?v=1"_s);
+        QCOMPARE(m_fixture->tool.calls().last().last(), u"https://x/watch?v=1"_s);
     }
 
     void aClickInMidScrollUsesThatRowAndGoesToTheTop()
     {
-        fill(200);
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"Again"}')");
+        QVERIFY(fill(200));
+        m_fixture->tool.respond(R"(print {"id":"i","title":"Again"})");
         item("page")->setProperty("contentY", 60 * 52 - 100);
-        WAIT_FOR(shown("refetch60"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("refetch60"), patience);
         click("refetch60");
         QCOMPARE(state().singleURL(), u"https://x/watch?v=60"_s);
-        WAIT_FOR(shown("videoTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle"), patience);
         QVERIFY(sceneY("videoTitle") > 0);
     }
 
     void spaceOnARowWithoutAFileDoesNothing()
     {
-        fill(2);
-        focusByTab("historyRows");
+        QVERIFY(fill(2));
+        QVERIFY(focusByTab("historyRows"));
         press(Qt::Key_Down);
         QVERIFY(focusIsIn(item("history1")));
         press(Qt::Key_Space);
@@ -104,30 +105,30 @@ private Q_SLOTS:
         QVERIFY(!state().isFetching());
         press(Qt::Key_Up);
         QVERIFY(focusIsIn(item("history0")));
-        writeFile(m_fixture.folder.filePath(u"0.mp4"_s), "x");
-        m_fixture.desktop.fileViewer->selected.clear();
+        writeFile(m_fixture->folder.filePath(u"0.mp4"_s), "x");
+        m_fixture->desktop.fileViewer->selected.clear();
         press(Qt::Key_Enter);
-        QCOMPARE(m_fixture.desktop.fileViewer->selected.size(), 1);
+        QCOMPARE(m_fixture->desktop.fileViewer->selected.size(), 1);
     }
 
     void theKeyboardComesBackToTheRowAsAWhole()
     {
-        fill(1);
-        focusByTab("historyRows");
+        QVERIFY(fill(1));
+        QVERIFY(focusByTab("historyRows"));
         const QQuickItem *const face = m_window->activeFocusItem();
-        WAIT_FOR(item("reveal0")->activeFocusOnTab());
+        QTRY_VERIFY_WITH_TIMEOUT(item("reveal0")->activeFocusOnTab(), patience);
         press(Qt::Key_Tab);
         QCOMPARE(m_window->activeFocusItem(), item("reveal0"));
-        focusByTab("clearHistory");
+        QVERIFY(focusByTab("clearHistory"));
         press(Qt::Key_Tab);
         QCOMPARE(m_window->activeFocusItem(), face);
     }
 
     void rowsAreReachedAndUsedByKeyboard()
     {
-        fill(3);
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"Again"}')");
-        focusByTab("historyRows");
+        QVERIFY(fill(3));
+        m_fixture->tool.respond(R"(print {"id":"i","title":"Again"})");
+        QVERIFY(focusByTab("historyRows"));
         QVERIFY(focusIsIn(item("history0")));
         press(Qt::Key_Down);
         QVERIFY(focusIsIn(item("history1")));
@@ -138,14 +139,14 @@ private Q_SLOTS:
         press(Qt::Key_Tab);
         QCOMPARE(m_window->activeFocusItem(), item("refetch2"));
         press(Qt::Key_Return);
-        WAIT_FOR(shown("videoTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle"), patience);
         QCOMPARE(state().singleURL(), u"https://x/watch?v=2"_s);
     }
 
     void tabPassesOneRowAndNotAllOfThem()
     {
-        fill(3);
-        focusByTab("clearHistory");
+        QVERIFY(fill(3));
+        QVERIFY(focusByTab("clearHistory"));
         QStringList reached;
         for (int step = 0; step < 3; ++step) {
             press(Qt::Key_Tab);
@@ -161,11 +162,13 @@ private Q_SLOTS:
 
     void ofTenThousandOnlyThoseInSightAreAlive()
     {
-        fill(10'000);
+        QVERIFY(fill(10'000));
         m_window->grabWindow();
-        WAIT_FOR(item("history11")); // of a row in the making Qt warns when the list is emptied
+        QTRY_VERIFY_WITH_TIMEOUT(
+            item("history11"),
+            patience); // of a row in the making Qt warns when the list is emptied
         QVERIFY(numbered("historyRows", u"history"_s) <= 40);
-        focusByTab("historyRows");
+        QVERIFY(focusByTab("historyRows"));
         press(Qt::Key_End);
         QVERIFY(focusIsIn(item("history9999")));
         m_window->grabWindow();
@@ -175,7 +178,7 @@ private Q_SLOTS:
 
     void aRowIsNamedAndItsActionsByTheirTooltips()
     {
-        fill(1);
+        QVERIFY(fill(1));
         QCOMPARE(accessible("history0")->text(QAccessible::Name),
                  u"Video 0, 1 hr. ago, MP4 · 1080p"_s);
         QVERIFY(accessible("history0")->role() == QAccessible::ListItem);
@@ -190,7 +193,7 @@ private Q_SLOTS:
 
 private:
     /// "Video 0", "Video 1" ...; every second one with a saved path.
-    void fill(int count)
+    [[nodiscard]] bool fill(int count)
     {
         AppState::History records;
         for (int number = 0; number < count; ++number) {
@@ -203,11 +206,11 @@ private:
                                .savedPath = {},
                                .date = {.seconds = ReferenceDate::now().seconds - 3700}};
             if (number % 2 == 0)
-                record.savedPath = m_fixture.folder.filePath(u"%1.mp4"_s.arg(number));
+                record.savedPath = m_fixture->folder.filePath(u"%1.mp4"_s.arg(number));
             records.append(record);
         }
         state().history = records;
-        WAIT_FOR(shown("history0") && (count < 2 || shown("history1")));
+        return waitFor([&] { return shown("history0") && (count < 2 || shown("history1")); });
     }
 };
 

@@ -10,10 +10,10 @@ private Q_SLOTS:
     void tabReachesEveryControlInOrder()
     {
         state().singleInfo = video();
-        WAIT_FOR(shown("download"));
-        focusField();
+        QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
+        QVERIFY(focusField());
         typeText("x");
-        WAIT_FOR(shown("clearField"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("clearField"), patience);
         QStringList reached;
         for (int step = 0; step < 20; ++step) {
             QTest::keyClick(m_window, Qt::Key_Tab);
@@ -31,71 +31,74 @@ private Q_SLOTS:
 
     void submittingBySpaceLeavesTheKeyboardInTheField()
     {
-        m_fixture.tool.setScript(m_fixture.tool.gate("fetch") + "exit 1");
-        focusField();
+        m_fixture->tool.respond("wait fetch\n"
+                                "exit 1");
+        QVERIFY(focusField());
         typeText("https://x/watch?v=i");
-        focusByTab("submit");
+        QVERIFY(focusByTab("submit"));
         press(Qt::Key_Space);
         QVERIFY(state().isFetching());
-        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
-        m_fixture.tool.open("fetch");
-        WAIT_FOR(!state().isFetching());
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("urlField"), patience);
+        m_fixture->tool.open("fetch");
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isFetching(), patience);
     }
 
     void aMenuOpensByItsLetterAndRunsItsCommand()
     {
         QTest::keyClick(m_window, Qt::Key_D, Qt::AltModifier);
-        WAIT_FOR(m_window->activeFocusItem()
-                 && m_window->activeFocusItem()->inherits("QQuickPopupItem"));
+        QTRY_VERIFY_WITH_TIMEOUT(m_window->activeFocusItem()
+                                     && m_window->activeFocusItem()->inherits("QQuickPopupItem"),
+                                 patience);
         QTest::keyClick(m_window, Qt::Key_Down); // to "Fetch Info"
         QTest::keyClick(m_window, Qt::Key_Down); // past what is disabled
         QTest::keyClick(m_window, Qt::Key_Return);
-        WAIT_FOR(state().mode() == AppMode::multi);
+        QTRY_COMPARE_WITH_TIMEOUT(state().mode(), AppMode::multi, patience);
     }
 
     void theKeyboardGoesFromTheMixedBarToTheFieldWhenTheBarLeaves()
     {
-        focusField();
+        QVERIFY(focusField());
         typeText("https://www.youtube.com/watch?v=a&list=b");
-        WAIT_FOR(shown("fullPlaylist"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("fullPlaylist"), patience);
         item("fullPlaylist")->forceActiveFocus(Qt::TabFocusReason);
         QTest::keyClick(m_window, Qt::Key_M, Qt::ControlModifier);
-        WAIT_FOR(!item("fullPlaylist"));
+        QTRY_VERIFY_WITH_TIMEOUT(!item("fullPlaylist"), patience);
         QVERIFY(item("urlField")->hasActiveFocus());
     }
 
     void theKeyboardGoesFromDownloadToPauseToShowInFinder()
     {
         state().singleInfo = video();
-        WAIT_FOR(shown("download"));
-        m_fixture.tool.setScript(m_fixture.tool.gate("keyboard"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
+        m_fixture->tool.respond("wait keyboard");
         item("download")->forceActiveFocus(Qt::TabFocusReason);
         QTest::keyClick(m_window, Qt::Key_Space);
-        WAIT_FOR(m_window->activeFocusItem() == item("pause"));
-        m_fixture.tool.open("keyboard");
-        WAIT_FOR(m_window->activeFocusItem() == item("showInFinder"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("pause"), patience);
+        m_fixture->tool.open("keyboard");
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("showInFinder"), patience);
     }
 
     void afterAFailureTheKeyboardIsAtDownloadAgain()
     {
         state().singleInfo = video();
-        WAIT_FOR(shown("download"));
-        m_fixture.tool.setScript(m_fixture.tool.gate("fails") + "exit 1");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
+        m_fixture->tool.respond("wait fails\n"
+                                "exit 1");
         item("download")->forceActiveFocus(Qt::TabFocusReason);
         QTest::keyClick(m_window, Qt::Key_Space);
-        WAIT_FOR(m_window->activeFocusItem() == item("pause"));
-        m_fixture.tool.open("fails");
-        WAIT_FOR(m_window->activeFocusItem() == item("download"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("pause"), patience);
+        m_fixture->tool.open("fails");
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("download"), patience);
     }
 
     void aDownloadByMouseLeavesTheKeyboardWhereItWas()
     {
         state().singleInfo = video();
-        WAIT_FOR(shown("download"));
-        focusField();
-        m_fixture.tool.setScript("exit 0");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
+        QVERIFY(focusField());
+        m_fixture->tool.respond("");
         click("download");
-        WAIT_FOR(shown("showInFinder"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("showInFinder"), patience);
         QVERIFY(m_window->activeFocusItem() != item("showInFinder"));
     }
 };

@@ -12,12 +12,13 @@ private Q_SLOTS:
         QQuickItem *const root = m_window->contentItem();
         for (const AppMode mode : {AppMode::multi, AppMode::single}) {
             click(withText(root, u"&Download"_s));
-            WAIT_FOR(withText(root, u"Toggle Mode"_s));
+            QTRY_VERIFY_WITH_TIMEOUT(withText(root, u"Toggle Mode"_s), patience);
             QCOMPARE(countIn(root, QRegularExpression(u"^menuCommand$"_s)), 4);
             const QQuickItem *const start = withText(root, u"Start Download"_s);
             QVERIFY(start && !start->isEnabled());
             click(withText(root, u"Toggle Mode"_s));
-            WAIT_FOR(state().mode() == mode && !withText(root, u"Toggle Mode"_s));
+            QTRY_VERIFY_WITH_TIMEOUT(state().mode() == mode && !withText(root, u"Toggle Mode"_s),
+                                     patience);
         }
     }
 
@@ -38,11 +39,12 @@ private Q_SLOTS:
                 ->doAction(QAccessibleActionInterface::pressAction());
         };
         press(u"&Download"_s);
-        WAIT_FOR(withText(root, u"Toggle Mode"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(withText(root, u"Toggle Mode"_s), patience);
         press(u"Start Download"_s); // unavailable
         QVERIFY(withText(root, u"Toggle Mode"_s));
         press(u"Toggle Mode"_s);
-        WAIT_FOR(state().mode() == AppMode::multi && !withText(root, u"Toggle Mode"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            state().mode() == AppMode::multi && !withText(root, u"Toggle Mode"_s), patience);
     }
 
     void theMenusCommandsHaveTheirKeys()
@@ -50,40 +52,41 @@ private Q_SLOTS:
         const auto press = [this](Qt::Key key) {
             QTest::keyClick(m_window, key, Qt::ControlModifier);
         };
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
-        focusField();
+        m_fixture->tool.respond(R"(print {"id":"i","title":"T"})");
+        QVERIFY(focusField());
         typeText("https://x/watch?v=i");
         press(Qt::Key_F);
-        WAIT_FOR(shown("videoTitle") && !state().isFetching());
-        m_fixture.tool.setScript("echo '[Merger] x'\n" + m_fixture.tool.gate("go"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle") && !state().isFetching(), patience);
+        m_fixture->tool.respond("print [Merger] x\n"
+                                "wait go");
         press(Qt::Key_D);
-        WAIT_FOR(state().isDownloading() && shown("processingBar"));
+        QTRY_VERIFY_WITH_TIMEOUT(state().isDownloading() && shown("processingBar"), patience);
         press(Qt::Key_P);
         QVERIFY(state().isPaused());
         press(Qt::Key_P);
         QVERIFY(!state().isPaused());
-        m_fixture.tool.open("go");
-        WAIT_FOR(!state().isDownloading());
+        m_fixture->tool.open("go");
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isDownloading(), patience);
         press(Qt::Key_M);
         QVERIFY(state().mode() == AppMode::multi);
     }
 
     void fetchInfoIsChosenFromTheMenuByMouse()
     {
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
+        m_fixture->tool.respond(R"(print {"id":"i","title":"T"})");
         state().singleURL = u"https://x/watch?v=i"_s;
         QQuickItem *const root = m_window->contentItem();
         click(withText(root, u"&Download"_s));
-        WAIT_FOR(withText(root, u"Fetch Info"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(withText(root, u"Fetch Info"_s), patience);
         // The submit button below reads so, too.
         const auto command = [this] {
             QQuickItem *const found = item("menuCommand");
             return found && found->isVisible() ? found : nullptr;
         };
-        WAIT_FOR(command());
+        QTRY_VERIFY_WITH_TIMEOUT(command(), patience);
         QCOMPARE(command()->property("text").toString(), u"Fetch Info"_s);
         click(command());
-        WAIT_FOR(shown("videoTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle"), patience);
     }
 
 private:

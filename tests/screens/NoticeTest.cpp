@@ -17,34 +17,29 @@ class NoticeTest : public WindowFixture
 private Q_SLOTS:
     void cleanup()
     {
-        m_keeper->cancelUpdate();
-        WAIT_FOR(m_keeper->updatePhase() != ToolKeeper::UpdatePhase::running);
-        m_keeper->closeUpdate();
-        QDir(m_fixture.folder.filePath(u"own"_s)).removeRecursively();
-        reset();
-        setTool("2026.08.19");
+        m_main.reset();
+        m_tool.reset();
+        m_notices.reset();
+        m_keeper.reset();
         m_server.answers.clear();
         m_server.requests.clear();
-        m_fixture.preferences->setString(u"quillon.toolNotNow"_s, QString());
-        m_keeper->begin();
-        WAIT_FOR(m_keeper->report() && m_keeper->report()->version.text == u"2026.08.19");
-        WAIT_FOR(!item("notice"));
+        WindowFixture::cleanup();
     }
 
     void aToolThatWorksIsNotSpokenOf()
     {
-        see("2026.08.01");
+        QVERIFY(see("2026.08.01"));
         QVERIFY(!item("notice"));
     }
 
     void theNoticeStandsAtTheLowerEdgeAndMovesNothing()
     {
         state().singleInfo = video();
-        WAIT_FOR(shown("download"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
         m_window->grabWindow();
         const double before = sceneY("download");
         const double scrolled = item("page")->property("contentY").toDouble();
-        complain();
+        QVERIFY(complain());
         m_window->grabWindow();
         QCOMPARE(sceneY("download"), before);
         QCOMPARE(item("page")->property("contentY").toDouble(), scrolled);
@@ -57,20 +52,20 @@ private Q_SLOTS:
     void theEndOfThePageCanBeScrolledClearOfIt()
     {
         state().singleInfo = playlist(100);
-        WAIT_FOR(shown("download"));
-        complain();
+        QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
+        QVERIFY(complain());
         auto *const page = item("page");
         const auto isClear = [&] {
             turnWheel(20);
             const double end = page->property("contentY").toDouble() + page->height();
             return end >= page->property("contentHeight").toDouble() + item("notice")->height();
         };
-        WAIT_FOR(isClear());
+        QTRY_VERIFY_WITH_TIMEOUT(isClear(), patience);
     }
 
     void itSaysWhatIsWrongAndWhatCanBeDone()
     {
-        complain();
+        QVERIFY(complain());
         QCOMPARE(textOf("noticeText"), u"YouTube no longer answers yt-dlp 2023.03.04."_s);
         QCOMPARE(textOf("noticeAction"), u"Update yt-dlp"_s);
         QCOMPARE(textOf("noticeDismiss"), u"Not now"_s);
@@ -79,12 +74,12 @@ private Q_SLOTS:
 
     void aMissingToolMayBeInstalled()
     {
-        QFile::remove(m_fixture.tool.path());
+        QFile::remove(m_fixture->tool.path());
         m_keeper->begin();
-        WAIT_FOR(shown("notice"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("notice"), patience);
         QCOMPARE(textOf("noticeAction"), u"Install yt-dlp"_s);
         state().showSettings = true;
-        WAIT_FOR(shown("updateTool"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("updateTool"), patience);
         QCOMPARE(textOf("updateTool"), u"Install yt-dlp"_s);
         QCOMPARE(textOf("toolMeaning"), u"not installed"_s);
         QCOMPARE(textOf("toolName"), u"yt-dlp"_s);
@@ -92,34 +87,34 @@ private Q_SLOTS:
 
     void aScreenReaderIsToldOnce()
     {
-        complain();
+        QVERIFY(complain());
         QStringList alerts = alertsIn(m_window->contentItem());
         QCOMPARE(alerts, {u"YouTube no longer answers yt-dlp 2023.03.04."_s});
         m_server.answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
         click("noticeAction");
-        WAIT_FOR(textOf("noticeText") == u"Downloading yt-dlp…");
+        QTRY_COMPARE_WITH_TIMEOUT(textOf("noticeText"), u"Downloading yt-dlp…"_s, patience);
         QCOMPARE(alertsIn(m_window->contentItem()), {u"Updating yt-dlp"_s});
     }
 
     void notNowByMouse()
     {
-        complain();
+        QVERIFY(complain());
         click("noticeDismiss");
-        WAIT_FOR(!item("notice"));
-        QCOMPARE(m_fixture.preferences->string(u"quillon.toolNotNow"_s),
-                 m_fixture.tool.path() + u" 2023.03.04"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(!item("notice"), patience);
+        QCOMPARE(m_fixture->preferences->string(u"quillon.toolNotNow"_s),
+                 m_fixture->tool.path() + u" 2023.03.04"_s);
     }
 
     void whatLiesBelowIsNotPressed()
     {
-        complain();
+        QVERIFY(complain());
         AppState::History records;
         for (int number = 0; number < 40; ++number) {
             records.append(HistoryItem());
             records.last().id = QUuid::createUuid();
         }
         state().history = records;
-        WAIT_FOR(numbered("page", u"history"_s) > 8);
+        QTRY_VERIFY_WITH_TIMEOUT(numbered("page", u"history"_s) > 8, patience);
         QTest::mouseClick(m_window, Qt::LeftButton, {},
                           item("notice")->mapToScene({40, 20}).toPoint());
         QVERIFY(!focusIsIn(item("page")));
@@ -127,8 +122,8 @@ private Q_SLOTS:
 
     void f6GoesThereAndBack()
     {
-        complain();
-        focusField();
+        QVERIFY(complain());
+        QVERIFY(focusField());
         press(Qt::Key_F6);
         QCOMPARE(m_window->activeFocusItem(), item("noticeAction"));
         QVERIFY(item("noticeAction")->property("visualFocus").toBool());
@@ -138,8 +133,8 @@ private Q_SLOTS:
 
     void escapeLeavesItAndItStays()
     {
-        complain();
-        focusField();
+        QVERIFY(complain());
+        QVERIFY(focusField());
         press(Qt::Key_F6);
         press(Qt::Key_Escape);
         QCOMPARE(m_window->activeFocusItem(), item("urlField"));
@@ -148,8 +143,8 @@ private Q_SLOTS:
 
     void tabReachesItBehindThePage()
     {
-        complain();
-        focusField();
+        QVERIFY(complain());
+        QVERIFY(focusField());
         QStringList reached;
         for (int step = 0; step < 8 && !reached.contains(u"noticeDismiss"_s); ++step) {
             press(Qt::Key_Tab);
@@ -162,39 +157,39 @@ private Q_SLOTS:
     void theKeyboardFollowsFromNoticeToNotice()
     {
         m_server.answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
-        complain();
-        focusField();
+        QVERIFY(complain());
+        QVERIFY(focusField());
         press(Qt::Key_F6);
         press(Qt::Key_Return);
         QCOMPARE(m_window->activeFocusItem(), item("noticeDismiss"));
         QVERIFY(item("noticeDismiss")->property("visualFocus").toBool());
         QCOMPARE(textOf("noticeDismiss"), u"Cancel"_s);
         press(Qt::Key_Space);
-        WAIT_FOR(m_keeper->updatePhase() == ToolKeeper::UpdatePhase::none);
+        QTRY_COMPARE_WITH_TIMEOUT(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::none, patience);
         QCOMPARE(m_window->activeFocusItem(), item("noticeAction"));
     }
 
     void theKeyboardReturnsToTheFieldWhenTheNoticeGoes()
     {
-        complain();
-        focusField();
+        QVERIFY(complain());
+        QVERIFY(focusField());
         press(Qt::Key_F6);
         press(Qt::Key_Tab);
         press(Qt::Key_Space);
-        WAIT_FOR(!item("notice"));
+        QTRY_VERIFY_WITH_TIMEOUT(!item("notice"), patience);
         QCOMPARE(m_window->activeFocusItem(), item("urlField"));
     }
 
     void anUpdateTellsHowFarItIs()
     {
         m_server.answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
-        complain();
+        QVERIFY(complain());
         click("noticeAction");
-        WAIT_FOR(textOf("noticeText") == u"Downloading yt-dlp…");
+        QTRY_COMPARE_WITH_TIMEOUT(textOf("noticeText"), u"Downloading yt-dlp…"_s, patience);
         QVERIFY(!shown("noticeAction"));
         QVERIFY(!item("noticeDismiss")->property("visualFocus").toBool()); // it was a click
         state().showSettings = true;
-        WAIT_FOR(shown("toolMeaning"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("toolMeaning"), patience);
         QCOMPARE(textOf("toolMeaning"), u"updating…"_s);
         QVERIFY(!shown("updateTool"));
     }
@@ -202,85 +197,86 @@ private Q_SLOTS:
     void aReadyToolIsToldAndFailuresMayBeRepeated()
     {
         offer(m_server, m_signer, zippedTool(versionCode("2026.08.19")));
-        complain();
-        m_fixture.tool.setScript("[ \"$1\" = --version ] && echo 2023.03.04 && exit\nexit 1");
+        QVERIFY(complain());
+        setTool("2023.03.04");
         state().singleURL = u"https://example.org/a"_s;
         state().fetchSingleInfo();
-        WAIT_FOR(!state().isFetching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isFetching(), patience);
         click("noticeAction");
-        WAIT_FOR(textOf("noticeText") == u"yt-dlp 2026.08.19 is ready.");
+        QTRY_COMPARE_WITH_TIMEOUT(textOf("noticeText"), u"yt-dlp 2026.08.19 is ready."_s, patience);
         QCOMPARE(textOf("noticeAction"), u"Try again"_s);
         QCOMPARE(textOf("noticeDismiss"), u"Close"_s);
         state().singleURL = u"https://example.org/b"_s;
         QVERIFY(!shown("noticeAction"));
         click("noticeDismiss");
-        WAIT_FOR(!item("notice"));
+        QTRY_VERIFY_WITH_TIMEOUT(!item("notice"), patience);
     }
 
     void aFailedUpdateSaysWhy()
     {
-        complain();
+        QVERIFY(complain());
         click("noticeAction");
-        WAIT_FOR(textOf("noticeText")
-                 == u"yt-dlp could not be downloaded: the server answered 404.");
+        QTRY_COMPARE_WITH_TIMEOUT(textOf("noticeText"),
+                                  u"yt-dlp could not be downloaded: the server answered 404."_s,
+                                  patience);
         QCOMPARE(textOf("noticeAction"), u"Try again"_s);
         offer(m_server, m_signer, zippedTool(versionCode("2026.08.19")));
         click("noticeAction");
-        WAIT_FOR(textOf("noticeText") == u"yt-dlp 2026.08.19 is ready.");
+        QTRY_COMPARE_WITH_TIMEOUT(textOf("noticeText"), u"yt-dlp 2026.08.19 is ready."_s, patience);
     }
 
     void whatRenewsAForeignToolCanBeCopied()
     {
-        QVERIFY(QDir(m_fixture.folder.path()).mkpath(u"own"_s));
+        QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"own"_s));
         writeFile(ownPath(), "#!/bin/sh\nPK=; echo 2023.03.04\n"); // begins as releases do
         QFile::setPermissions(ownPath(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        complain();
+        QVERIFY(complain());
         QVERIFY(textOf("noticeText").endsWith(u"; this renews it:"));
         QVERIFY(!shown("noticeAction"));
         QCOMPARE(textOf("noticeCommand"), ownPath() + u" -U"_s);
         click("noticeCopy");
         QCOMPARE(QGuiApplication::clipboard()->text(), ownPath() + u" -U"_s);
         QCOMPARE(textOf("noticeCopy"), u"Copied"_s);
-        WAIT_FOR(textOf("noticeCopy") == u"Copy");
+        QTRY_COMPARE_WITH_TIMEOUT(textOf("noticeCopy"), u"Copy"_s, patience);
     }
 
     void anOldToolIsHintedAtAfterAFailure()
     {
-        m_fixture.tool.setScript("[ \"$1\" = --version ] && echo 2026.03.01 && exit\nexit 1");
+        setTool("2026.03.01");
         m_keeper->begin();
-        WAIT_FOR(m_keeper->report()->version.text == u"2026.03.01");
+        QTRY_COMPARE_WITH_TIMEOUT(m_keeper->report()->version.text, u"2026.03.01"_s, patience);
         QVERIFY(!item("notice"));
         state().singleURL = u"https://example.org/a"_s;
         state().fetchSingleInfo();
-        WAIT_FOR(shown("notice"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("notice"), patience);
         QCOMPARE(textOf("noticeText"), u"yt-dlp is 5 months old. A newer one may help."_s);
     }
 
     void theSettingsTellOfTheTool()
     {
-        complain();
+        QVERIFY(complain());
         state().showSettings = true;
-        WAIT_FOR(shown("updateTool"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("updateTool"), patience);
         QCOMPARE(textOf("toolName"), u"yt-dlp 2023.03.04"_s);
         QCOMPARE(textOf("toolMeaning"), u"too old for YouTube"_s);
-        QCOMPARE(item("toolPath")->property("text").toString(), m_fixture.tool.path());
+        QCOMPARE(item("toolPath")->property("text").toString(), m_fixture->tool.path());
         QCOMPARE(textOf("updateTool"), u"Update yt-dlp"_s);
         QCOMPARE(accessible("toolMeaning")->text(QAccessible::Name),
                  u"yt-dlp 2023.03.04, too old for YouTube"_s);
-        focusByTab("cookiesBrowser");
+        QVERIFY(focusByTab("cookiesBrowser"));
         press(Qt::Key_Tab);
         QCOMPARE(m_window->activeFocusItem(), item("updateTool"));
     }
 
     void theToolsPathIsSeenInATooltip()
     {
-        see("2026.08.01");
+        QVERIFY(see("2026.08.01"));
         state().showSettings = true;
-        WAIT_FOR(shown("toolMeaning"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("toolMeaning"), patience);
         QCOMPARE(textOf("toolMeaning"), u"current"_s);
         m_window->grabWindow();
         QTest::mouseMove(m_window, item("toolMeaning")->mapToScene({10, 5}).toPoint());
-        WAIT_FOR(tip() == m_fixture.tool.path());
+        QTRY_COMPARE_WITH_TIMEOUT(tip(), m_fixture->tool.path(), patience);
         QTest::mouseMove(m_window, {2, m_window->height() - 2});
     }
 
@@ -289,8 +285,8 @@ protected:
     {
         setTool("2026.08.19");
         m_keeper = std::make_unique<ToolKeeper>(
-            state(), *m_fixture.preferences,
-            ToolKeeper::Parts{.places = {.searchPaths = {ownPath(), m_fixture.tool.path()},
+            state(), *m_fixture->preferences,
+            ToolKeeper::Parts{.places = {.searchPaths = {ownPath(), m_fixture->tool.path()},
                                          .ownPath = ownPath(),
                                          .environment = {{u"PATH"_s, u"/usr/bin:/bin"_s}}},
                               .source = {.folder = m_server.address(), .key = m_signer.key},
@@ -302,20 +298,27 @@ protected:
     }
 
 private:
-    QString ownPath() const { return m_fixture.folder.filePath(u"own/yt-dlp"_s); }
-    void setTool(const QByteArray &version) { m_fixture.tool.setScript("echo " + version); }
+    QString ownPath() const { return m_fixture->folder.filePath(u"own/yt-dlp"_s); }
+
+    /// Which fails at everything else.
+    void setTool(const QByteArray &version)
+    {
+        m_fixture->tool.respond("for --version print " + version
+                                + "\nfor --version exit 0\nexit 1");
+    }
     /// Lets the program see a tool of this version.
-    void see(const QByteArray &version)
+    [[nodiscard]] bool see(const QByteArray &version)
     {
         setTool(version);
         m_keeper->begin();
-        WAIT_FOR(m_keeper->report()
-                 && m_keeper->report()->version.text == QString::fromLatin1(version));
+        return waitFor([&] {
+            return m_keeper->report()
+                && m_keeper->report()->version.text == QString::fromLatin1(version);
+        });
     }
-    void complain()
+    [[nodiscard]] bool complain()
     {
-        see("2023.03.04");
-        WAIT_FOR(shown("notice"));
+        return see("2023.03.04") && waitFor([&] { return shown("notice"); });
     }
     static QStringList alertsIn(QQuickItem *parent)
     {

@@ -9,8 +9,8 @@ class PlayerScreenTest : public BrowseFixture
 private Q_SLOTS:
     void previousAndNextEndWithTheList()
     {
-        show(3);
-        play(0);
+        QVERIFY(show(3));
+        QVERIFY(play(0));
         QVERIFY(!item("playPrevious")->isEnabled());
         QCOMPARE(textOf("playerPlace"), u"1 / 3"_s);
         click("playNext");
@@ -25,18 +25,18 @@ private Q_SLOTS:
 
     void anErrorOfThePlayerIsReadOverThePicture()
     {
-        show(1);
-        play(0);
+        QVERIFY(show(1));
+        QVERIFY(play(0));
         engine()->events.failed(u"The connection was lost"_s);
-        WAIT_FOR(shown("playerError"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("playerError"), patience);
         QCOMPARE(textOf("playerError"), u"The connection was lost"_s);
         QVERIFY(accessible("playerError")->role() == QAccessible::AlertMessage);
     }
 
     void closingThePlayerStopsIt()
     {
-        show(1);
-        play(0);
+        QVERIFY(show(1));
+        QVERIFY(play(0));
         QCOMPARE(accessible("closePlayer")->text(QAccessible::Name), u"Close player"_s);
         click("closePlayer");
         QVERIFY(!state().nowPlaying());
@@ -44,19 +44,19 @@ private Q_SLOTS:
 
     void leavingBrowseStopsPlayback()
     {
-        show(1);
-        play(0);
+        QVERIFY(show(1));
+        QVERIFY(play(0));
         click("modeSingle");
-        WAIT_FOR(!state().nowPlaying());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().nowPlaying(), patience);
         QVERIFY(!state().avPlayer.hasItem());
     }
 
     void thePlayersKeysAct()
     {
-        show(1);
-        play(0);
+        QVERIFY(show(1));
+        QVERIFY(play(0));
         engine()->events.statusChanged({.position = 30, .duration = 60, .loadedTo = 50});
-        focusByTab("video");
+        QVERIFY(focusByTab("video"));
         press(Qt::Key_Left);
         press(Qt::Key_L);
         press(Qt::Key_J);
@@ -73,15 +73,15 @@ private Q_SLOTS:
 
     void thePositionBarSeeksByClickAndDrag()
     {
-        show(1);
-        play(0);
+        QVERIFY(show(1));
+        QVERIFY(play(0));
         engine()->events.statusChanged({.position = 0, .duration = 100});
         state().avPlayer.pause(); // so that the controls stay
-        WAIT_FOR(shown("positionBar"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("positionBar"), patience);
         m_window->grabWindow();
         const QPoint middle = centreOf("positionBar");
         QTest::mousePress(m_window, Qt::LeftButton, {}, middle);
-        WAIT_FOR(engine()->sought.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(engine()->sought.size(), 1, patience);
         QTest::mouseMove(m_window, middle + QPoint(60, 0));
         QTest::mouseRelease(m_window, Qt::LeftButton, {}, middle + QPoint(60, 0));
         QVERIFY(engine()->sought.size() >= 2);
@@ -92,15 +92,15 @@ private Q_SLOTS:
 
     void thePositionBarIsMovedByItsOwnKeys()
     {
-        playPaused({.position = 50, .duration = 100});
-        focusByTab("positionBar");
+        QVERIFY(playPaused({.position = 50, .duration = 100}));
+        QVERIFY(focusByTab("positionBar"));
         press(Qt::Key_Right);
         QCOMPARE(engine()->sought, QList<double>{55});
     }
 
     void aShortItemIsSoughtInFinely()
     {
-        playPaused({.position = 0, .duration = 6});
+        QVERIFY(playPaused({.position = 0, .duration = 6}));
         click("positionBar");
         QVERIFY(std::abs(engine()->sought.last() - 3) < 0.2);
         engine()->events.statusChanged({.position = 4, .duration = 6});
@@ -109,21 +109,21 @@ private Q_SLOTS:
 
     void theBarShowsHowFarItIsLoaded()
     {
-        playPaused({.position = 10, .duration = 100, .loadedTo = 60});
+        QVERIFY(playPaused({.position = 10, .duration = 100, .loadedTo = 60}));
         QCOMPARE(item("positionBar")->property("mark").toDouble(), 60.0);
         QCOMPARE(item("positionBar")->property("to").toDouble(), 100.0);
     }
 
     void theVolumeIsSetByItsBarWhichAlsoEndsTheSilence()
     {
-        playPaused({.position = 10, .duration = 100});
+        QVERIFY(playPaused({.position = 10, .duration = 100}));
         click("mute");
         QVERIFY(engine()->isMuted);
         QCOMPARE(accessible("mute")->text(QAccessible::Name), u"Unmute"_s);
         click("volumeBar");
         QVERIFY(!engine()->isMuted);
         QVERIFY(std::abs(engine()->volume - 0.5) < 0.1);
-        focusByTab("volumeBar");
+        QVERIFY(focusByTab("volumeBar"));
         const double before = engine()->volume;
         press(Qt::Key_Left);
         QVERIFY(engine()->volume < before);
@@ -131,42 +131,42 @@ private Q_SLOTS:
 
     void waitingForTheStreamIsShown()
     {
-        playPaused({.isBuffering = true, .position = 10, .duration = 100});
-        WAIT_FOR(shown("buffering"));
+        QVERIFY(playPaused({.isBuffering = true, .position = 10, .duration = 100}));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("buffering"), patience);
         QVERIFY(!shown("loadingStream"));
         engine()->events.statusChanged({.position = 10, .duration = 100});
-        WAIT_FOR(!shown("buffering"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("buffering"), patience);
     }
 
     void theControlsFadeWhileItPlaysAndComeBackOnAMove()
     {
-        playPaused({.position = 10, .duration = 100});
+        QVERIFY(playPaused({.position = 10, .duration = 100}));
         QVERIFY(shown("positionBar"));
         QTest::mouseMove(m_window, QPoint(5, 5));
         state().avPlayer.play();
-        WAIT_FOR(!shown("positionBar"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("positionBar"), patience);
         QTest::mouseMove(m_window, centreOf("video"));
         QTest::mouseMove(m_window, centreOf("video") + QPoint(9, 0));
-        WAIT_FOR(shown("positionBar"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("positionBar"), patience);
     }
 
     void aClickOnAControlDoesNotHoldTheControls()
     {
-        playPaused({.position = 10, .duration = 100});
+        QVERIFY(playPaused({.position = 10, .duration = 100}));
         click("playPause"); // goes on
         QVERIFY(!engine()->isPaused);
         QTest::mouseMove(m_window, QPoint(5, 5));
-        WAIT_FOR(!shown("positionBar"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("positionBar"), patience);
     }
 
     void draggedToItsEndItDoesNotEndBeforeItIsLetGo()
     {
-        playPaused({.position = 0, .duration = 100});
+        QVERIFY(playPaused({.position = 0, .duration = 100}));
         const QPoint middle = centreOf("positionBar");
         const QPoint end = middle + QPoint(static_cast<int>(item("positionBar")->width() / 2), 0);
         QTest::mousePress(m_window, Qt::LeftButton, {}, middle);
         QTest::mouseMove(m_window, end);
-        WAIT_FOR(!engine()->sought.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!engine()->sought.isEmpty(), patience);
         QCOMPARE(engine()->sought.last(), 99.5);
         QTest::mouseRelease(m_window, Qt::LeftButton, {}, end);
         QCOMPARE(engine()->sought.last(), 100.0);
@@ -174,19 +174,19 @@ private Q_SLOTS:
 
     void whatIsNotLoadedYetIsWaitedForInSight()
     {
-        show(1);
-        play(0); // the engine has told nothing
-        WAIT_FOR(shown("buffering"));
+        QVERIFY(show(1));
+        QVERIFY(play(0)); // the engine has told nothing
+        QTRY_VERIFY_WITH_TIMEOUT(shown("buffering"), patience);
     }
 
     void theKeyboardFindsAnotherPlaceWhereItsButtonEnds()
     {
-        show(2);
-        play(0);
-        focusByTab("playNext");
+        QVERIFY(show(2));
+        QVERIFY(play(0));
+        QVERIFY(focusByTab("playNext"));
         press(Qt::Key_Return);
         QVERIFY(focusIsIn(item("playPrevious")));
-        focusByTab("closePlayer");
+        QVERIFY(focusByTab("closePlayer"));
         press(Qt::Key_Return);
         QVERIFY(!state().nowPlaying());
         QVERIFY(focusIsIn(item("resultRows")));
@@ -194,11 +194,11 @@ private Q_SLOTS:
 
     void atItsEndItCanBePlayedAgain()
     {
-        show(1);
-        play(0);
+        QVERIFY(show(1));
+        QVERIFY(play(0));
         engine()->events.statusChanged({.position = 60, .duration = 60});
         engine()->events.ended();
-        WAIT_FOR(shown("playPause"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("playPause"), patience);
         QCOMPARE(accessible("playPause")->text(QAccessible::Name), u"Play again"_s);
         click("playPause");
         QCOMPARE(engine()->sought, QList<double>{0});
@@ -208,25 +208,25 @@ private Q_SLOTS:
 
     void fullScreenAndPictureInPictureKeepThePosition()
     {
-        show(1);
-        play(0);
+        QVERIFY(show(1));
+        QVERIFY(play(0));
         engine()->events.statusChanged({.position = 30, .duration = 60});
-        focusByTab("video");
+        QVERIFY(focusByTab("video"));
         const qsizetype opened = engine()->addresses.size();
         press(Qt::Key_F);
-        WAIT_FOR(playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(playerWindow(), patience);
         QCOMPARE(playerWindow()->visibility(), QWindow::FullScreen);
         QTest::keyClick(playerWindow(), Qt::Key_Right);
         QCOMPARE(engine()->sought, QList<double>{35}); // its keys are the panel's
         QTest::keyClick(playerWindow(), Qt::Key_Escape);
-        WAIT_FOR(!playerWindow() && shown("video"));
+        QTRY_VERIFY_WITH_TIMEOUT(!playerWindow() && shown("video"), patience);
         state().avPlayer.pause();
-        WAIT_FOR(shown("pictureInPicture"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("pictureInPicture"), patience);
         click("pictureInPicture");
-        WAIT_FOR(playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(playerWindow(), patience);
         QVERIFY(playerWindow()->flags().testFlag(Qt::WindowStaysOnTopHint));
         playerWindow()->close();
-        WAIT_FOR(!playerWindow() && shown("video"));
+        QTRY_VERIFY_WITH_TIMEOUT(!playerWindow() && shown("video"), patience);
         QCOMPARE(engine()->addresses.size(), opened); // it was never opened anew
         QCOMPARE(engine()->sought, QList<double>{35});
         QCOMPARE(state().avPlayer.position(), 35.0);
@@ -234,39 +234,39 @@ private Q_SLOTS:
 
     void inFullScreenThePointerGoesWithTheControls()
     {
-        show(1);
-        play(0);
-        focusByTab("video");
+        QVERIFY(show(1));
+        QVERIFY(play(0));
+        QVERIFY(focusByTab("video"));
         press(Qt::Key_F);
-        WAIT_FOR(playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(playerWindow(), patience);
         QVERIFY(QTest::qWaitForWindowExposed(playerWindow()));
         const QPoint middle(playerWindow()->width() / 2, playerWindow()->height() / 2);
         QTest::mouseMove(playerWindow(), middle);
         QTest::mouseMove(playerWindow(), middle + QPoint(5, 0));
         QCOMPARE(playerWindow()->cursor().shape(), Qt::ArrowCursor);
-        WAIT_FOR(playerWindow()->cursor().shape() == Qt::BlankCursor);
+        QTRY_COMPARE_WITH_TIMEOUT(playerWindow()->cursor().shape(), Qt::BlankCursor, patience);
         QTest::mouseMove(playerWindow(), middle);
-        WAIT_FOR(playerWindow()->cursor().shape() == Qt::ArrowCursor);
+        QTRY_COMPARE_WITH_TIMEOUT(playerWindow()->cursor().shape(), Qt::ArrowCursor, patience);
         QTest::keyClick(playerWindow(), Qt::Key_Escape);
-        WAIT_FOR(!playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(!playerWindow(), patience);
     }
 
     void theMenusKeysWorkInThePlayersWindow()
     {
-        show(1);
-        play(0);
-        focusByTab("video");
+        QVERIFY(show(1));
+        QVERIFY(play(0));
+        QVERIFY(focusByTab("video"));
         press(Qt::Key_F);
-        WAIT_FOR(playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(playerWindow(), patience);
         QVERIFY(QTest::qWaitForWindowActive(playerWindow()));
         QTest::keyClick(playerWindow(), Qt::Key_M, Qt::ControlModifier);
-        WAIT_FOR(state().mode() == AppMode::single && !playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(state().mode() == AppMode::single && !playerWindow(), patience);
     }
 
     void aPlayerThatLeavesKeepsItsWords()
     {
-        show(2);
-        play(0);
+        QVERIFY(show(2));
+        QVERIFY(play(0));
         click("closePlayer");
         QVERIFY(!state().nowPlaying() && shown("playerPanel"));
         QCOMPARE(textOf("playerPlace"), u"1 / 2"_s);
@@ -275,22 +275,23 @@ private Q_SLOTS:
 
     void thePlayersWindowGoesWithWhatItPlays()
     {
-        show(1);
-        play(0);
-        focusByTab("video");
+        QVERIFY(show(1));
+        QVERIFY(play(0));
+        QVERIFY(focusByTab("video"));
         press(Qt::Key_F);
-        WAIT_FOR(playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(playerWindow(), patience);
         state().stopPlayback();
-        WAIT_FOR(!playerWindow());
+        QTRY_VERIFY_WITH_TIMEOUT(!playerWindow(), patience);
     }
 
     void thePanelsButtonsDownloadWhatPlays()
     {
-        show(2);
-        play(1);
-        m_fixture.tool.setScript("true");
+        QVERIFY(show(2));
+        QVERIFY(play(1));
+        m_fixture->tool.respond("");
         click("panelAudio");
-        WAIT_FOR(item("panelAudio")->property("symbol").toString() == u"checkmark");
+        QTRY_COMPARE_WITH_TIMEOUT(item("panelAudio")->property("symbol").toString(), u"checkmark"_s,
+                                  patience);
         QCOMPARE(item("audio1")->property("symbol"), u"checkmark"_s);
         QCOMPARE(item("panelVideo")->property("symbol"), u"film"_s);
         QCOMPARE(item("audio0")->property("symbol"), u"music.note"_s);
@@ -298,14 +299,15 @@ private Q_SLOTS:
 
     void mediaKeysThatTheWindowGetsAct()
     {
-        show(3);
+        QVERIFY(show(3));
         press(Qt::Key_MediaNext); // with nothing chosen
         QVERIFY(!state().nowPlaying());
-        play(0);
+        QVERIFY(play(0));
         press(Qt::Key_MediaNext);
         QCOMPARE(state().nowPlaying()->id, u"1"_s);
         press(Qt::Key_MediaPrevious);
-        WAIT_FOR(state().nowPlaying()->id == u"0" && state().avPlayer.hasItem());
+        QTRY_VERIFY_WITH_TIMEOUT(state().nowPlaying()->id == u"0" && state().avPlayer.hasItem(),
+                                 patience);
         press(Qt::Key_MediaPlay);
         QVERIFY(engine()->isPaused);
         press(Qt::Key_MediaPlay);
@@ -316,16 +318,18 @@ private Q_SLOTS:
 
 private:
     /// So that the controls stay.
-    void playPaused(const PlayerStatus &status)
+    [[nodiscard]] bool playPaused(const PlayerStatus &status)
     {
-        show(1);
-        play(0);
+        if (!show(1) || !play(0))
+            return false;
         engine()->events.statusChanged(status);
         state().avPlayer.setMuted(false);
         state().avPlayer.setVolume(1);
         state().avPlayer.pause();
-        WAIT_FOR(shown("positionBar"));
+        if (!waitFor([&] { return shown("positionBar"); }))
+            return false;
         m_window->grabWindow();
+        return true;
     }
 
     /// The one of the player's own.

@@ -12,7 +12,7 @@ class PlaylistTest : public WindowFixture
 private Q_SLOTS:
     void anEmptyPlaylistShows0Of0AndAllLeavesTheSelectionEmpty()
     {
-        show(playlist(0));
+        QVERIFY(show(playlist(0)));
         QCOMPARE(textOf("playlistCount"), u"0 of 0 selected"_s);
         click("selectAll");
         QVERIFY(state().selectedPlaylistItems().isEmpty());
@@ -22,7 +22,7 @@ private Q_SLOTS:
 
     void noneAllAndOneCardByMouse()
     {
-        show(playlist(3));
+        QVERIFY(show(playlist(3)));
         QCOMPARE(textOf("playlistCount"), u"3 of 3 selected"_s);
         click("selectNone");
         QCOMPARE(textOf("playlistCount"), u"0 of 3 selected"_s);
@@ -39,38 +39,39 @@ private Q_SLOTS:
     {
         VideoInfo info = playlist(5);
         info.playlistEntries[2].id = u"0"_s;
-        show(info);
+        QVERIFY(show(info));
         QCOMPARE(textOf("playlistCount"), u"4 of 5 selected"_s);
         QCOMPARE(textOf("download"), u"Download 4 Videos"_s);
         click("download");
-        WAIT_FOR(state().downloadStatus()
-                 == DownloadUIStatus(Status::Done{m_fixture.folder.path()}));
-        QCOMPARE(m_fixture.tool.calls().size(), 5);
+        QTRY_COMPARE_WITH_TIMEOUT(state().downloadStatus(),
+                                  DownloadUIStatus(Status::Done{m_fixture->folder.path()}),
+                                  patience);
+        QCOMPARE(m_fixture->tool.calls().size(), 5);
         QCOMPARE(state().totalDownloadCount(), 5);
         QCOMPARE(state().currentDownloadIndex(), 5);
     }
 
     void hideTakesTheGridAwayAndShowBringsItBack()
     {
-        show(playlist(3));
+        QVERIFY(show(playlist(3)));
         QCOMPARE(item("collapse")->property("help").toString(), u"Hide video list"_s);
         click("collapse");
-        WAIT_FOR(!shown("playlistCards"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("playlistCards"), patience);
         QCOMPARE(item("collapse")->property("label").toString(), u"Show"_s);
         QCOMPARE(item("collapse")->property("help").toString(), u"Show video list"_s);
         QCOMPARE(state().selectedPlaylistItems().size(), 3);
         click("collapse");
-        WAIT_FOR(shown("card0"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("card0"), patience);
         QCOMPARE(item("collapse")->property("label").toString(), u"Hide"_s);
     }
 
     void aPlaylistThatIsFetchedAnewShowsItsGrid()
     {
-        show(playlist(3));
+        QVERIFY(show(playlist(3)));
         click("collapse");
-        WAIT_FOR(!shown("playlistCards"));
-        show(playlist(4));
-        WAIT_FOR(shown("card3"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("playlistCards"), patience);
+        QVERIFY(show(playlist(4)));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("card3"), patience);
     }
 
     void theColumnsKeepToTheirBounds_data()
@@ -84,9 +85,9 @@ private Q_SLOTS:
     {
         QFETCH(int, width);
         const QSize before = m_window->size();
-        show(playlist(12));
+        QVERIFY(show(playlist(12)));
         m_window->resize(width, before.height());
-        WAIT_FOR(m_window->contentItem()->width() == width);
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->contentItem()->width(), width, patience);
         m_window->grabWindow();
         const QQuickItem *const first = item("card0");
         const QQuickItem *const second = item("card1");
@@ -98,8 +99,8 @@ private Q_SLOTS:
 
     void theArrowsMoveFromCardToCardAndSpaceToggles()
     {
-        show(playlist(12));
-        focusByTab("playlistCards");
+        QVERIFY(show(playlist(12)));
+        QVERIFY(focusByTab("playlistCards"));
         QCOMPARE(focused(), u"card0"_s);
         press(Qt::Key_Right);
         QCOMPARE(focused(), u"card1"_s);
@@ -115,9 +116,9 @@ private Q_SLOTS:
 
     void ctrlASelectsAllWhileTheGridHasTheKeyboard()
     {
-        show(playlist(12));
+        QVERIFY(show(playlist(12)));
         state().selectedPlaylistItems = AppState::EntrySelection();
-        focusByTab("playlistCards");
+        QVERIFY(focusByTab("playlistCards"));
         press(Qt::Key_Right);
         QTest::keyClick(m_window, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(state().selectedPlaylistItems().size(), 12);
@@ -125,8 +126,8 @@ private Q_SLOTS:
 
     void theGridIsOneStopBetweenHideAndTheFormats()
     {
-        show(playlist(12));
-        focusByTab("selectAll");
+        QVERIFY(show(playlist(12)));
+        QVERIFY(focusByTab("selectAll"));
         QStringList reached;
         for (int step = 0; step < 4; ++step) {
             press(Qt::Key_Tab);
@@ -139,11 +140,11 @@ private Q_SLOTS:
 
     void ofThousandsOnlyThoseInSightAreAlive()
     {
-        show(playlist(5000));
+        QVERIFY(show(playlist(5000)));
         m_window->grabWindow();
         const int atStart = numbered("playlistCards", u"card"_s);
         QVERIFY2(atStart >= 12 && atStart <= 40, qPrintable(QString::number(atStart)));
-        focusByTab("playlistCards");
+        QVERIFY(focusByTab("playlistCards"));
         press(Qt::Key_End);
         QCOMPARE(focused(), u"card4999"_s);
         m_window->grabWindow();
@@ -159,30 +160,32 @@ private Q_SLOTS:
 
     void theWheelAndThePageKeysScrollPanelAndButtonsAsOne()
     {
-        show(playlist(5000));
+        QVERIFY(show(playlist(5000)));
         m_window->grabWindow();
         const double before = sceneY("card0");
         const double title = sceneY("playlistTitle");
         turnWheel(1);
-        WAIT_FOR(sceneY("playlistTitle") < title);
+        QTRY_VERIFY_WITH_TIMEOUT(sceneY("playlistTitle") < title, patience);
         QCOMPARE(sceneY("card0") - before, sceneY("playlistTitle") - title);
-        WAIT_FOR((turnWheel(5), sceneY("playlistTitle") < -2000));
+        QTRY_VERIFY_WITH_TIMEOUT((turnWheel(5), sceneY("playlistTitle") < -2000), patience);
         QVERIFY(numbered("playlistCards", u"card"_s) <= 40);
-        focusByTab("selectAll");
-        WAIT_FOR(isInSight("selectAll"));
+        QVERIFY(focusByTab("selectAll"));
+        QTRY_VERIFY_WITH_TIMEOUT(isInSight("selectAll"), patience);
         press(Qt::Key_PageDown);
-        WAIT_FOR(!isInSight("selectAll"));
+        QTRY_VERIFY_WITH_TIMEOUT(!isInSight("selectAll"), patience);
         press(Qt::Key_PageUp);
-        WAIT_FOR(isInSight("selectAll"));
+        QTRY_VERIFY_WITH_TIMEOUT(isInSight("selectAll"), patience);
     }
 
     void aClickInMidScrollTogglesThatCardAndMovesNothing()
     {
-        show(playlist(5000));
+        QVERIFY(show(playlist(5000)));
         QQuickItem *card = nullptr;
         // Not before everything has its height.
-        WAIT_FOR((item("page")->setProperty("contentY", 8500), card = cardInTheMiddle())
-                 && card->property("index").toInt() > 100);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            (item("page")->setProperty("contentY", 8500), card = cardInTheMiddle())
+                && card->property("index").toInt() > 100,
+            patience);
         const int number = card->property("index").toInt();
         const double before = card->mapToScene({0, 0}).y();
         click(card->objectName().toUtf8().constData());
@@ -198,11 +201,13 @@ private Q_SLOTS:
 
     void aClickOnACardThatIsCutOffMovesNothing()
     {
-        show(playlist(5000));
+        QVERIFY(show(playlist(5000)));
         const double pageTop = sceneY("page");
         QQuickItem *card = nullptr;
-        WAIT_FOR((item("page")->setProperty("contentY", 8500), card = cardInTheMiddle())
-                 && card->property("index").toInt() > 100);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            (item("page")->setProperty("contentY", 8500), card = cardInTheMiddle())
+                && card->property("index").toInt() > 100,
+            patience);
         // So that only the lower half of this card is seen.
         const double hidden = card->mapToScene({0, card->height() / 2}).y() - pageTop;
         const double contentY = item("page")->property("contentY").toDouble() + hidden;
@@ -217,7 +222,7 @@ private Q_SLOTS:
 
     void theScrollBarIsDraggedToTheEndAndSeenMeanwhile()
     {
-        show(playlist(5000));
+        QVERIFY(show(playlist(5000)));
         m_window->grabWindow();
         QQuickItem *const page = item("page");
         QQuickItem *const handle = item("scrollHandle");
@@ -227,7 +232,7 @@ private Q_SLOTS:
         QTest::mouseMove(m_window, at(4));
         QTest::mousePress(m_window, Qt::LeftButton, {}, at(4));
         QTest::mouseMove(m_window, at(page->height() / 2));
-        WAIT_FOR(handle->opacity() > 0.9);
+        QTRY_VERIFY_WITH_TIMEOUT(handle->opacity() > 0.9, patience);
         const double height = page->property("contentHeight").toDouble();
         QVERIFY(page->property("contentY").toDouble() > height / 3);
         QVERIFY(page->property("contentY").toDouble() < height * 2 / 3);
@@ -239,11 +244,13 @@ private Q_SLOTS:
 
     void aTouchpadScrolls()
     {
-        show(playlist(5000));
-        WAIT_FOR(item("page")->property("contentHeight").toDouble() > 100000);
+        QVERIFY(show(playlist(5000)));
+        QTRY_VERIFY_WITH_TIMEOUT(item("page")->property("contentHeight").toDouble() > 100000,
+                                 patience);
         const double before = sceneY("playlistTitle");
         turnTouchpad(Qt::ScrollBegin, 0);
-        WAIT_FOR((turnTouchpad(Qt::ScrollUpdate, 40), sceneY("playlistTitle") <= before - 80));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            (turnTouchpad(Qt::ScrollUpdate, 40), sceneY("playlistTitle") <= before - 80), patience);
         turnTouchpad(Qt::ScrollEnd, 0);
     }
 
@@ -251,19 +258,19 @@ private Q_SLOTS:
     {
         VideoInfo info = playlist(400);
         info.playlistEntries[0].thumbnailURL = m_silentServer.address();
-        show(info);
-        WAIT_FOR(m_silentServer.asked == 1);
+        QVERIFY(show(info));
+        QTRY_COMPARE_WITH_TIMEOUT(m_silentServer.asked, 1, patience);
         QCOMPARE(m_silentServer.left, 0);
-        focusByTab("playlistCards");
+        QVERIFY(focusByTab("playlistCards"));
         press(Qt::Key_End);
-        WAIT_FOR(m_silentServer.left > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(m_silentServer.left > 0, patience);
         state().singleInfo = std::nullopt;
-        WAIT_FOR(!item("playlistCards"));
+        QTRY_VERIFY_WITH_TIMEOUT(!item("playlistCards"), patience);
     }
 
     void aCardIsACheckBoxNamedByItsTitle()
     {
-        show(playlist(2));
+        QVERIFY(show(playlist(2)));
         QAccessibleInterface *const card = accessible("card1");
         QCOMPARE(card->role(), QAccessible::CheckBox);
         QCOMPARE(card->text(QAccessible::Name), u"Title 1"_s);
@@ -278,19 +285,12 @@ private Q_SLOTS:
 
     void entriesThatLackEverythingAreCardsAllTheSame()
     {
-        m_fixture.tool.setScript(R"(cat <<'END'
-{"_type":"url","id":"a","title":null,"url":"https://x/watch?v=a","duration":null}
-{"_type":"url","url":"https://x/watch?v=b","thumbnails":[null,{"url":null},3]}
-{"_type":"url","id":"c","title":"Title c"}
-{"_type":"url","id":"c","title":"Title c again","thumbnails":"none"}
-null
-END
-)");
+        m_fixture->tool.respond(sample("playlist-that-lacks-everything"));
         state().singleURL = u"https://x/playlist?list=p"_s;
         state().fetchSingleInfo();
-        WAIT_FOR(!state().isFetching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isFetching(), patience);
         QCOMPARE(state().fetchError().value_or(QString()), QString());
-        WAIT_FOR(shown("card3"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("card3"), patience);
         QCOMPARE(textOf("playlistTitle"), u"Playlist (4 videos)"_s);
         QCOMPARE(textOf("playlistCount"), u"3 of 4 selected"_s);
     }
@@ -302,15 +302,17 @@ protected:
     }
 
 private:
-    void show(const VideoInfo &info)
+    [[nodiscard]] bool show(const VideoInfo &info)
     {
         AppState::EntrySelection all;
         for (const VideoInfo &entry : info.playlistEntries)
             all.insert(entry.id);
         state().selectedPlaylistItems = all;
         state().singleInfo = info;
-        WAIT_FOR(shown("playlistCount") && (info.playlistEntries.isEmpty() || shown("card0")));
-        WAIT_FOR(shown("download"));
+        return waitFor([&] {
+            return shown("playlistCount") && (info.playlistEntries.isEmpty() || shown("card0"))
+                && shown("download");
+        });
     }
 
     QString focused() const

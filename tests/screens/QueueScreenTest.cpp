@@ -9,30 +9,30 @@ class QueueScreenTest : public WindowFixture
 private Q_SLOTS:
     void anEmptyQueueSaysHowItIsFilled()
     {
-        show(0);
-        WAIT_FOR(shown("emptyQueue"));
+        QVERIFY(show(0));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("emptyQueue"), patience);
         QVERIFY(!shown("startQueue") && !shown("queueCount"));
     }
 
     void submittingEmptiesTheFieldAndAddsARow()
     {
-        show(0);
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T"}')");
-        focusField();
+        QVERIFY(show(0));
+        m_fixture->tool.respond(R"(print {"id":"i","title":"T"})");
+        QVERIFY(focusField());
         typeText("https://x/1");
         QTest::keyClick(m_window, Qt::Key_Return);
         QCOMPARE(state().multiURL(), QString());
         QCOMPARE(textOf("urlField"), QString());
-        WAIT_FOR(shown("queue0"));
-        WAIT_FOR(item("queue0")->property("title").toString() == u"T");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("queue0"), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(item("queue0")->property("title").toString(), u"T"_s, patience);
         QCOMPARE(textOf("queueCount"), u"1"_s);
         QCOMPARE(textOf("startQueue"), u"Download 1 Video"_s);
     }
 
     void returnOnBlanksEmptiesTheField()
     {
-        show(0);
-        focusField();
+        QVERIFY(show(0));
+        QVERIFY(focusField());
         typeText("  ");
         QVERIFY(item("submit")->isEnabled());
         QTest::keyClick(m_window, Qt::Key_Return);
@@ -42,39 +42,42 @@ private Q_SLOTS:
 
     void aRunByMouseWithPauseAndResume()
     {
-        show(1);
+        QVERIFY(show(1));
         QVERIFY(!shown("pauseQueue"));
-        m_fixture.tool.setScript("echo '[download]  42.5% of 1MiB at 2MiB/s ETA 00:42'\n"
-                                 + m_fixture.tool.gate("run"));
+        m_fixture->tool.respond("print [download]  42.5% of 1MiB at 2MiB/s ETA 00:42\n"
+                                "wait run");
         click("startQueue");
-        WAIT_FOR(shown("pauseQueue"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("pauseQueue"), patience);
         QVERIFY(!item("startQueue")->isEnabled());
         QCOMPARE(textOf("startQueue"), u"Downloading..."_s);
         QCOMPARE(textOf("queuePosition"), u"1 / 1"_s);
-        WAIT_FOR(shown("ring") && item("ring")->property("progress").toDouble() > 0.4);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            shown("ring") && item("ring")->property("progress").toDouble() > 0.4, patience);
         click("pauseQueue");
-        WAIT_FOR(stateOf(m_fixture.tool.processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(m_fixture->tool.processIdentifiers().last()),
+                                  QByteArray("T"), patience);
         QCOMPARE(item("pauseQueue")->property("help").toString(), u"Resume queue"_s);
         QVERIFY(!shown("ring"));
         QVERIFY(accessible("queue0")->text(QAccessible::Name).contains(u"Paused"));
         click("pauseQueue");
-        WAIT_FOR(stateOf(m_fixture.tool.processIdentifiers().last()) != "T");
-        m_fixture.tool.open("run");
-        WAIT_FOR(!shown("pauseQueue"));
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(m_fixture->tool.processIdentifiers().last()) != "T",
+                                 patience);
+        m_fixture->tool.open("run");
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("pauseQueue"), patience);
         QCOMPARE(textOf("startQueue"), u"Nothing to download"_s);
         QVERIFY(!item("startQueue")->isEnabled());
     }
 
     void afterARunByMouseAClickIntoTheFieldKeepsTheKeyboardThere()
     {
-        show(1);
-        m_fixture.tool.setScript(m_fixture.tool.gate("run"));
+        QVERIFY(show(1));
+        m_fixture->tool.respond("wait run");
         click("startQueue");
-        WAIT_FOR(shown("pauseQueue"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("pauseQueue"), patience);
         click("pauseQueue");
         click("pauseQueue");
-        m_fixture.tool.open("run");
-        WAIT_FOR(!shown("pauseQueue"));
+        m_fixture->tool.open("run");
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("pauseQueue"), patience);
         click("urlField");
         QCoreApplication::processEvents();
         typeText("more");
@@ -84,56 +87,56 @@ private Q_SLOTS:
 
     void byKeyboardTheStartGoesOnAtPauseAndTheEndAtTheRows()
     {
-        show(1);
-        m_fixture.tool.setScript(m_fixture.tool.gate("run"));
-        focusByTab("startQueue");
+        QVERIFY(show(1));
+        m_fixture->tool.respond("wait run");
+        QVERIFY(focusByTab("startQueue"));
         QCOMPARE(accessible("startQueue")->text(QAccessible::Description), QString());
         QTest::keyClick(m_window, Qt::Key_Return);
-        WAIT_FOR(m_window->activeFocusItem() == item("pauseQueue"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("pauseQueue"), patience);
         QCOMPARE(accessible("startQueue")->text(QAccessible::Description), u"Unavailable"_s);
-        m_fixture.tool.open("run");
-        WAIT_FOR(focusIsIn(item("queue0")));
+        m_fixture->tool.open("run");
+        QTRY_VERIFY_WITH_TIMEOUT(focusIsIn(item("queue0")), patience);
     }
 
     void removingTheLastEntryLeavesTheKeyboardInTheField()
     {
-        show(1);
-        focusByTab("queueRows");
+        QVERIFY(show(1));
+        QVERIFY(focusByTab("queueRows"));
         QTest::keyClick(m_window, Qt::Key_Delete);
         QVERIFY(state().queue().isEmpty());
-        WAIT_FOR(shown("emptyQueue"));
-        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("emptyQueue"), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("urlField"), patience);
     }
 
     void clearingTheQueueByKeyLeavesTheKeyboardInTheField()
     {
-        show(2);
-        focusByTab("clearQueue");
+        QVERIFY(show(2));
+        QVERIFY(focusByTab("clearQueue"));
         press(Qt::Key_Space);
-        WAIT_FOR(shown("emptyQueue"));
-        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("emptyQueue"), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("urlField"), patience);
     }
 
     void aHiddenPauseButtonTakesNoKeys()
     {
-        show(1);
-        m_fixture.tool.setScript(m_fixture.tool.gate("run"));
+        QVERIFY(show(1));
+        m_fixture->tool.respond("wait run");
         click("startQueue");
-        WAIT_FOR(shown("pauseQueue"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("pauseQueue"), patience);
         click("pauseQueue");
         click("pauseQueue");
-        m_fixture.tool.open("run");
-        WAIT_FOR(!shown("pauseQueue"));
-        WAIT_FOR(!focusIsIn(item("pauseQueue")));
+        m_fixture->tool.open("run");
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("pauseQueue"), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(!focusIsIn(item("pauseQueue")), patience);
         press(Qt::Key_Space);
         QVERIFY(!state().isPaused());
     }
 
     void aRowIsRemovedByMouse()
     {
-        show(2);
+        QVERIFY(show(2));
         hover(item("queue0"));
-        WAIT_FOR(shown("remove0"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("remove0"), patience);
         click("remove0");
         QCOMPARE(state().queue().size(), 1);
         QCOMPARE(state().queue()[0]->url, u"https://x/1"_s);
@@ -141,38 +144,38 @@ private Q_SLOTS:
 
     void aFinishedFileIsShownByAClickOnItsName()
     {
-        show(1);
-        const QString path = m_fixture.folder.filePath(u"a.mp4"_s);
+        QVERIFY(show(1));
+        const QString path = m_fixture->folder.filePath(u"a.mp4"_s);
         writeFile(path, "x");
         state().queue()[0]->status = Status::Done{path};
-        WAIT_FOR(find(item("queue0"), u"statusLine"_s)->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(find(item("queue0"), u"statusLine"_s)->isVisible(), patience);
         m_window->grabWindow();
         QTest::mouseClick(m_window, Qt::LeftButton, {},
                           startOf(find(item("queue0"), u"statusLine"_s)));
-        QCOMPARE(m_fixture.desktop.fileViewer->selected, QStringList{path});
+        QCOMPARE(m_fixture->desktop.fileViewer->selected, QStringList{path});
     }
 
     void aMessageOfManyLinesStaysOnOneAndIsWholeInTheTooltip()
     {
-        show(2);
+        QVERIFY(show(2));
         state().queue()[0]->status = Status::Failed{u"first\nsecond\nthird\n"_s};
         QQuickItem *const line = find(item("queue0"), u"statusLine"_s);
-        WAIT_FOR(line->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(line->isVisible(), patience);
         m_window->grabWindow();
         QCOMPARE(line->property("text").toString(), u"first second third"_s);
         QVERIFY(line->height() < 20);
         QCOMPARE(accessible("queue0")->text(QAccessible::Description), u"first\nsecond\nthird"_s);
         hover(find(item("queue0"), u"line"_s));
-        WAIT_FOR(tip() == u"first\nsecond\nthird"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(tip(), u"first\nsecond\nthird"_s, patience);
         hover(item("queueCount"));
-        WAIT_FOR(tip().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(tip().isEmpty(), patience);
     }
 
     void megabytesOfAMessageReachNoTextOnTheScreen()
     {
-        show(2);
+        QVERIFY(show(2));
         state().queue()[0]->status = Status::Failed{QString(3'000'000, u'x')};
-        WAIT_FOR(find(item("queue0"), u"statusLine"_s)->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(find(item("queue0"), u"statusLine"_s)->isVisible(), patience);
         QVERIFY(longestText(m_window->contentItem()) < 11'000);
         QVERIFY(accessible("queue0")->text(QAccessible::Name).size() < 11'000);
         QVERIFY(accessible("queue0")->text(QAccessible::Description).size() < 11'000);
@@ -180,38 +183,39 @@ private Q_SLOTS:
 
     void aPictureThatCannotBeHadShowsASymbolForWhatIsKnown()
     {
-        show(2);
+        QVERIFY(show(2));
         state().queue()[1]->info = video();
-        WAIT_FOR(symbolOf(1) == u"photo");
+        QTRY_COMPARE_WITH_TIMEOUT(symbolOf(1), u"photo"_s, patience);
         QCOMPARE(symbolOf(0), u"play.rectangle.fill"_s);
     }
 
     void rowsAreUsedByKeyboard()
     {
-        show(4);
-        const QString path = m_fixture.folder.filePath(u"a.mp4"_s);
+        QVERIFY(show(4));
+        const QString path = m_fixture->folder.filePath(u"a.mp4"_s);
         writeFile(path, "x");
         state().queue()[1]->status = Status::Done{path};
-        focusByTab("queueRows");
+        QVERIFY(focusByTab("queueRows"));
         QTest::keyClick(m_window, Qt::Key_Return); // waiting: nothing to reveal
-        QVERIFY(m_fixture.desktop.fileViewer->selected.isEmpty());
+        QVERIFY(m_fixture->desktop.fileViewer->selected.isEmpty());
         QTest::keyClick(m_window, Qt::Key_Down);
         QVERIFY(focusIsIn(item("queue1")));
         QTest::keyClick(m_window, Qt::Key_Return);
-        QCOMPARE(m_fixture.desktop.fileViewer->selected, QStringList{path});
+        QCOMPARE(m_fixture->desktop.fileViewer->selected, QStringList{path});
         QTest::keyClick(m_window, Qt::Key_Delete);
         QCOMPARE(state().queue().size(), 3);
         // The keyboard goes on at the next row.
-        WAIT_FOR(m_window->activeFocusItem() && m_window->activeFocusItem()->parentItem()
-                 && m_window->activeFocusItem()->parentItem()->property("title")
-                     == u"https://x/2"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_window->activeFocusItem() && m_window->activeFocusItem()->parentItem()
+                && m_window->activeFocusItem()->parentItem()->property("title") == u"https://x/2"_s,
+            patience);
         QTest::keyClick(m_window, Qt::Key_Delete);
         QCOMPARE(state().queue().size(), 2);
     }
 
     void clearDoneRemovesWaitingAndFailedEntriesToo()
     {
-        show(3);
+        QVERIFY(show(3));
         state().queue()[0]->status = Status::Failed{u"no"_s};
         state().queue()[1]->status = Status::Processing{};
         click("clearQueue");
@@ -221,7 +225,7 @@ private Q_SLOTS:
 
     void aReportMakesNoNewRow()
     {
-        show(3);
+        QVERIFY(show(3));
         const QQuickItem *const row = item("queue1");
         for (int report = 0; report < 10; ++report)
             state().queue()[1]->status =
@@ -233,16 +237,16 @@ private Q_SLOTS:
 
     void ofThousandsOnlyThoseInSightAreAlive()
     {
-        show(2000);
+        QVERIFY(show(2000));
         m_window->grabWindow();
         // The row after the last in sight comes when there is time.
-        WAIT_FOR(item("queue6"));
+        QTRY_VERIFY_WITH_TIMEOUT(item("queue6"), patience);
         QVERIFY(numbered("queueRows", u"queue"_s) <= 20);
     }
 
     void aRowTellsTitleStatusAndMessage()
     {
-        show(2);
+        QVERIFY(show(2));
         state().queue()[0]->status = Status::Failed{u"Download failed: no\n"_s};
         QCOMPARE(accessible("queue0")->text(QAccessible::Name),
                  u"https://x/0, Failed, Download failed: no"_s);
@@ -272,15 +276,16 @@ private:
         return longest;
     }
 
-    void show(int count)
+    [[nodiscard]] bool show(int count)
     {
         AppState::Queue queue;
         for (int number = 0; number < count; ++number)
             queue.append(std::make_shared<DownloadItem>(u"https://x/%1"_s.arg(number)));
-        m_fixture.desktop.fileViewer->selected.clear();
+        m_fixture->desktop.fileViewer->selected.clear();
         state().queue = queue;
         state().mode = AppMode::multi;
-        WAIT_FOR(count == 0 || (shown("queue0") && (count < 2 || shown("queue1"))));
+        return waitFor(
+            [&] { return count == 0 || (shown("queue0") && (count < 2 || shown("queue1"))); });
     }
 };
 

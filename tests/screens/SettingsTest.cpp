@@ -9,47 +9,47 @@ class SettingsTest : public WindowFixture
 private Q_SLOTS:
     void whatIsTypedCountsAtOnceAndIsNotStored()
     {
-        open();
+        QVERIFY(open());
         item("downloadDir")->forceActiveFocus();
         typeText("~/Music");
         QCOMPARE(state().downloadDir(), u"~/Music"_s);
         QVERIFY(state().resolvedDownloadDir().endsWith(u"/Music"));
-        QVERIFY(!m_fixture.preferences->string(u"quillon.downloadDir"_s));
+        QVERIFY(!m_fixture->preferences->string(u"quillon.downloadDir"_s));
     }
 
     void anUnsavedFolderIsUsedByTheNextDownload()
     {
-        open();
+        QVERIFY(open());
         item("downloadDir")->forceActiveFocus();
         typeText("~/Music");
         state().singleInfo = video();
         state().startSingleDownload();
-        WAIT_FOR(!state().isDownloading());
-        QVERIFY(m_fixture.tool.calls().last().contains(QDir::homePath()
-                                                       + u"/Music/%(title)s.%(ext)s"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isDownloading(), patience);
+        QVERIFY(m_fixture->tool.calls().last().contains(QDir::homePath()
+                                                        + u"/Music/%(title)s.%(ext)s"_s));
     }
 
     void unlimitedReadsBackAs50()
     {
-        open();
+        QVERIFY(open());
         state().historyLimit = 0;
         QCOMPARE(item("historyLimit")->property("displayText").toString(), u"Unlimited"_s);
         click("saveSettings");
-        m_fixture.preferences->flush();
+        m_fixture->preferences->flush();
         state().loadSettings(); // as at a start
         QCOMPARE(item("historyLimit")->property("displayText").toString(), u"50"_s);
     }
 
     void aMenuOpensAndIsChosenFromByAScreenReader()
     {
-        open();
+        QVERIFY(open());
         const auto press = QAccessibleActionInterface::pressAction();
         accessible("speedLimit")->actionInterface()->doAction(press);
         auto *const popup = item("speedLimit")->property("popup").value<QObject *>();
-        WAIT_FOR(popup->property("opened").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(popup->property("opened").toBool(), patience);
         QVERIFY(isInsideTheWindow(popup));
         accessible("menuEntry2")->actionInterface()->doAction(press);
-        WAIT_FOR(!popup->property("visible").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(!popup->property("visible").toBool(), patience);
         QCOMPARE(state().speedLimit(), u"5M"_s);
         QCOMPARE(accessible("speedLimit")->text(QAccessible::Description), u"5 MB/s"_s);
         state().speedLimit = u"0"_s;
@@ -57,19 +57,19 @@ private Q_SLOTS:
 
     void theLastMenuStaysInsideTheWindow()
     {
-        open();
+        QVERIFY(open());
         click("cookiesBrowser");
         auto *const popup = item("cookiesBrowser")->property("popup").value<QObject *>();
-        WAIT_FOR(popup->property("opened").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(popup->property("opened").toBool(), patience);
         QVERIFY(isInsideTheWindow(popup));
         press(Qt::Key_Escape);
-        WAIT_FOR(!popup->property("visible").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(!popup->property("visible").toBool(), patience);
     }
 
     void aMenuIsChosenFromByKeyboard()
     {
-        open();
-        focusByTab("speedLimit");
+        QVERIFY(open());
+        QVERIFY(focusByTab("speedLimit"));
         press(Qt::Key_Space);
         press(Qt::Key_Down);
         press(Qt::Key_Down);
@@ -83,7 +83,7 @@ private Q_SLOTS:
 
     void everyChoiceFitsInEveryFont()
     {
-        open();
+        QVERIFY(open());
         for (const char *const name : {"historyLimit", "speedLimit", "cookiesBrowser"}) {
             QQuickItem *const choice = find(item(name), u"choice"_s);
             const QString before = choice->property("text").toString();
@@ -103,15 +103,15 @@ private Q_SLOTS:
             choice->setProperty("text", before);
         }
         state().showSettings = false; // made anew by the next test
-        WAIT_FOR(!item("historyLimit"));
+        QTRY_VERIFY_WITH_TIMEOUT(!item("historyLimit"), patience);
     }
 
     void aMenuIsChosenFromByMouse()
     {
-        open();
+        QVERIFY(open());
         click("historyLimit");
         auto *const popup = item("historyLimit")->property("popup").value<QObject *>();
-        WAIT_FOR(popup->property("opened").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(popup->property("opened").toBool(), patience);
         auto *const entry = find(m_window->contentItem(), u"menuEntry4"_s);
         QVERIFY(entry);
         QTest::mouseClick(m_window, Qt::LeftButton, {},
@@ -125,7 +125,7 @@ private Q_SLOTS:
     void aValueInNoTableShowsNoSelection()
     {
         state().speedLimit = u"3M"_s;
-        open();
+        QVERIFY(open());
         QCOMPARE(item("speedLimit")->property("displayText").toString(), QString());
         QCOMPARE(state().speedLimit(), u"3M"_s);
         state().speedLimit = u"0"_s;
@@ -134,10 +134,10 @@ private Q_SLOTS:
 
     void theSwitchWorksByMouseKeyboardAndScreenReader()
     {
-        open();
+        QVERIFY(open());
         click("notifications");
         QVERIFY(!state().notificationsEnabled());
-        focusByTab("notifications");
+        QVERIFY(focusByTab("notifications"));
         press(Qt::Key_Space);
         QVERIFY(state().notificationsEnabled());
         press(Qt::Key_Return);
@@ -157,31 +157,32 @@ private Q_SLOTS:
 
     void saveIsConfirmedAndReturnsToSave()
     {
-        open();
-        state().downloadDir = m_fixture.folder.path();
+        QVERIFY(open());
+        state().downloadDir = m_fixture->folder.path();
         QCOMPARE(textOf("saveSettings"), u"Save"_s);
         click("saveSettings");
         QCOMPARE(textOf("saveSettings"), u"Saved!"_s);
         click("saveSettings");
         QCOMPARE(textOf("saveSettings"), u"Saved!"_s);
-        QCOMPARE(m_fixture.preferences->string(u"quillon.downloadDir"_s), m_fixture.folder.path());
-        WAIT_FOR(textOf("saveSettings") == u"Save");
+        QCOMPARE(m_fixture->preferences->string(u"quillon.downloadDir"_s),
+                 m_fixture->folder.path());
+        QTRY_COMPARE_WITH_TIMEOUT(textOf("saveSettings"), u"Save"_s, patience);
     }
 
     void aPanelThatIsOpenedAgainShowsNoConfirmation()
     {
-        open();
+        QVERIFY(open());
         click("saveSettings");
         state().showSettings = false;
-        WAIT_FOR(!item("saveSettings"));
-        open();
+        QTRY_VERIFY_WITH_TIMEOUT(!item("saveSettings"), patience);
+        QVERIFY(open());
         QCOMPARE(textOf("saveSettings"), u"Save"_s);
     }
 
     void tabReachesEveryControlInOrder()
     {
-        open();
-        focusByTab("downloadDir");
+        QVERIFY(open());
+        QVERIFY(focusByTab("downloadDir"));
         QStringList reached;
         for (int step = 0; step < 7; ++step) {
             press(Qt::Key_Tab);
@@ -195,7 +196,7 @@ private Q_SLOTS:
 
     void everyControlIsNamed()
     {
-        open();
+        QVERIFY(open());
         for (const auto &[control, name] : {std::pair{"downloadDir", u"Save Folder"_s},
                                             {"browseFolder", u"Browse"_s},
                                             {"saveSettings", u"Save"_s},
@@ -212,24 +213,24 @@ private Q_SLOTS:
 
     void theChooserCancelledKeepsTheText()
     {
-        open();
+        QVERIFY(open());
         state().downloadDir = u"~/Music"_s;
         QObject *const chooser = browse();
         QVERIFY(chooser);
         const QQuickItem *const select = confirmation();
         QVERIFY(select);
         QTest::keyClick(select->window(), Qt::Key_Escape);
-        WAIT_FOR(!chooser->property("visible").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(!chooser->property("visible").toBool(), patience);
         QCOMPARE(state().downloadDir(), u"~/Music"_s);
     }
 
     void theChooserConfirmedSetsTheFolderAndStoresNothing()
     {
-        QVERIFY(QDir(m_fixture.folder.path()).mkpath(u"videos/new"_s));
-        const QString videos = m_fixture.folder.filePath(u"videos"_s);
+        QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"videos/new"_s));
+        const QString videos = m_fixture->folder.filePath(u"videos"_s);
         state().downloadDir = videos;
-        m_fixture.preferences->setString(u"quillon.downloadDir"_s, u"before"_s);
-        open();
+        m_fixture->preferences->setString(u"quillon.downloadDir"_s, u"before"_s);
+        QVERIFY(open());
         QObject *const chooser = browse();
         QVERIFY(chooser);
         QCOMPARE(chooser->property("title").toString(), u"Choose Download Folder"_s);
@@ -239,16 +240,16 @@ private Q_SLOTS:
         select->window()->grabWindow();
         QTest::mouseClick(select->window(), Qt::LeftButton, {},
                           select->mapToScene({20, 10}).toPoint());
-        WAIT_FOR(!chooser->property("visible").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(!chooser->property("visible").toBool(), patience);
         QCOMPARE(state().downloadDir(), videos + u"/new"_s);
-        QCOMPARE(m_fixture.preferences->string(u"quillon.downloadDir"_s), u"before"_s);
+        QCOMPARE(m_fixture->preferences->string(u"quillon.downloadDir"_s), u"before"_s);
     }
 
 private:
-    void open()
+    [[nodiscard]] bool open()
     {
         state().showSettings = true;
-        WAIT_FOR(shown("saveSettings"));
+        return waitFor([&] { return shown("saveSettings"); });
     }
 
     bool isInsideTheWindow(QObject *popup)

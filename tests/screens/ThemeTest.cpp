@@ -60,9 +60,9 @@ private Q_SLOTS:
             state().isFetching = true;
             // At once, before any frame: else it is only about to come.
             QCOMPARE(item("fetching") != nullptr, !animates);
-            WAIT_FOR(item("fetching"));
+            QTRY_VERIFY_WITH_TIMEOUT(item("fetching"), patience);
             state().isFetching = false;
-            WAIT_FOR(!item("fetching"));
+            QTRY_VERIFY_WITH_TIMEOUT(!item("fetching"), patience);
         }
     }
 

@@ -16,59 +16,36 @@
 
 using namespace Qt::StringLiterals;
 
-/// The real window on a fake tool, driven by clicks and keys. One engine for all
-/// tests of a program, as in the real one.
+/// The real window on a fake tool, driven by clicks and keys. A new one for each test.
 class WindowFixture : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase()
+protected Q_SLOTS:
+    void init()
     {
-        m_fixture.state.reset();
-        m_app = std::make_unique<QuillonApp>(m_fixture.parts());
-        m_appearance = std::make_unique<Appearance>(*m_fixture.preferences, m_system);
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        m_fixture = std::make_unique<StateFixture>();
+        m_fixture->state.reset(); // the program makes its own
+        prepare(m_fixture->desktop);
+        m_app = std::make_unique<QuillonApp>(m_fixture->parts());
+        m_appearance = std::make_unique<Appearance>(*m_fixture->preferences, m_system);
         m_main = std::make_unique<MainWindow>(*m_app, *m_appearance, makeThumbnails(), extras());
         m_window = m_main->window();
         m_window->resize(960, 720); // also on a screen that is smaller
         QVERIFY(QTest::qWaitForWindowExposed(m_window));
     }
 
-    void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
-
-    void cleanup() { reset(); }
-
-    void cleanupTestCase()
+    void cleanup()
     {
         m_main.reset();
+        m_appearance.reset();
         m_app.reset();
+        m_fixture.reset();
     }
 
 protected:
-    /// As if nothing had been done.
-    void reset()
-    {
-        WAIT_FOR(!state().isDownloading() && !state().isQueueDownloading() && !state().isFetching()
-                 && !state().isBrowseSearching());
-        state().browseSearchQuery = QString();
-        state().browseResults = AppState::Results();
-        state().browseSearchError = std::nullopt;
-        state().browseDownloadStatuses = AppState::DownloadStatuses();
-        state().browseDownloadProgress = AppState::DownloadFractions();
-        state().queue = AppState::Queue();
-        state().singleURL = QString();
-        state().singleInfo = std::nullopt;
-        state().fetchError = std::nullopt;
-        state().resetDownload();
-        state().mode = AppMode::single;
-        state().showSettings = false;
-        state().history = AppState::History();
-        state().downloadDir = QString();
-        m_fixture.tool.setScript("exit 0");
-        // What leaves has left.
-        WAIT_FOR(!item("download") && !item("history0"));
-    }
-
+    virtual void prepare(RecordingDesktop & /*desktop*/) { }
     virtual QQmlImageProviderBase *makeThumbnails() { return new ThumbnailProvider; }
     virtual MainWindow::Extras extras() { return {}; }
 
@@ -240,10 +217,10 @@ protected:
     }
 
     /// As Tab does, so that a ring is shown.
-    void focusByTab(const char *name)
+    [[nodiscard]] bool focusByTab(const char *name)
     {
         item(name)->forceActiveFocus(Qt::TabFocusReason);
-        WAIT_FOR(m_window->activeFocusItem() && focusIsIn(item(name)));
+        return waitFor([&] { return m_window->activeFocusItem() && focusIsIn(item(name)); });
     }
 
     bool focusIsIn(const QQuickItem *place) const
@@ -254,10 +231,10 @@ protected:
         return each;
     }
 
-    void focusField()
+    [[nodiscard]] bool focusField()
     {
         item("urlField")->forceActiveFocus();
-        WAIT_FOR(m_window->activeFocusItem() == item("urlField"));
+        return waitFor([&] { return m_window->activeFocusItem() == item("urlField"); });
     }
 
     void press(int key) { QTest::keyClick(m_window, Qt::Key(key)); }
@@ -268,7 +245,7 @@ protected:
             QTest::keyClick(m_window, *letter);
     }
 
-    StateFixture m_fixture;
+    std::unique_ptr<StateFixture> m_fixture;
     SystemAppearance m_system;
     std::unique_ptr<QuillonApp> m_app;
     std::unique_ptr<Appearance> m_appearance;

@@ -34,50 +34,51 @@ private Q_SLOTS:
     void whatLeavesThePageGivesItsRoomWhileItLeaves()
     {
         state().isFetching = true;
-        WAIT_FOR(shown("fetching"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("fetching"), patience);
         const QQuickItem *const place = revealOf("fetching");
-        WAIT_FOR(presenceOf(place) == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(presenceOf(place), 1, patience);
         const double room = place->height();
         QVERIFY(room > 50);
         state().isFetching = false;
-        WAIT_FOR(presenceOf(place) < 0.95);
+        QTRY_VERIFY_WITH_TIMEOUT(presenceOf(place) < 0.95, patience);
         QVERIFY(place->height() <= room * presenceOf(place) + 1);
     }
 
     void whatLeavesARowGivesItsRoomWhileItLeaves()
     {
         state().singleInfo = video();
-        WAIT_FOR(shown("download"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
         state().isDownloading = true;
-        WAIT_FOR(shown("pause"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("pause"), patience);
         const QQuickItem *const place = revealOf("pause");
-        WAIT_FOR(presenceOf(place) == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(presenceOf(place), 1, patience);
         const double room = place->width();
         QVERIFY(room > 30);
         state().isDownloading = false;
-        WAIT_FOR(presenceOf(place) < 0.95);
+        QTRY_VERIFY_WITH_TIMEOUT(presenceOf(place) < 0.95, patience);
         QVERIFY(place->width() <= room * presenceOf(place) + 1);
     }
 
     void returnInTheFieldFetchesAlsoWhileTheButtonIsDisabled()
     {
-        m_fixture.tool.setScript(m_fixture.tool.gate("go") + R"(echo '{"id":"i","title":"T"}')");
-        const auto before = m_fixture.tool.calls().size();
-        focusField();
+        m_fixture->tool.respond("wait go\n"
+                                R"(print {"id":"i","title":"T"})");
+        const auto before = m_fixture->tool.calls().size();
+        QVERIFY(focusField());
         typeText("https://x/watch?v=i");
         QTest::keyClick(m_window, Qt::Key_Return);
-        WAIT_FOR(m_fixture.tool.calls().size() == before + 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_fixture->tool.calls().size(), before + 1, patience);
         QVERIFY(!item("submit")->isEnabled());
         QTest::keyClick(m_window, Qt::Key_Return);
-        WAIT_FOR(m_fixture.tool.calls().size() == before + 2);
-        m_fixture.tool.open("go");
-        m_fixture.tool.open("go");
-        WAIT_FOR(shown("videoTitle") && !state().isFetching());
+        QTRY_COMPARE_WITH_TIMEOUT(m_fixture->tool.calls().size(), before + 2, patience);
+        m_fixture->tool.open("go");
+        m_fixture->tool.open("go");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle") && !state().isFetching(), patience);
     }
 
     void anEmptyFieldDisablesTheButtonAndReturnDoesNothing()
     {
-        focusField();
+        QVERIFY(focusField());
         QVERIFY(!item("submit")->isEnabled());
         QTest::keyClick(m_window, Qt::Key_Return);
         QVERIFY(!state().isFetching());
@@ -85,65 +86,69 @@ private Q_SLOTS:
 
     void typingFetchingAndDownloadingByMouse()
     {
-        m_fixture.tool.setScript(R"(echo '{"id":"i","title":"T","duration":61}')");
-        focusField();
+        m_fixture->tool.respond(R"(print {"id":"i","title":"T","duration":61})");
+        QVERIFY(focusField());
         typeText("https://x/watch?v=i");
         QCOMPARE(state().singleURL(), u"https://x/watch?v=i"_s);
         QVERIFY(item("submit")->isEnabled());
         click("submit");
-        WAIT_FOR(shown("videoTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle"), patience);
         QCOMPARE(item("videoTitle")->property("text").toString(), u"T"_s);
         click("quality720p");
         QCOMPARE(state().selectedQuality().id, u"720p"_s);
         click("format1");
         QVERIFY(state().selectedFormat() == MediaFormat::mp3);
-        WAIT_FOR(!shown("quality720p"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("quality720p"), patience);
         click("format0");
         click("quality720p");
         click("format0"); // once more, which is a choice, too
         QCOMPARE(state().selectedQuality().id, u"best"_s);
-        m_fixture.tool.setScript("echo '[download]  42.5% of 1MiB at 2MiB/s ETA 00:42'\n"
-                                 + m_fixture.tool.gate("a") + "echo '[Merger] x'\n"
-                                 + m_fixture.tool.gate("b"));
+        m_fixture->tool.respond("print [download]  42.5% of 1MiB at 2MiB/s ETA 00:42\n"
+                                "wait a\n"
+                                "print [Merger] x\n"
+                                "wait b");
         click("download");
-        WAIT_FOR(shown("progressBar") && state().downloadProgress() > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(shown("progressBar") && state().downloadProgress() > 0, patience);
         QCOMPARE(item("percent")->property("text").toString(), u"42%"_s);
         QVERIFY(shown("speed") && shown("remaining"));
         QVERIFY(!item("download")->isEnabled());
-        m_fixture.tool.open("a");
-        WAIT_FOR(shown("processingBar") && !shown("progressBar"));
-        m_fixture.tool.open("b");
-        WAIT_FOR(shown("showInFinder"));
+        m_fixture->tool.open("a");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("processingBar") && !shown("progressBar"), patience);
+        m_fixture->tool.open("b");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("showInFinder"), patience);
         QCOMPARE(item("statusChip")->property("text").toString(), u"Complete"_s);
         click("showInFinder");
-        QCOMPARE(m_fixture.desktop.fileViewer->selected.last(), m_fixture.folder.path());
+        QCOMPARE(m_fixture->desktop.fileViewer->selected.last(), m_fixture->folder.path());
     }
 
     void unknownSpeedAndTimeHaveNoTags()
     {
-        m_fixture.tool.setScript(m_fixture.tool.gate("go"));
+        m_fixture->tool.respond("wait go");
         state().singleInfo = video();
         state().startSingleDownload();
-        WAIT_FOR(shown("progressBar"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("progressBar"), patience);
         QVERIFY(!shown("speed") && !shown("remaining"));
         state().downloadSpeed = u"1MiB/s"_s;
         state().downloadETA = u"--"_s;
-        WAIT_FOR(shown("speed") && !shown("remaining"));
-        m_fixture.tool.open("go");
+        QTRY_VERIFY_WITH_TIMEOUT(shown("speed") && !shown("remaining"), patience);
+        m_fixture->tool.open("go");
     }
 
     void pauseAndResumeByTheButton()
     {
         state().singleInfo = video();
-        m_fixture.tool.setScript("echo '[Merger] x'\n" + m_fixture.tool.gate("c"));
+        m_fixture->tool.respond("print [Merger] x\n"
+                                "wait c");
         state().startSingleDownload();
-        WAIT_FOR(shown("pause") && m_fixture.service->activeProcess());
+        QTRY_VERIFY_WITH_TIMEOUT(shown("pause") && m_fixture->service->activeProcess(), patience);
         click("pause");
-        WAIT_FOR(stateOf(m_fixture.tool.processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(m_fixture->tool.processIdentifiers().last()),
+                                  QByteArray("T"), patience);
         QVERIFY(state().isPaused());
         click("pause");
-        WAIT_FOR(stateOf(m_fixture.tool.processIdentifiers().last()) != "T");
-        m_fixture.tool.open("c");
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(m_fixture->tool.processIdentifiers().last()) != "T",
+                                 patience);
+        m_fixture->tool.open("c");
     }
 
     void aTitleWithMarkupIsShownAsItIs()
@@ -153,7 +158,7 @@ private Q_SLOTS:
         info.uploader = QString();
         info.duration.reset();
         state().singleInfo = info;
-        WAIT_FOR(shown("videoTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle"), patience);
         QCOMPARE(item("videoTitle")->property("textFormat").toInt(), int(Qt::PlainText));
     }
 
@@ -163,26 +168,27 @@ private Q_SLOTS:
         info.uploader = u"U"_s;
         info.duration = 61;
         state().singleInfo = info;
-        WAIT_FOR(shown("videoUploader") && shown("videoDuration"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoUploader") && shown("videoDuration"), patience);
         info.uploader = QString();
         info.duration.reset();
         state().singleInfo = info;
-        WAIT_FOR(shown("videoTitle") && !shown("videoUploader") && !shown("videoDuration"));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            shown("videoTitle") && !shown("videoUploader") && !shown("videoDuration"), patience);
     }
 
     void anErrorAndAFetchCanBeShownTogether()
     {
         state().fetchError = u"No"_s;
         state().isFetching = true;
-        WAIT_FOR(shown("errorBanner") && shown("fetching"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("errorBanner") && shown("fetching"), patience);
         state().isFetching = false;
-        WAIT_FOR(shown("errorBanner") && !shown("fetching"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("errorBanner") && !shown("fetching"), patience);
     }
 
     void anErrorIsAnAlertNamedByItsTextWithoutTheLastLineBreak()
     {
         state().fetchError = u"No such video\n"_s;
-        WAIT_FOR(shown("errorBanner"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("errorBanner"), patience);
         QVERIFY(accessible("errorBanner")->role() == QAccessible::AlertMessage);
         QCOMPARE(accessible("errorBanner")->text(QAccessible::Name), u"No such video"_s);
     }
@@ -190,25 +196,25 @@ private Q_SLOTS:
     void aPlaylistShowsItsTitle()
     {
         state().singleInfo = playlist(2);
-        WAIT_FOR(shown("playlistTitle") && !shown("videoTitle"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("playlistTitle") && !shown("videoTitle"), patience);
     }
 
     void theClearButtonIsThereWhileThereIsText()
     {
-        focusField();
-        WAIT_FOR(!shown("clearField"));
+        QVERIFY(focusField());
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("clearField"), patience);
         typeText("abc");
-        WAIT_FOR(shown("clearField"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("clearField"), patience);
         click("clearField");
         QCOMPARE(state().singleURL(), QString());
-        WAIT_FOR(!shown("clearField"));
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("clearField"), patience);
     }
 
     void theMixedBarOffersItsChoice()
     {
-        focusField();
+        QVERIFY(focusField());
         typeText("https://x/watch?v=a&list=b");
-        WAIT_FOR(shown("fullPlaylist"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("fullPlaylist"), patience);
         for (int time = 0; time < 2; ++time) { // also the one that is chosen already
             state().singleInfo = video();
             click("fullPlaylist");
@@ -237,13 +243,13 @@ private Q_SLOTS:
     void settingsOpenInMidDownloadWithoutDisturbingIt()
     {
         state().singleInfo = video();
-        m_fixture.tool.setScript(m_fixture.tool.gate("d"));
+        m_fixture->tool.respond("wait d");
         state().startSingleDownload();
         click("settings");
         QVERIFY(state().showSettings() && state().isDownloading());
         click("settings");
         QVERIFY(!state().showSettings() && state().isDownloading());
-        m_fixture.tool.open("d");
+        m_fixture->tool.open("d");
     }
 
     void theAppearanceButtonCyclesAndAnOddValueBecomesSystem()
@@ -257,7 +263,7 @@ private Q_SLOTS:
         QCOMPARE(m_appearance->themeIcon(), u"moon.fill"_s);
         QVERIFY(m_appearance->isDark());
         QCOMPARE(m_window->color(), QColor(u"#1e1e20"_s));
-        m_fixture.preferences->setString(u"quillon.colorScheme"_s, u"sepia"_s);
+        m_fixture->preferences->setString(u"quillon.colorScheme"_s, u"sepia"_s);
         QCOMPARE(m_appearance->themeIcon(), u"circle.lefthalf.filled"_s);
         click("toggleTheme");
         QCOMPARE(m_appearance->colorSchemeRaw(), u"system"_s);
@@ -279,8 +285,9 @@ private Q_SLOTS:
         // That a picture cannot be had is nothing to warn of, but Qt does.
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"QML (QQuick)?Image"_s));
         state().singleInfo = info;
-        WAIT_FOR(shown("videoThumbnail"));
-        WAIT_FOR(item("videoThumbnail")->property("showsPlaceholder").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoThumbnail"), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(item("videoThumbnail")->property("showsPlaceholder").toBool(),
+                                 patience);
         QQuickItem *const photo = find(item("videoThumbnail"), u"placeholder"_s);
         QVERIFY(photo->isVisible());
         QCOMPARE(photo->property("symbol").toString(), u"photo"_s);
@@ -290,11 +297,11 @@ private Q_SLOTS:
     {
         VideoInfo info = video();
         state().singleInfo = info;
-        WAIT_FOR(shown("videoThumbnail"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoThumbnail"), patience);
         QVERIFY(!shown("durationBadge"));
         info.duration = 61;
         state().singleInfo = info;
-        WAIT_FOR(shown("durationBadge"));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("durationBadge"), patience);
     }
 
 private:

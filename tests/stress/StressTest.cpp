@@ -45,9 +45,6 @@ class StressTest : public WindowFixture
 public:
     StressTest()
     {
-        m_fixture.desktop.realEngine = [](PlayerEngine::Events events, QString &error) {
-            return MpvEngine::create(std::move(events), error);
-        };
         connect(&m_server, &QTcpServer::newConnection, this, [this] {
             QTcpSocket *const socket = m_server.nextPendingConnection();
             connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
@@ -60,7 +57,8 @@ private Q_SLOTS:
     void switchesAtRandomMoments()
     {
         QRandomGenerator random(20);
-        search();
+        QVERIFY(m_server.isListening() && m_clip.size() > 10000);
+        QVERIFY(search());
         const int switches = wanted("QUILLON_SWITCHES", 20);
         for (int number = 0; number < switches; ++number) {
             act(random);
@@ -69,10 +67,10 @@ private Q_SLOTS:
             QVERIFY(state().playerError().value_or(QString()).isEmpty());
         }
         state().stopPlayback();
-        waitForTools();
+        QVERIFY(waitForTools());
         const auto last = state().browseResults().last();
         state().playBrowseResult(last); // and it still plays
-        WAIT_FOR(state().avPlayer.hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(state().avPlayer.hasEnded(), patience);
         QCOMPARE(state().nowPlaying(), last);
         state().stopPlayback();
     }
@@ -83,17 +81,17 @@ private Q_SLOTS:
         const int items = wanted("QUILLON_ITEMS", 5);
         QList<double> memory;
         while (ends.count() < items) {
-            search();
+            QVERIFY(search());
             state().playBrowseResult(state().browseResults().first());
             const qsizetype target = std::min(ends.count() + resultCount, qsizetype(items));
             while (ends.count() < target) {
                 const qsizetype before = ends.count();
-                WAIT_FOR(ends.count() > before);
+                QTRY_VERIFY_WITH_TIMEOUT(ends.count() > before, patience);
                 memory.append(residentMemory());
             }
             QVERIFY(!state().playerError());
             state().stopPlayback();
-            waitForTools();
+            QVERIFY(waitForTools());
         }
         const qsizetype quarter = memory.size() / 4;
         if (quarter < 50)
@@ -105,27 +103,32 @@ private Q_SLOTS:
     }
 
 protected:
+    void prepare(RecordingDesktop &desktop) override
+    {
+        desktop.realEngine = [](PlayerEngine::Events events, QString &error) {
+            return MpvEngine::create(std::move(events), error);
+        };
+    }
     QQmlImageProviderBase *makeThumbnails() override { return new GreyPictures; }
 
 private:
-    void search()
+    [[nodiscard]] bool search()
     {
-        QVERIFY(m_server.isListening() && m_clip.size() > 10000);
-        m_fixture.tool.setScript(script());
+        m_fixture->tool.respond(response());
         state().mode = AppMode::browse;
         state().browseSearchQuery = u"boats"_s;
         state().searchYouTube();
-        WAIT_FOR(!state().isBrowseSearching());
-        QCOMPARE(state().browseResults().size(), resultCount);
+        if (!waitFor([&] { return !state().isBrowseSearching(); }))
+            return false;
+        return state().browseResults().size() == resultCount;
     }
 
     /// Every search finds others.
-    [[nodiscard]] QByteArray script() const
+    [[nodiscard]] QByteArray response() const
     {
-        return "case $* in *--get-url*) echo http://127.0.0.1:"
-            + QByteArray::number(m_server.serverPort()) + "/clip.mp4;;\n*) for i in $(seq "
-            + QByteArray::number(resultCount)
-            + "); do echo \"{\\\"id\\\":\\\"$N-$i\\\",\\\"duration\\\":2}\"; done;; esac";
+        return "for *--get-url* print http://127.0.0.1:" + QByteArray::number(m_server.serverPort())
+            + "/clip.mp4\nfor *--get-url* exit 0\nrepeat " + QByteArray::number(resultCount)
+            + R"( print {"id":"{n}-{i}","duration":2})";
     }
 
     void act(QRandomGenerator &random)
@@ -147,10 +150,10 @@ private:
         }
     }
 
-    void waitForTools()
+    [[nodiscard]] bool waitForTools()
     {
-        for (const qint64 process : m_fixture.tool.processIdentifiers())
-            WAIT_FOR(!isAlive(process));
+        const QList<qint64> tools = m_fixture->tool.processIdentifiers();
+        return waitFor([&] { return std::none_of(tools.begin(), tools.end(), isAlive); });
     }
 
     void serve(QTcpSocket *socket)

@@ -2,6 +2,7 @@
 #include "FakeTool.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 FakeTool::FakeTool()
 {
-    setScript("exit 0");
+    respond({});
 }
 
 FakeTool::~FakeTool()
@@ -25,37 +26,46 @@ QString FakeTool::file(const QString &name) const
     return m_folder.filePath(name);
 }
 
-void FakeTool::setScript(const QByteArray &body)
+void FakeTool::respond(const QByteArray &response)
 {
-    // Replaced rather than overwritten: an earlier call may still read it.
+    makeGates(response);
+    writeFile(file(u"response"_s), response);
+    // The tool itself is replaced, too: whoever watches it shall look at it again.
     const QString next = path() + u".next"_s;
-    writeFile(next,
-              "#!/bin/sh\n"
-              "DIR='"
-                  + m_folder.path().toUtf8()
-                  + "'\n"
-                    "echo $$ >> \"$DIR/processes\"\n"
-                    "N=$(grep -n \"^$$\\$\" \"$DIR/processes\" | cut -d: -f1)\n"
-                    "tr '\\0' '\\n' < /proc/$$/environ > \"$DIR/environment\"\n"
-                    "{ printf '%s\\n' \"$@\"; echo --END-OF-CALL--; } >> \"$DIR/calls\"\n"
-                  + body + "\n");
+    writeFile(next, contentOf(QLatin1String(QUILLON_TEST_SUPPORT "/fake-yt-dlp")));
     QFile::setPermissions(next, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     rename(QFile::encodeName(next), QFile::encodeName(path()));
 }
 
-QByteArray FakeTool::gate(const QByteArray &name)
+void FakeTool::makeGates(const QByteArray &response)
 {
-    const QByteArray fifo = file(QString::fromUtf8(name)).toUtf8();
-    if (!m_gates.contains(name)) {
+    static const QRegularExpression wait(u"^(?:.* )?wait (\\w+)$"_s,
+                                         QRegularExpression::MultilineOption);
+    auto waits = wait.globalMatch(QString::fromLatin1(response));
+    while (waits.hasNext()) {
+        const QString name = waits.next().captured(1);
+        if (m_gates.contains(name.toLatin1()))
+            continue;
+        const QByteArray fifo = QFile::encodeName(file(name));
         mkfifo(fifo, 0600);
-        m_gates[name] = ::open(fifo, O_RDWR | O_CLOEXEC);
+        m_gates[name.toLatin1()] = ::open(fifo, O_RDWR | O_CLOEXEC);
     }
-    return "read _ < '" + fifo + "'\n";
 }
 
-void FakeTool::open(const QByteArray &name)
+void FakeTool::open(const QByteArray &gate)
 {
-    [[maybe_unused]] const auto written = write(m_gates.value(name), "\n", 1);
+    if (!m_gates.contains(gate))
+        qFatal("No response waits for %s", gate.constData());
+    [[maybe_unused]] const auto written = write(m_gates.value(gate), "\n", 1);
+}
+
+QByteArray sample(const char *name)
+{
+    const QByteArray response =
+        contentOf(QLatin1String(QUILLON_TEST_SUPPORT "/responses/") + QLatin1String(name));
+    if (response.isEmpty())
+        qFatal("There is no response %s", name);
+    return response;
 }
 
 QList<QStringList> FakeTool::calls() const

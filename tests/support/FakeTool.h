@@ -9,7 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
-/// A tool that does what a test's shell script says. It records every call.
+/// Stands in for yt-dlp: notes every call, and does what a test has told it. See the
+/// program fake-yt-dlp for the steps of a response.
 class FakeTool
 {
     Q_DISABLE_COPY_MOVE(FakeTool)
@@ -21,22 +22,25 @@ public:
     [[nodiscard]] QString path() const { return file(u"yt-dlp"_s); }
     [[nodiscard]] QString file(const QString &name) const;
 
-    /// What the tool does from now on. "$DIR" is the fake tool's own folder and
-    /// "$N" the number of the call, from 1.
-    void setScript(const QByteArray &body);
+    /// What calls that begin from now on do: a step in each line.
+    void respond(const QByteArray &response);
 
-    /// A script line that waits for open(name).
-    QByteArray gate(const QByteArray &name);
-    void open(const QByteArray &name);
+    /// Lets one call go on that waits at this gate, or the next that comes to it.
+    void open(const QByteArray &gate);
 
     [[nodiscard]] QList<QStringList> calls() const;
     [[nodiscard]] QStringList environment() const;
     [[nodiscard]] QList<qint64> processIdentifiers() const;
 
 private:
+    void makeGates(const QByteArray &response);
+
     QTemporaryDir m_folder;
     QMap<QByteArray, int> m_gates;
 };
+
+/// A response that several tests use, from the folder "responses".
+QByteArray sample(const char *name);
 
 /// Whether a process with this number exists and has not ended.
 bool isAlive(qint64 processIdentifier);

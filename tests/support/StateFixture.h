@@ -3,6 +3,7 @@
 
 #include "AppState.h"
 #include "FakeTool.h"
+#include "Patience.h"
 #include "Preferences.h"
 #include "StandIns.h"
 
@@ -69,6 +70,3 @@ struct StateFixture
     std::unique_ptr<Preferences> preferences;
     std::unique_ptr<AppState> state;
 };
-
-/// Waits for a condition while events are handled; generous, for slow machines.
-#define WAIT_FOR(condition) QVERIFY(QTest::qWaitFor([&] { return bool(condition); }, 30000))

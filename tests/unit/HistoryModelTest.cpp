@@ -152,13 +152,13 @@ private Q_SLOTS:
 
     void refetchingGoesToSingleModeAndFetches()
     {
-        m_fixture->tool.setScript(R"(echo '{"id":"i","title":"T"}')");
+        m_fixture->tool.respond(R"(print {"id":"i","title":"T"})");
         state().mode = AppMode::multi;
         state().fetchAsPlaylist = true;
         m_model->refetch(1);
         QVERIFY(state().mode() == AppMode::single);
         QCOMPARE(state().singleURL(), u"https://example.org/watch?v=a"_s);
-        WAIT_FOR(state().singleInfo().has_value());
+        QTRY_VERIFY_WITH_TIMEOUT(state().singleInfo().has_value(), patience);
         QCOMPARE(m_fixture->tool.calls().first().last(), u"https://example.org/watch?v=a"_s);
     }
 
@@ -203,7 +203,8 @@ private Q_SLOTS:
         state().history = {record(u"new"_s, 1)};
         const QString before = text(0, HistoryModel::DateRole);
         const QSignalSpy told(m_model.get(), &HistoryModel::dataChanged);
-        WAIT_FOR(told.count() > 0 && text(0, HistoryModel::DateRole) != before);
+        QTRY_VERIFY_WITH_TIMEOUT(told.count() > 0 && text(0, HistoryModel::DateRole) != before,
+                                 patience);
     }
 
 private:

@@ -10,7 +10,7 @@ private Q_SLOTS:
     void aStreamIsPlayedToItsEndWithPicturesThatChange()
     {
         load("clip.mp4");
-        WAIT_FOR(m_ends == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
         QVERIFY(m_failures.isEmpty());
         QVERIFY(m_pictures.size() > 10);
         QCOMPARE(m_pictures.last().size(), QSize(321, 181));
@@ -25,7 +25,7 @@ private Q_SLOTS:
     void picturesOfAbsurdSizeAreNotDecoded()
     {
         load("huge.mp4");
-        WAIT_FOR(m_ends == 1 || !m_failures.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(m_ends == 1 || !m_failures.isEmpty(), patience);
         // Newer engines show an empty picture in place of one that they do not decode.
         for (const QImage &each : std::as_const(m_pictures))
             QVERIFY(isBlack(each));
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void aSizeThatBecomesAbsurdInMidStreamIsNotDecoded()
     {
         load("growing.ts");
-        WAIT_FOR(m_ends == 1 || !m_failures.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(m_ends == 1 || !m_failures.isEmpty(), patience);
         QVERIFY(!m_pictures.isEmpty() && !isBlack(m_pictures.first()));
         for (const QImage &each : std::as_const(m_pictures)) {
             const QColor middle = each.pixelColor(each.rect().center());
@@ -45,12 +45,13 @@ private Q_SLOTS:
     void theNumbersOfTheStreamBeforeAreNotToldOfTheNext()
     {
         load("long.mp4");
-        WAIT_FOR(m_status.duration > 7);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.duration > 7, patience);
         m_engine->seek(6);
-        WAIT_FOR(m_status.position >= 6 && !m_status.isBuffering);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position >= 6 && !m_status.isBuffering, patience);
         m_statuses.clear();
         load("clip.mp4");
-        WAIT_FOR(m_status.duration > 0 && m_status.duration < 4 && !m_status.isBuffering);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_status.duration > 0 && m_status.duration < 4 && !m_status.isBuffering, patience);
         for (const PlayerStatus &each : std::as_const(m_statuses)) {
             QVERIFY(each.duration < 4);
             QVERIFY(each.position < 2);
@@ -60,34 +61,35 @@ private Q_SLOTS:
     void whatHasEndedStaysAndCanBePlayedAgain()
     {
         load("clip.mp4");
-        WAIT_FOR(m_ends == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
         m_engine->seek(1.5);
-        WAIT_FOR(m_ends == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 2, patience);
     }
 
     void pausedAtItsEndItEndsWhenItGoesOn()
     {
         load("clip.mp4");
-        WAIT_FOR(m_status.position > 0.3);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 0.3, patience);
         m_engine->setPaused(true);
         m_engine->seek(m_status.duration);
-        WAIT_FOR(m_status.position > 2.5 && !m_status.isBuffering);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 2.5 && !m_status.isBuffering, patience);
         QCOMPARE(m_ends, 0);
         m_engine->setPaused(false);
-        WAIT_FOR(m_ends == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
         QVERIFY(m_failures.isEmpty());
     }
 
     void soughtBackFromItsEndAndResumedItPlaysOn()
     {
         load("clip.mp4");
-        WAIT_FOR(m_status.position > 0.3);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 0.3, patience);
         m_engine->setPaused(true);
         m_engine->seek(m_status.duration);
-        WAIT_FOR(m_status.position > 2.5 && !m_status.isBuffering);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 2.5 && !m_status.isBuffering, patience);
         m_engine->seek(0.5);
         m_engine->setPaused(false);
-        WAIT_FOR(m_ends > 0 || (m_status.position > 1 && m_status.position < 2.5));
+        QTRY_VERIFY_WITH_TIMEOUT(m_ends > 0 || (m_status.position > 1 && m_status.position < 2.5),
+                                 patience);
         QCOMPARE(m_ends, 0);
     }
 
@@ -95,14 +97,15 @@ private Q_SLOTS:
     {
         m_engine->setPaused(true);
         load("clip.mp4");
-        WAIT_FOR(!m_pictures.isEmpty() && !isBlack(m_pictures.last()));
+        QTRY_VERIFY_WITH_TIMEOUT(!m_pictures.isEmpty() && !isBlack(m_pictures.last()), patience);
         const QImage first = m_pictures.last();
         m_engine->seek(2);
-        WAIT_FOR(m_status.position > 1.8 && m_pictures.last() != first);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 1.8 && m_pictures.last() != first, patience);
         QCOMPARE(m_ends, 0);
         m_pictures.clear();
         m_engine->setPictureSize({160, 90});
-        WAIT_FOR(!m_pictures.isEmpty() && m_pictures.last().size() == QSize(160, 90));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !m_pictures.isEmpty() && m_pictures.last().size() == QSize(160, 90), patience);
         QVERIFY(!isBlack(m_pictures.last()));
     }
 
@@ -111,7 +114,7 @@ private Q_SLOTS:
         m_engine->setPaused(true);
         load("clip.mp4");
         m_engine->seek(2);
-        WAIT_FOR(m_status.position > 1.8);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 1.8, patience);
     }
 
     void whatCannotBePlayedFailsOnceWithAReason_data()
@@ -132,11 +135,11 @@ private Q_SLOTS:
         QFETCH(QByteArray, path);
         QFETCH(QString, reason);
         load(path);
-        WAIT_FOR(!m_failures.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_failures.isEmpty(), patience);
         QCOMPARE(m_failures.first(), u"The stream cannot be played: "_s + reason);
         QCOMPARE(m_ends, 0);
         load("clip.mp4"); // it is fit for the next one, and says no more of this one
-        WAIT_FOR(m_ends == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
         QCOMPARE(m_failures.size(), 1);
     }
 
@@ -147,18 +150,18 @@ private Q_SLOTS:
         const quint16 port = closed.serverPort();
         closed.close();
         m_engine->load(QUrl(u"http://127.0.0.1:%1/a.mp4"_s.arg(port)));
-        WAIT_FOR(m_failures.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_failures.size(), 1, patience);
     }
 
     void aServerThatHangsHoldsNothingUp()
     {
         load("hang");
-        WAIT_FOR(m_requests.contains("/hang"));
+        QTRY_VERIFY_WITH_TIMEOUT(m_requests.contains("/hang"), patience);
         load("clip.mp4");
-        WAIT_FOR(m_ends == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
         QVERIFY(m_failures.isEmpty());
         load("hang");
-        WAIT_FOR(m_requests.count("/hang") == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(m_requests.count("/hang"), 2, patience);
         QElapsedTimer timer;
         timer.start();
         m_engine.reset();
@@ -169,7 +172,7 @@ private Q_SLOTS:
     {
         make({{"network-timeout", "1"}});
         load("hang");
-        WAIT_FOR(m_failures.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_failures.size(), 1, patience);
         QCOMPARE(m_ends, 0);
     }
 
@@ -177,19 +180,19 @@ private Q_SLOTS:
     {
         load("missing");
         load("clip.mp4");
-        WAIT_FOR(m_ends == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
         QVERIFY(m_failures.isEmpty());
     }
 
     void unloadedItTellsNothing()
     {
         load("clip.mp4");
-        WAIT_FOR(m_status.position > 0.3);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 0.3, patience);
         m_engine->unload();
         m_pictures.clear();
         m_status = {};
         load("missing"); // until this has failed nothing else is told
-        WAIT_FOR(m_failures.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_failures.size(), 1, patience);
         QCOMPARE(m_pictures.size(), 0);
         QCOMPARE(m_status.position, 0.0);
         QCOMPARE(m_ends, 0);

@@ -3,6 +3,7 @@
 
 #include "Clip.h"
 #include "MpvEngine.h"
+#include "Patience.h"
 
 #include <QElapsedTimer>
 #include <QTcpServer>
@@ -10,9 +11,6 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
-
-/// Waits for a condition while events are handled; generous, for slow machines.
-#define WAIT_FOR(condition) QVERIFY(QTest::qWaitFor([&] { return bool(condition); }, 30000))
 
 /// The real engine on streams of a server in this process.
 class MpvFixture : public QObject

@@ -25,7 +25,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, path);
         QFETCH(double, seconds);
         load(path); // at its own speed
-        WAIT_FOR(m_ends == 1 || !m_failures.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(m_ends == 1 || !m_failures.isEmpty(), patience);
         QCOMPARE(m_failures, QStringList());
         const QByteArray sound = heard(path, 1, false);
         // Without a clock one picture a second is left behind by more than any clock would.
@@ -51,7 +51,7 @@ private Q_SLOTS:
             qputenv(name, "/nowhere");
         make();
         load("clip.mp4");
-        WAIT_FOR(m_ends == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
         QVERIFY(m_failures.isEmpty());
         QVERIFY(!isBlack(m_pictures.last()));
         for (const char *const name : {"PULSE_SERVER", "PIPEWIRE_REMOTE", "ALSA_CONFIG_PATH"})

@@ -178,7 +178,7 @@ private Q_SLOTS:
             section.download();
             disconnect(watch);
             QCOMPARE(kinds.contains(StatusKind::Idle), wasDone);
-            WAIT_FOR(m_fixture->hasEnded());
+            QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         }
     }
 

@@ -83,7 +83,7 @@ private Q_SLOTS:
         m_model->save();
         QVERIFY(m_model->savedConfirmation());
         QCOMPARE(m_fixture->preferences->string(u"quillon.speedLimit"_s), u"1M"_s);
-        WAIT_FOR(!m_model->savedConfirmation());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_model->savedConfirmation(), patience);
         QVERIFY(clock.elapsed() >= 1990);
     }
 
@@ -92,12 +92,12 @@ private Q_SLOTS:
         m_model->save();
         QSignalSpy changes(m_model.get(), &SettingsPresenter::changed);
         QTimer::singleShot(1000, m_model.get(), [this] { m_model->save(); });
-        WAIT_FOR(changes.count() == 1); // the second, still confirmed
+        QTRY_COMPARE_WITH_TIMEOUT(changes.count(), 1, patience); // the second, still confirmed
         QVERIFY(m_model->savedConfirmation());
         QElapsedTimer sinceSecond;
         sinceSecond.start();
-        WAIT_FOR(!m_model->savedConfirmation());
-        WAIT_FOR(changes.count() == 3); // and the second's own end
+        QTRY_VERIFY_WITH_TIMEOUT(!m_model->savedConfirmation(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(changes.count(), 3, patience); // and the second's own end
         QVERIFY(!m_model->savedConfirmation());
         QVERIFY(sinceSecond.elapsed() >= 1000);
     }

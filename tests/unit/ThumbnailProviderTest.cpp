@@ -69,7 +69,7 @@ private Q_SLOTS:
         server.serve(encoded(picture(), format.constData()));
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString(), QString());
         QCOMPARE(request.image().size(), QSize(160, 90));
         QCOMPARE(request.image().pixelColor(0, 0).alpha(), 0);
@@ -82,13 +82,13 @@ private Q_SLOTS:
         server.serve(encoded(picture(), "png"));
         ThumbnailProvider provider(server.source());
         Request first(provider, server.address());
-        WAIT_FOR(first.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(first.hasFinished, patience);
         Request again(provider, server.address());
-        WAIT_FOR(again.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(again.hasFinished, patience);
         QCOMPARE(again.image(), first.image());
         QCOMPARE(server.asked, 1);
         Request larger(provider, server.address(), {320, 180});
-        WAIT_FOR(larger.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(larger.hasFinished, patience);
         QCOMPARE(larger.image().size(), QSize(320, 180));
         QCOMPARE(server.asked, 1);
     }
@@ -109,9 +109,9 @@ private Q_SLOTS:
         Server server; // says nothing
         ThumbnailProvider provider(server.source(50ms));
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
-        WAIT_FOR(server.left == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(server.left, 1, patience);
     }
 
     void aServerThatDripsIsGivenUp()
@@ -121,7 +121,7 @@ private Q_SLOTS:
         server.drips = true;
         ThumbnailProvider provider(server.source(300ms));
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
     }
 
@@ -133,7 +133,7 @@ private Q_SLOTS:
         server.closes = true;
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
     }
 
@@ -155,7 +155,7 @@ private Q_SLOTS:
         server.serve(body);
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
         QVERIFY(request.image().isNull());
     }
@@ -166,7 +166,7 @@ private Q_SLOTS:
         server.serve(encoded(picture(), "jpg"), "text/html");
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.image().size(), QSize(160, 90));
     }
 
@@ -185,9 +185,9 @@ private Q_SLOTS:
         server.floods = true;
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
-        WAIT_FOR(server.left == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(server.left, 1, patience);
         QVERIFY2(server.sent < 40 << 20, qPrintable(QString::number(server.sent)));
     }
 
@@ -208,7 +208,7 @@ private Q_SLOTS:
         server.serve(encoded(vast, "png"));
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString(), u"Not a picture"_s);
     }
 
@@ -217,10 +217,10 @@ private Q_SLOTS:
         Server server; // says nothing
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(server.asked == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(server.asked, 1, patience);
         request.response->cancel();
-        WAIT_FOR(request.hasFinished);
-        WAIT_FOR(server.left == 1);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(server.left, 1, patience);
     }
 
     void onlyTheWebIsAsked_data()
@@ -241,7 +241,7 @@ private Q_SLOTS:
         QFETCH(QString, url);
         ThumbnailProvider provider;
         Request request(provider, url);
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString(), u"Not an address of a picture"_s);
     }
 
@@ -262,7 +262,7 @@ private Q_SLOTS:
         server.next = std::exchange(server.answer, redirection("/b.png"));
         ThumbnailProvider provider(server.source());
         Request request(provider, server.address());
-        WAIT_FOR(request.hasFinished);
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString(), QString());
         QCOMPARE(server.asked, 2);
     }

@@ -138,14 +138,15 @@ private Q_SLOTS:
     void clearingInMidFetchLetsItsResultCome()
     {
         URLInputPresenter input(state());
-        m_fixture->tool.setScript(m_fixture->tool.gate("go") + R"(echo '{"title":"T"}')");
+        m_fixture->tool.respond("wait go\n"
+                                R"(print {"title":"T"})");
         input.edit(u"https://x/"_s);
         input.handleSubmit();
-        WAIT_FOR(m_fixture->tool.calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_fixture->tool.calls().size(), 1, patience);
         input.clearURL();
         QVERIFY(state().isFetching());
         m_fixture->tool.open("go");
-        WAIT_FOR(state().singleInfo().has_value());
+        QTRY_VERIFY_WITH_TIMEOUT(state().singleInfo().has_value(), patience);
         QVERIFY(!state().isFetching());
     }
 
@@ -171,7 +172,7 @@ private Q_SLOTS:
 
     void clearingAndAddingAreEditsToo()
     {
-        m_fixture->tool.setScript("exit 1");
+        m_fixture->tool.respond("exit 1");
         URLInputPresenter input(state());
         for (const AppMode mode : {AppMode::multi, AppMode::browse}) {
             state().mode = mode;
@@ -197,8 +198,8 @@ private Q_SLOTS:
         state().isFetching = true;
         QVERIFY(!input.canSubmit());
         input.handleSubmit();
-        WAIT_FOR(m_fixture->tool.calls().size() == 1);
-        WAIT_FOR(!state().isFetching());
+        QTRY_COMPARE_WITH_TIMEOUT(m_fixture->tool.calls().size(), 1, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isFetching(), patience);
     }
 
     void returnInAnEmptyFieldDoesNothing()

@@ -16,7 +16,9 @@ private Q_SLOTS:
     {
         m_fixture = std::make_unique<StateFixture>();
         m_fixture->state->browseSearchQuery = u"  wooden boats \n"_s;
-        tool().setScript("echo '{\"id\":\"a\",\"title\":\"A\"}'\necho '{\"id\":\"b\"}'");
+        tool().respond(R"(print {"id":"a","title":"A"})"
+                       "\n"
+                       R"(print {"id":"b"})");
     }
     void cleanup() { m_fixture.reset(); }
 
@@ -25,7 +27,7 @@ private Q_SLOTS:
     void aQueryIsSearchedWithoutTheSpacesAroundItAndForAtMost25()
     {
         state().cookiesBrowser = u"firefox"_s;
-        search();
+        QVERIFY(search());
         QCOMPARE(tool().calls().first().last(), u"ytsearch25:wooden boats"_s);
         QVERIFY(!tool().calls().first().contains(u"--cookies-from-browser"_s));
         QCOMPARE(ids(), QStringList({u"a"_s, u"b"_s}));
@@ -37,22 +39,22 @@ private Q_SLOTS:
         AssignmentRecorder recorder(state());
         state().searchYouTube();
         QCOMPARE(recorder.take(), QStringList({u"isBrowseSearching"_s, u"browseSearchError"_s}));
-        WAIT_FOR(!state().isBrowseSearching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isBrowseSearching(), patience);
         QCOMPARE(recorder.take(), QStringList({u"browseResults"_s, u"isBrowseSearching"_s}));
-        tool().setScript("exit 1");
-        search();
+        tool().respond("exit 1");
+        QVERIFY(search());
         QCOMPARE(recorder.take().last(2),
                  QStringList({u"browseSearchError"_s, u"isBrowseSearching"_s}));
     }
 
     void aDownloadAssignsInItsOrder()
     {
-        tool().setScript("exit 0");
+        tool().respond("");
         const QStringList both{u"browseDownloadStatuses"_s, u"browseDownloadProgress"_s};
         AssignmentRecorder recorder(state());
         state().browseDownload(result(u"a"_s), false);
         QCOMPARE(recorder.take(), both);
-        WAIT_FOR(!state().history().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().history().isEmpty(), patience);
         QCOMPARE(recorder.take(), QStringList({u"browseDownloadStatuses"_s, u"history"_s}));
     }
 
@@ -67,34 +69,36 @@ private Q_SLOTS:
 
     void aSecondSearchWhileOneRunsIsIgnored()
     {
-        tool().setScript(tool().gate("search") + "echo '{\"id\":\"a\"}'");
+        tool().respond("wait search\n"
+                       R"(print {"id":"a"})");
         state().searchYouTube();
         QVERIFY(state().isBrowseSearching());
         state().browseSearchQuery = u"later"_s;
         state().searchYouTube();
         tool().open("search");
-        WAIT_FOR(!state().isBrowseSearching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isBrowseSearching(), patience);
         QCOMPARE(tool().calls().size(), 1);
     }
 
     void aFailedSearchKeepsTheResultsAndTellsWhy()
     {
-        search();
-        tool().setScript("echo no >&2; exit 1");
-        search();
+        QVERIFY(search());
+        tool().respond("fail no");
+        QVERIFY(search());
         QCOMPARE(ids(), QStringList({u"a"_s, u"b"_s}));
         QCOMPARE(state().browseSearchError(), u"Failed to fetch info: no\n"_s);
-        tool().setScript("true");
-        search();
+        tool().respond("");
+        QVERIFY(search());
         QVERIFY(!state().browseSearchError());
         QVERIFY(ids().isEmpty());
     }
 
     void theEndOfTheProgramDoesNotWaitForASearchThatHangs()
     {
-        tool().setScript("trap '' TERM INT HUP\n" + tool().gate("never"));
+        tool().respond("ignore signals\n"
+                       "wait never");
         state().searchYouTube();
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         const qint64 process = tool().processIdentifiers().last();
         m_fixture->state.reset();
         QVERIFY(!isAlive(process));
@@ -104,12 +108,13 @@ private Q_SLOTS:
 
     void aDownloadIsRecordedAndAnnounced()
     {
-        tool().setScript("echo '[download] Destination: /d/a.mp4'");
+        tool().respond("print [download] Destination: /d/a.mp4");
         state().speedLimit = u"1M"_s;
         state().cookiesBrowser = u"firefox"_s;
         state().browseDownload(result(u"a"_s), false);
         QCOMPARE(statusOf(u"a_mp4"_s), DownloadStatus(Status::Downloading{}));
-        WAIT_FOR(statusOf(u"a_mp4"_s) == DownloadStatus(Status::Done{u"/d/a.mp4"_s}));
+        QTRY_COMPARE_WITH_TIMEOUT(statusOf(u"a_mp4"_s), DownloadStatus(Status::Done{u"/d/a.mp4"_s}),
+                                  patience);
         const QStringList call = tool().calls().first();
         QVERIFY(call.contains(u"bestvideo+bestaudio/best"_s) && call.contains(u"1M"_s)
                 && call.contains(u"firefox"_s));
@@ -127,17 +132,19 @@ private Q_SLOTS:
 
     void soundAndPictureOfOneResultAreApartAndShowTheirOwnProgress()
     {
-        tool().setScript(reporting());
+        reportAndWait();
         state().browseDownload(result(u"a"_s), false);
         state().browseDownload(result(u"a"_s), true);
-        WAIT_FOR(state().browseDownloadProgress().value(u"a_mp4"_s) == 0.5
-                 && state().browseDownloadProgress().value(u"a_mp3"_s) == 0.25);
+        QTRY_VERIFY_WITH_TIMEOUT(state().browseDownloadProgress().value(u"a_mp4"_s) == 0.5
+                                     && state().browseDownloadProgress().value(u"a_mp3"_s) == 0.25,
+                                 patience);
         QCOMPARE(statusOf(u"a_mp3"_s),
                  DownloadStatus(Status::Downloading{0.25, u"1MiB/s"_s, u"00:01"_s}));
         tool().open("run");
         tool().open("run");
-        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done
-                 && kindOf(statusOf(u"a_mp3"_s)) == StatusKind::Done);
+        QTRY_VERIFY_WITH_TIMEOUT(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done
+                                     && kindOf(statusOf(u"a_mp3"_s)) == StatusKind::Done,
+                                 patience);
         QSet<QString> formats;
         for (const HistoryItem &record : state().history())
             formats.insert(record.format + record.quality);
@@ -148,74 +155,77 @@ private Q_SLOTS:
 
     void twoResultsAtOnceShowTheirOwnProgress()
     {
-        tool().setScript(reporting());
+        reportAndWait();
         state().browseDownload(result(u"a"_s), false);
         state().browseDownload(result(u"b"_s), true);
-        WAIT_FOR(state().browseDownloadProgress().value(u"a_mp4"_s) == 0.5
-                 && state().browseDownloadProgress().value(u"b_mp3"_s) == 0.25);
+        QTRY_VERIFY_WITH_TIMEOUT(state().browseDownloadProgress().value(u"a_mp4"_s) == 0.5
+                                     && state().browseDownloadProgress().value(u"b_mp3"_s) == 0.25,
+                                 patience);
         tool().open("run");
         tool().open("run");
-        WAIT_FOR(state().history().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(state().history().size(), 2, patience);
     }
 
     void theSameDownloadDoesNotRunTwiceAtOnce()
     {
-        tool().setScript(tool().gate("run"));
+        tool().respond("wait run");
         state().browseDownload(result(u"a"_s), false);
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         const QSignalSpy spy(&state(), &AppState::browseDownloadStatusesChanged);
         state().browseDownload(result(u"a"_s), false);
         QCOMPARE(spy.count(), 0);
         tool().open("run");
-        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
+        QTRY_COMPARE_WITH_TIMEOUT(kindOf(statusOf(u"a_mp4"_s)), StatusKind::Done, patience);
         QCOMPARE(tool().calls().size(), 1);
         state().browseDownload(result(u"a"_s), false); // again, when it is done
-        WAIT_FOR(tool().calls().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 2, patience);
         tool().open("run");
-        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
+        QTRY_COMPARE_WITH_TIMEOUT(kindOf(statusOf(u"a_mp4"_s)), StatusKind::Done, patience);
     }
 
     void aDownloadThatIsDoneKeepsItsLastFraction()
     {
-        tool().setScript("echo '[download]  50.0% of 1MiB at 1MiB/s ETA 00:01'");
+        tool().respond("print [download]  50.0% of 1MiB at 1MiB/s ETA 00:01");
         state().browseDownload(result(u"a"_s), false);
-        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
+        QTRY_COMPARE_WITH_TIMEOUT(kindOf(statusOf(u"a_mp4"_s)), StatusKind::Done, patience);
         QCOMPARE(state().browseDownloadProgress().value(u"a_mp4"_s), 0.5);
     }
 
     void aFailureIsShownAloneAndCanBeRetried()
     {
-        tool().setScript("echo no >&2; exit 1");
+        tool().respond("fail no");
         state().browseDownload(result(u"a"_s), true);
-        WAIT_FOR(statusOf(u"a_mp3"_s)
-                 == DownloadStatus(Status::Failed{u"Download failed: no\n"_s}));
+        QTRY_COMPARE_WITH_TIMEOUT(statusOf(u"a_mp3"_s),
+                                  DownloadStatus(Status::Failed{u"Download failed: no\n"_s}),
+                                  patience);
         QVERIFY(state().history().isEmpty());
         QVERIFY(m_fixture->desktop.notifier->posted.isEmpty());
-        tool().setScript("true");
+        tool().respond("");
         state().browseDownload(result(u"a"_s), true);
-        WAIT_FOR(statusOf(u"a_mp3"_s) == DownloadStatus(Status::Done{}));
+        QTRY_COMPARE_WITH_TIMEOUT(statusOf(u"a_mp3"_s), DownloadStatus(Status::Done{}), patience);
         QVERIFY(!state().history().first().savedPath);
     }
 
     void aNewSearchKeepsTheStatuses()
     {
         state().browseDownload(result(u"a"_s), false);
-        WAIT_FOR(kindOf(statusOf(u"a_mp4"_s)) == StatusKind::Done);
-        search();
+        QTRY_COMPARE_WITH_TIMEOUT(kindOf(statusOf(u"a_mp4"_s)), StatusKind::Done, patience);
+        QVERIFY(search());
         QCOMPARE(kindOf(statusOf(u"a_mp4"_s)), StatusKind::Done);
     }
 
     void aLaterDownloadTakesTheOneActiveSlot()
     {
-        tool().setScript(tool().gate("run"));
+        tool().respond("wait run");
         state().browseDownload(result(u"a"_s), false);
-        WAIT_FOR(state().service.activeProcess());
+        QTRY_VERIFY_WITH_TIMEOUT(state().service.activeProcess(), patience);
         const auto first = state().service.activeProcess();
         state().browseDownload(result(u"b"_s), false);
-        WAIT_FOR(tool().calls().size() == 2 && state().service.activeProcess() != first);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            tool().calls().size() == 2 && state().service.activeProcess() != first, patience);
         tool().open("run");
         tool().open("run");
-        WAIT_FOR(state().history().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(state().history().size(), 2, patience);
     }
 
 private:
@@ -225,12 +235,12 @@ private:
     {
         return state().browseDownloadStatuses().value(key, DownloadStatus(Status::Waiting{}));
     }
-
-    QByteArray reporting()
+    /// Downloads stand at a half, those of sound at a quarter, until "run" opens.
+    void reportAndWait()
     {
-        return "case \"$*\" in *mp3*) P=25.0;; *) P=50.0;; esac\n"
-               "echo \"[download]  $P% of 1MiB at 1MiB/s ETA 00:01\"\n"
-            + tool().gate("run");
+        tool().respond("for *mp4* print [download]  50.0% of 1MiB at 1MiB/s ETA 00:01\n"
+                       "for *mp3* print [download]  25.0% of 1MiB at 1MiB/s ETA 00:01\n"
+                       "wait run");
     }
 
     static SearchResult result(const QString &id)
@@ -243,10 +253,10 @@ private:
                 .videoURL = u"https://x/"_s + id};
     }
 
-    void search()
+    [[nodiscard]] bool search()
     {
         state().searchYouTube();
-        WAIT_FOR(!state().isBrowseSearching());
+        return waitFor([&] { return !state().isBrowseSearching(); });
     }
 
     QStringList ids()

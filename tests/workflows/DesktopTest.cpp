@@ -74,7 +74,7 @@ private Q_SLOTS:
         QVERIFY(m_desktop.registerService(u"org.freedesktop.Notifications"_s));
         DesktopNotifier notifier;
         notifier.post({.identifier = u"i"_s, .title = u"T"_s, .body = u"a <b> & c"_s});
-        WAIT_FOR(m_notifications.bodies.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_notifications.bodies.size(), 1, patience);
         QTEST(m_notifications.bodies.first(), "body");
         QCOMPARE(m_notifications.lastHints[u"sound-name"_s].toString(), u"message-new-instant"_s);
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.Notifications"_s));
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(!call.value());
         QVERIFY(m_desktop.registerService(u"org.freedesktop.Notifications"_s));
         notifier.post({.identifier = u"j"_s, .title = u"T"_s, .body = u"read"_s});
-        WAIT_FOR(m_notifications.bodies.contains(u"read"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(m_notifications.bodies.contains(u"read"_s), patience);
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.Notifications"_s));
     }
 
@@ -103,11 +103,11 @@ private Q_SLOTS:
         writeFile(file, "x");
         DesktopFileViewer viewer;
         viewer.select(file);
-        WAIT_FOR(m_opened.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened.size(), 1, patience);
         viewer.openFolder(folder.path());
-        WAIT_FOR(m_opened.size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened.size(), 2, patience);
         viewer.select(folder.path()); // a folder stands for itself
-        WAIT_FOR(m_opened.size() == 3);
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened.size(), 3, patience);
         for (const QUrl &opened : std::as_const(m_opened))
             QCOMPARE(QDir::cleanPath(opened.toLocalFile()), folder.path());
     }
@@ -121,7 +121,7 @@ private Q_SLOTS:
         viewer.openFolder(page); // of a forged ".../payload.html/x"
         viewer.select(page + u"/x"_s);
         viewer.select(folder.path()); // is opened behind these
-        WAIT_FOR(!m_opened.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_opened.isEmpty(), patience);
         QCOMPARE(m_opened.size(), 1);
         QCOMPARE(QDir::cleanPath(m_opened.first().toLocalFile()), folder.path());
     }

@@ -25,11 +25,11 @@ private Q_SLOTS:
 
     void aFileThatIsHalfMadeAtAnOrderlyEndIsRemoved()
     {
-        m_tool->setScript("echo half > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          + m_tool->gate("never"));
+        m_tool->respond("write a.mp3 half\n"
+                        "print [ExtractAudio] Destination: {dir}/a.mp3\n"
+                        "wait never");
         const Download download(*m_service, audio());
-        WAIT_FOR(QFile::exists(m_tool->file(u"a.mp3"_s)));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_tool->file(u"a.mp3"_s)), patience);
         m_service->endProcesses();
         QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
         QVERIFY(download.outcome().isSettled());
@@ -37,35 +37,36 @@ private Q_SLOTS:
 
     void aFileThatIsWholeAtAnOrderlyEndStays()
     {
-        m_tool->setScript("echo whole > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          "echo 'Deleting original file x'\necho '[Merger] x'\n"
-                          + m_tool->gate("never"));
+        m_tool->respond("write a.mp3 whole\n"
+                        "print [ExtractAudio] Destination: {dir}/a.mp3\n"
+                        "print Deleting original file x\n"
+                        "print [Merger] x\n"
+                        "wait never");
         const Download download(*m_service, audio());
-        WAIT_FOR(!download.reports().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!download.reports().isEmpty(), patience);
         m_service->endProcesses();
         QVERIFY(QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
     void aFileThatAFailedExtractionLeftIsRemoved()
     {
-        m_tool->setScript("echo half > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          "echo 'No space left on device' >&2; exit 1");
+        m_tool->respond("write a.mp3 half\n"
+                        "print [ExtractAudio] Destination: {dir}/a.mp3\n"
+                        "fail No space left on device");
         const Download download(*m_service, audio());
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
         QCOMPARE(download.outcome().error(), u"Download failed: No space left on device\n"_s);
     }
 
     void aToolThatIsKilledTakesItsChildAndTheHalfMadeFileAlong()
     {
-        m_tool->setScript("echo half > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"\n"
-                          "sh -c 'while :; do sleep 0.05; done' &\n"
-                          "echo $! > \"$DIR/child\"\nkill -9 $$");
+        m_tool->respond("write a.mp3 half\n"
+                        "print [ExtractAudio] Destination: {dir}/a.mp3\n"
+                        "child\n"
+                        "die");
         const Download download(*m_service, audio());
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(!isAlive(contentOf(m_tool->file(u"child"_s)).trimmed().toLongLong()));
         QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
@@ -73,7 +74,7 @@ private Q_SLOTS:
     void aFileThatWasThereBeforeAndHasChangedSinceIsRemoved()
     {
         writeFile(m_tool->file(u"a.mp3"_s), "before");
-        QVERIFY(!survives("a.mp3", "echo half > \"$DIR/a.mp3\"", audio()));
+        QVERIFY(!survives("a.mp3", "write a.mp3 half\n", audio()));
     }
 
     void aFileThatWasThereBeforeStays()
@@ -82,56 +83,55 @@ private Q_SLOTS:
         QVERIFY(survives("a.mp3", "", audio()));
     }
 
-    void aVideoRunRemovesNothing()
-    {
-        QVERIFY(survives("a.mp3", "echo half > \"$DIR/a.mp3\"", video()));
-    }
+    void aVideoRunRemovesNothing() { QVERIFY(survives("a.mp3", "write a.mp3 half\n", video())); }
 
     void aFileOfAnotherKindStays()
     {
-        QVERIFY(survives("id_ed25519", "echo key > \"$DIR/id_ed25519\"", audio()));
+        QVERIFY(survives("id_ed25519", "write id_ed25519 key\n", audio()));
     }
 
     void aFileOutsideTheRunsFolderStays()
     {
         QVERIFY(QDir(m_tool->file(u""_s)).mkpath(u"deeper"_s));
-        QVERIFY(survives("deeper/a.mp3", "echo x > \"$DIR/deeper/a.mp3\"", audio()));
+        QVERIFY(survives("deeper/a.mp3", "write deeper/a.mp3 x\n", audio()));
         QVERIFY(survives(
-            "a.mp3", "echo x > \"$DIR/a.mp3\"",
+            "a.mp3", "write a.mp3 x\n",
             {u"-x"_s, u"-o"_s, m_tool->file(u"deeper/%(title)s.%(ext)s"_s), u"https://x/"_s}));
     }
 
     void aPathThatLeadsOutOfTheFolderByDetoursStays()
     {
         QVERIFY(QDir(m_tool->file(u""_s)).mkpath(u"deeper"_s));
-        m_tool->setScript("echo x > \"$DIR/a.mp3\"\n"
-                          "echo \"[ExtractAudio] Destination: $DIR/deeper/../a.mp3\"\nexit 1");
+        m_tool->respond("write a.mp3 x\n"
+                        "print [ExtractAudio] Destination: {dir}/deeper/../a.mp3\n"
+                        "exit 1");
         const Download download(
             *m_service,
             {u"-x"_s, u"-o"_s, m_tool->file(u"deeper/%(title)s.%(ext)s"_s), u"https://x/"_s});
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
     void whatALinkLeadsToStays()
     {
         writeFile(m_tool->file(u"precious"_s), "x");
-        QVERIFY(survives("precious", "ln -s \"$DIR/precious\" \"$DIR/a.mp3\"", audio(), "a.mp3"));
+        QVERIFY(survives("precious", "link a.mp3 precious\n", audio(), "a.mp3"));
         QVERIFY(QFileInfo(m_tool->file(u"a.mp3"_s)).isSymLink());
     }
 
     void aFileThatAnotherRunHasFinishedStays()
     {
-        m_tool->setScript("if [ $N = 1 ]; then " + m_tool->gate("go")
-                          + "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"; exit 1; fi\n"
-                            "echo whole > \"$DIR/a.mp3\"\n"
-                            "echo \"[ExtractAudio] Destination: $DIR/a.mp3\"");
+        m_tool->respond("on 1 wait go\n"
+                        "on 1 print [ExtractAudio] Destination: {dir}/a.mp3\n"
+                        "on 1 exit 1\n"
+                        "write a.mp3 whole\n"
+                        "print [ExtractAudio] Destination: {dir}/a.mp3");
         const Download forger(*m_service, audio());
-        WAIT_FOR(m_tool->processIdentifiers().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_tool->processIdentifiers().size(), 1, patience);
         const Download maker(*m_service, audio());
-        WAIT_FOR(maker.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(maker.outcome().isSettled(), patience);
         m_tool->open("go");
-        WAIT_FOR(forger.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(forger.outcome().isSettled(), patience);
         QVERIFY(QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
@@ -139,12 +139,12 @@ private Q_SLOTS:
     {
         // As a playlist's title is printed, line breaks included.
         writeFile(m_tool->file(u"id_ed25519"_s), "key");
-        m_tool->setScript(
-            "printf '[download] Downloading playlist: Nice\\n[ExtractAudio] Destination: "
-            "%s/id_ed25519\\n' \"$DIR\"\nexit 1");
+        m_tool->respond("print [download] Downloading playlist: Nice\n"
+                        "print [ExtractAudio] Destination: {dir}/id_ed25519\n"
+                        "exit 1");
         for (const QStringList &arguments : {audio(), video()}) {
             const Download download(*m_service, arguments);
-            WAIT_FOR(download.outcome().isSettled());
+            QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
             QCOMPARE(contentOf(m_tool->file(u"id_ed25519"_s)), "key");
         }
     }
@@ -161,9 +161,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, name);
         QFETCH(QByteArray, end);
-        m_tool->setScript("echo --exec id > \"$DIR/" + name.toUtf8() + "\"\n" + end);
+        m_tool->respond("write " + name.toUtf8() + " --exec id\n" + end);
         const Download download(*m_service, video());
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(!QFile::exists(m_tool->file(name)));
         QCOMPARE(download.outcome().error(),
                  u"Download failed: The file was named “%1”, which yt-dlp would take for its own "
@@ -174,10 +174,10 @@ private Q_SLOTS:
     {
         QVERIFY(QDir(m_tool->file(u""_s)).mkpath(u"yt-dlp-folder/yt-dlp"_s));
         const QString folder = m_tool->file(u"yt-dlp-folder/yt-dlp"_s);
-        m_tool->setScript("echo x > '" + folder.toUtf8() + "/config'");
+        m_tool->respond("write " + folder.toUtf8() + "/config x");
         const Download download(*m_service,
                                 {u"-o"_s, folder + u"/%(title)s.%(ext)s"_s, u"https://x/"_s});
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(!QFile::exists(folder + u"/config"_s));
         QVERIFY(!download.outcome().error().isEmpty());
     }
@@ -186,7 +186,7 @@ private Q_SLOTS:
     {
         writeFile(m_tool->file(u"yt-dlp.conf"_s), "--no-mtime");
         const Download download(*m_service, video());
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(contentOf(m_tool->file(u"yt-dlp.conf"_s)), "--no-mtime");
         QCOMPARE(download.outcome().error(), QString());
     }
@@ -198,7 +198,7 @@ private Q_SLOTS:
         const QTemporaryDir own;
         qputenv("HOME", own.path().toUtf8());
         QDir::setCurrent(m_tool->file(u""_s));
-        m_tool->setScript("pwd > \"$DIR/place\"");
+        m_tool->respond("write place {cwd}");
         const Download download(*m_service, video());
         const bool isSettled =
             QTest::qWaitFor([&] { return download.outcome().isSettled(); }, 30000);
@@ -237,8 +237,7 @@ private:
     {
         if (named.isEmpty())
             named = file;
-        m_tool->setScript(action + "\necho \"[ExtractAudio] Destination: $DIR/" + named
-                          + "\"\nexit 1");
+        m_tool->respond(action + "print [ExtractAudio] Destination: {dir}/" + named + "\nexit 1");
         const Download download(*m_service, arguments);
         return QTest::qWaitFor([&] { return download.outcome().isSettled(); }, 30000)
             && QFile::exists(m_tool->file(QString::fromUtf8(file)));

@@ -26,11 +26,11 @@ private Q_SLOTS:
 
     void aDownloadReportsAndYieldsItsPath()
     {
-        m_tool->setScript("echo '[download] Destination: /d/a.mp4'\n"
-                          "echo '[download]  50.0% of 1.00MiB at 2.50MiB/s ETA 00:42'\n"
-                          "echo '[Merger] Merging formats into \"/d/b.mp4\"'");
+        m_tool->respond("print [download] Destination: /d/a.mp4\n"
+                        "print [download]  50.0% of 1.00MiB at 2.50MiB/s ETA 00:42\n"
+                        R"(print [Merger] Merging formats into "/d/b.mp4")");
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.outcome().value(), u"/d/b.mp4"_s);
         QCOMPARE(download.reports(),
                  QStringList({u"processing"_s, u"0.5 2.50MiB/s 00:42"_s, u"processing"_s}));
@@ -39,21 +39,21 @@ private Q_SLOTS:
     void aLineThatComesInTwoReadsIsProcessedOnce()
     {
         // A whole line in the same write tells that the half one has been read.
-        m_tool->setScript("printf '[Merger] x\\n[download]  50.0%% of 1.0'\n" + m_tool->gate("go")
-                          + "printf '0MiB at 1MiB/s ETA 00:01\\n'\n");
+        m_tool->respond("bytes [Merger] x\\n[download]  50.0% of 1.0\n"
+                        "wait go\n"
+                        "bytes 0MiB at 1MiB/s ETA 00:01\\n");
         const Download download(*m_service);
-        WAIT_FOR(download.reports().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(download.reports().size(), 1, patience);
         m_tool->open("go");
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.reports(), QStringList({u"processing"_s, u"0.5 1MiB/s 00:01"_s}));
     }
 
     void whatIsWrittenRightBeforeTheEndIsProcessed()
     {
-        m_tool->setScript("i=0; while [ $i -lt 3000 ]; do echo \"[download] $i.0% of 1MiB at "
-                          "1MiB/s ETA 00:01\"; i=$((i+1)); done");
+        m_tool->respond("repeat 3000 print [download] {i}.0% of 1MiB at 1MiB/s ETA 00:01");
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.reports().size(), 3000);
         QCOMPARE(download.reports().last(), u"29.99 1MiB/s 00:01"_s);
     }
@@ -65,10 +65,9 @@ private Q_SLOTS:
                                  QString(240, u'x')};
         for (const QString &title : titles) {
             const QString path = u"/d/"_s + title + u".mp4"_s;
-            writeFile(m_tool->file(u"line"_s), ("[download] Destination: " + path.toUtf8() + "\n"));
-            m_tool->setScript("cat \"$DIR/line\"");
+            m_tool->respond("print [download] Destination: " + path.toUtf8());
             const Download download(*m_service);
-            WAIT_FOR(download.outcome().isSettled());
+            QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
             QCOMPARE(download.outcome().value(), path);
         }
     }
@@ -76,24 +75,24 @@ private Q_SLOTS:
     void withoutADestinationLineThePathIsEmpty()
     {
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.outcome().value(), QString());
         QCOMPARE(download.outcome().error(), QString());
     }
 
     void aFailureWithoutWordsGivesTheExitCode()
     {
-        m_tool->setScript("exit 1");
+        m_tool->respond("exit 1");
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.outcome().error(), u"Download failed: Exit code 1"_s);
     }
 
     void aFailureCarriesStandardErrorUnchanged()
     {
-        m_tool->setScript("echo 'ERROR: no' >&2; exit 1");
+        m_tool->respond("fail ERROR: no");
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.outcome().error(), u"Download failed: ERROR: no\n"_s);
     }
 
@@ -101,7 +100,7 @@ private Q_SLOTS:
     {
         YTDLPService service({u"/nowhere/yt-dlp"_s});
         const Download download(service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(download.outcome().error().startsWith(u"Download failed: "_s));
         QVERIFY(download.outcome().error().contains(u"No such file or directory"_s));
         QVERIFY(!service.activeProcess());
@@ -110,26 +109,27 @@ private Q_SLOTS:
 
     void aLineOf64MegabytesDoesNotStopTheRun()
     {
-        m_tool->setScript("head -c 67108864 /dev/zero | tr '\\0' 'x'; echo;"
-                          "echo '[download] Destination: /d/a.mp4'");
+        m_tool->respond("fill 67108864 x\n"
+                        "print \n"
+                        "print [download] Destination: /d/a.mp4");
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.outcome().value(), u"/d/a.mp4"_s);
     }
 
     void aFloodOnStandardErrorDoesNotBlock()
     {
-        m_tool->setScript("head -c 10485760 /dev/zero | tr '\\0' 'e' >&2\n"
-                          "echo '[download] Destination: /d/a.mp4'");
+        m_tool->respond("stderr fill 10485760 e\n"
+                        "print [download] Destination: /d/a.mp4");
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.outcome().value(), u"/d/a.mp4"_s);
     }
 
     void anAddressLikeAnOptionNeverReachesTheTool()
     {
         const Download download(*m_service, {u"--newline"_s, u"-x"_s});
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(download.outcome().error().startsWith(u"Download failed: The address"_s));
         QVERIFY(m_tool->calls().isEmpty());
         QVERIFY(!m_service->activeProcess());
@@ -137,11 +137,12 @@ private Q_SLOTS:
 
     void terminatingTheActiveProcessFailsTheRun()
     {
-        m_tool->setScript("echo '[Merger] x'\n" + m_tool->gate("never"));
+        m_tool->respond("print [Merger] x\n"
+                        "wait never");
         const Download download(*m_service);
-        WAIT_FOR(!download.reports().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!download.reports().isEmpty(), patience);
         m_service->activeProcess()->send(SIGTERM);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.outcome().error(), u"Download failed: Exit code 15"_s);
     }
 
@@ -163,63 +164,61 @@ private Q_SLOTS:
 
     void aHandleOfAnEndedProcessDoesNothing()
     {
-        m_tool->setScript("echo '[Merger] x'\n" + m_tool->gate("go"));
+        m_tool->respond("print [Merger] x\n"
+                        "wait go");
         const Download download(*m_service);
-        WAIT_FOR(!download.reports().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!download.reports().isEmpty(), patience);
         const auto process = m_service->activeProcess();
         QVERIFY(process->isRunning());
         m_tool->open("go");
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QVERIFY(!process->isRunning());
         process->send(SIGKILL);
     }
 
     void ofAllShapesOfProgressOnlyTheFullOneIsReported()
     {
-        m_tool->setScript("cat << 'END'\n"
-                          "[download]   0.0% of    3.66MiB at  Unknown B/s ETA Unknown\n"
-                          "[download]  13.6% of    3.66MiB at  497.10KiB/s ETA 00:06\n"
-                          "[download]  20.0% of ~   2.29MiB at    1.00MiB/s ETA 00:03 (frag 1/5)\n"
-                          "[download]    1.00KiB at  Unknown B/s (00:00:00)\n"
-                          "[download] 100% of    3.66MiB in 00:00:07 at 499.56KiB/s\n"
-                          "[download] 100% of    3.66MiB\n"
-                          "END");
+        m_tool->respond(sample("progress-of-every-shape"));
         const Download download(*m_service);
-        WAIT_FOR(download.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
         QCOMPARE(download.reports(), QStringList{u"0.136 497.10KiB/s 00:06"_s});
     }
 
     void theEndOfAnEarlierRunLeavesTheSlotToTheLaterOne()
     {
-        m_tool->setScript("echo '[Merger] x'\n[ $N = 1 ] && {\n" + m_tool->gate("first")
-                          + "exit 0; }\n" + m_tool->gate("second"));
+        m_tool->respond("print [Merger] x\n"
+                        "on 1 wait first\n"
+                        "on 1 exit 0\n"
+                        "wait second");
         const Download first(*m_service);
-        WAIT_FOR(!first.reports().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!first.reports().isEmpty(), patience);
         const Download second(*m_service);
-        WAIT_FOR(!second.reports().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!second.reports().isEmpty(), patience);
         const auto secondProcess = m_service->activeProcess();
         m_tool->open("first");
-        WAIT_FOR(first.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(first.outcome().isSettled(), patience);
         QVERIFY(m_service->activeProcess() == secondProcess);
         QVERIFY(secondProcess->isRunning());
         m_tool->open("second");
-        WAIT_FOR(second.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(second.outcome().isSettled(), patience);
         QVERIFY(!m_service->activeProcess());
     }
 
     void aLaterRunTakesTheOneSlot()
     {
-        m_tool->setScript("echo '[Merger] x'\n" + m_tool->gate("go"));
+        m_tool->respond("print [Merger] x\n"
+                        "wait go");
         const Download first(*m_service);
-        WAIT_FOR(!first.reports().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!first.reports().isEmpty(), patience);
         const auto firstProcess = m_service->activeProcess();
         const Download second(*m_service);
-        WAIT_FOR(!second.reports().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!second.reports().isEmpty(), patience);
         QVERIFY(m_service->activeProcess() != firstProcess);
         QVERIFY(firstProcess->isRunning());
         m_tool->open("go");
         m_tool->open("go");
-        WAIT_FOR(first.outcome().isSettled() && second.outcome().isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(first.outcome().isSettled() && second.outcome().isSettled(),
+                                 patience);
     }
 
 private:

@@ -5,15 +5,6 @@
 
 namespace {
 
-/// The tool starts a child of its own, as the real one starts ffmpeg, and both
-/// wait for ever. $DIR/child holds the child's number.
-QByteArray toolWithChild(const QByteArray &before = {})
-{
-    return before
-        + "sh -c 'echo $$ > \"'\"$DIR\"'/child\"; while :; do sleep 0.05; done' &\n"
-          "echo '[Merger] x'\nwhile :; do sleep 0.05; done";
-}
-
 qint64 childOf(const FakeTool &tool)
 {
     return contentOf(tool.file(u"child"_s)).trimmed().toLongLong();
@@ -29,8 +20,8 @@ class EndTest : public SingleFixture
 private Q_SLOTS:
     void theToolAndItsChildAreGoneAfterAnOrderlyEnd()
     {
-        tool().setScript(toolWithChild());
-        startWithChild();
+        tool().respond(sample("tool-with-a-child"));
+        QVERIFY(startWithChild());
         m_fixture->state.reset();
         QVERIFY(!isAlive(tool().processIdentifiers().last()));
         QVERIFY(!isAlive(childOf(tool())));
@@ -38,10 +29,11 @@ private Q_SLOTS:
 
     void aPausedToolIsGoneToo()
     {
-        tool().setScript(toolWithChild());
-        startWithChild();
+        tool().respond(sample("tool-with-a-child"));
+        QVERIFY(startWithChild());
         state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()), QByteArray("T"),
+                                  patience);
         m_fixture->state.reset();
         QVERIFY(!isAlive(tool().processIdentifiers().last()));
         QVERIFY(!isAlive(childOf(tool())));
@@ -49,8 +41,8 @@ private Q_SLOTS:
 
     void aToolThatRefusesToEndIsKilled()
     {
-        tool().setScript(toolWithChild("trap '' TERM INT HUP\n"));
-        startWithChild();
+        tool().respond("ignore signals\n" + sample("tool-with-a-child"));
+        QVERIFY(startWithChild());
         m_fixture->state.reset();
         QVERIFY(!isAlive(tool().processIdentifiers().last()));
         QVERIFY(!isAlive(childOf(tool())));
@@ -58,11 +50,11 @@ private Q_SLOTS:
 
     void afterAKillOfTheProgramNoToolIsLeft()
     {
-        tool().setScript("while :; do sleep 0.05; done");
+        tool().respond("wait never");
         QProcess program;
         program.start(QCoreApplication::applicationFilePath(),
                       {u"--be-the-program"_s, tool().path()});
-        WAIT_FOR(tool().processIdentifiers().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().processIdentifiers().size(), 2, patience);
         program.kill();
         QVERIFY(program.waitForFinished());
         for (const qint64 process : tool().processIdentifiers())
@@ -71,14 +63,14 @@ private Q_SLOTS:
 
     void destroyedInMidDownloadNothingGoesOn()
     {
-        tool().setScript("echo '[download] 10% of 1MiB at 1MiB/s ETA 00:01'\n"
-                         + tool().gate("never"));
+        tool().respond("print [download] 10% of 1MiB at 1MiB/s ETA 00:01\n"
+                       "wait never");
         state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s});
         state().selectedPlaylistItems = AppState::EntrySelection({u"a"_s, u"b"_s});
         state().startSingleDownload();
         state().singleURL = u"https://x/"_s;
         state().fetchSingleInfo();
-        WAIT_FOR(tool().processIdentifiers().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().processIdentifiers().size(), 2, patience);
         const QList<qint64> processes = tool().processIdentifiers();
         m_fixture->state.reset();
         for (const qint64 process : processes)
@@ -99,22 +91,27 @@ private Q_SLOTS:
     void aSuccessThatMeetsTheEndIsNotRecorded()
     {
         // The tool takes the request to end for a reason to succeed.
-        tool().setScript("trap 'exit 0' TERM\necho '[Merger] x'\nwhile :; do sleep 0.01; done");
+        tool().respond("obey SIGTERM\n"
+                       "print [Merger] x\n"
+                       "wait never");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
+        QTRY_COMPARE_WITH_TIMEOUT(state().downloadStatus(), DownloadUIStatus(Status::Processing{}),
+                                  patience);
         m_fixture->state.reset();
         QVERIFY(!m_fixture->preferences->blob(u"quillon.history.v2"_s));
         QVERIFY(notifier().posted.isEmpty());
     }
 
 private:
-    void startWithChild()
+    [[nodiscard]] bool startWithChild()
     {
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
-        WAIT_FOR(childOf(tool()) > 0);
+        return waitFor([&] {
+            return state().downloadStatus() == DownloadUIStatus(Status::Processing{})
+                && childOf(tool()) > 0;
+        });
     }
 };
 

@@ -10,14 +10,14 @@ class FetchTest : public SingleFixture
 private Q_SLOTS:
     void aFetchAssignsInItsOrder()
     {
-        tool().setScript(oneVideo);
+        tool().respond(sample("one-video"));
         state().singleURL = u" https://x/watch?v=a \n"_s;
         AssignmentRecorder recorder(state());
         state().fetchSingleInfo();
         QCOMPARE(recorder.take(),
                  QStringList({u"isFetching"_s, u"fetchError"_s, u"singleInfo"_s,
                               u"selectedPlaylistItems"_s, u"downloadStatus"_s}));
-        WAIT_FOR(!state().isFetching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isFetching(), patience);
         QCOMPARE(recorder.take(), QStringList({u"singleInfo"_s, u"isFetching"_s}));
         QCOMPARE(state().singleInfo()->originalURL, u"https://x/watch?v=a"_s);
         QCOMPARE(tool().calls().first().last(), u"https://x/watch?v=a"_s);
@@ -36,27 +36,28 @@ private Q_SLOTS:
     void aMixedAddressIsFetchedAsChosen()
     {
         state().singleURL = u"https://x/watch?v=abc&list=PL1"_s;
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(tool().calls().last().contains(u"--no-playlist"_s));
         state().fetchAsPlaylist = true;
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(tool().calls().last().contains(u"--yes-playlist"_s));
     }
 
     void aPlaylistAddressIsFetchedAsOneWhateverWasChosen()
     {
         state().singleURL = u"https://x/playlist?list=PL1"_s;
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(tool().calls().last().contains(u"--yes-playlist"_s));
     }
 
     void aPlaylistStartsWithEveryEntrySelected()
     {
-        tool().setScript("for i in a b a; do "
-                         "printf '{\"id\":\"%s\",\"url\":\"u%s\"}\\n' $i $i; done");
+        tool().respond(R"(print {"id":"a","url":"ua"}
+print {"id":"b","url":"ub"}
+print {"id":"a","url":"ua"})");
         state().singleURL = u"https://x/playlist?list=PL1"_s;
         AssignmentRecorder recorder(state());
-        fetch();
+        QVERIFY(fetch());
         QCOMPARE(recorder.take().mid(5),
                  QStringList({u"singleInfo"_s, u"selectedPlaylistItems"_s, u"isFetching"_s}));
         QCOMPARE(state().singleInfo()->playlistEntries.size(), 3);
@@ -65,10 +66,10 @@ private Q_SLOTS:
 
     void aFailedFetchTellsWhy()
     {
-        tool().setScript("echo no >&2; exit 1");
+        tool().respond("fail no");
         state().singleURL = u"https://x/"_s;
         AssignmentRecorder recorder(state());
-        fetch();
+        QVERIFY(fetch());
         QCOMPARE(recorder.take().mid(5), QStringList({u"fetchError"_s, u"isFetching"_s}));
         QCOMPARE(state().fetchError(), u"Failed to fetch info: no\n"_s);
         QVERIFY(!state().singleInfo());
@@ -76,9 +77,9 @@ private Q_SLOTS:
 
     void theReadersOwnErrorIsShownUnprefixed()
     {
-        tool().setScript("echo garbage");
+        tool().respond("print garbage");
         state().singleURL = u"https://x/"_s;
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(!state().fetchError()->isEmpty());
         QVERIFY(!state().fetchError()->contains(u"rror:"_s));
     }
@@ -87,7 +88,7 @@ private Q_SLOTS:
     {
         QFile::remove(tool().path());
         state().singleURL = u"https://x/"_s;
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(state().fetchError()->startsWith(u"Failed to fetch info: "_s));
     }
 
@@ -95,35 +96,36 @@ private Q_SLOTS:
     {
         state().cookiesBrowser = u"brave"_s;
         state().singleURL = u"https://x/"_s;
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(tool().calls().last().contains(u"brave"_s));
     }
 
     void ofTwoFetchesTheOneThatEndsLastWins()
     {
-        tool().setScript("if [ $N = 1 ]; then\n" + tool().gate("first")
-                         + "echo '{\"title\":\"first\"}'; else echo '{\"title\":\"second\"}'; fi");
+        tool().respond(R"(on 1 wait first
+on 1 print {"title":"first"}
+on 2 print {"title":"second"})");
         state().singleURL = u"https://x/"_s;
         state().fetchSingleInfo();
-        WAIT_FOR(tool().processIdentifiers().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().processIdentifiers().size(), 1, patience);
         state().fetchSingleInfo();
-        WAIT_FOR(state().singleInfo().has_value());
+        QTRY_VERIFY_WITH_TIMEOUT(state().singleInfo().has_value(), patience);
         QCOMPARE(state().singleInfo()->title, u"second"_s);
         tool().open("first");
-        WAIT_FOR(state().singleInfo()->title == u"first"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(state().singleInfo()->title, u"first"_s, patience);
     }
 
     void aFetchThatComesBackAfterAClearStillLands()
     {
-        tool().setScript(tool().gate("go") + oneVideo);
+        tool().respond("wait go\n" + sample("one-video"));
         state().singleURL = u"https://x/"_s;
         state().fetchSingleInfo();
-        WAIT_FOR(tool().processIdentifiers().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().processIdentifiers().size(), 1, patience);
         state().singleURL = QString();
         state().singleInfo = std::nullopt;
         state().resetDownload();
         tool().open("go");
-        WAIT_FOR(state().singleInfo().has_value());
+        QTRY_VERIFY_WITH_TIMEOUT(state().singleInfo().has_value(), patience);
     }
 };
 

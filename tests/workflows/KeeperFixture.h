@@ -40,8 +40,8 @@ protected:
 
     void setTool(const QByteArray &version, const QByteArray &rest = "exit 1")
     {
-        m_fixture->tool.setScript("if [ \"$1\" = --version ]; then echo " + version + "; exit; fi\n"
-                                  + rest);
+        m_fixture->tool.respond("for --version print " + version + "\nfor --version exit 0\n"
+                                + rest);
     }
 
     void makeKeeper()
@@ -55,30 +55,30 @@ protected:
                               .source = {.folder = m_server->address(), .key = m_signer->key},
                               .today = [this] { return m_today; }});
     }
-    void begin()
+    [[nodiscard]] bool begin()
     {
         m_keeper->begin();
-        WAIT_FOR(m_keeper->report());
+        return waitFor([&] { return m_keeper->report().has_value(); });
     }
-    void restart()
+    [[nodiscard]] bool restart()
     {
         m_keeper.reset();
         m_fixture->restart();
         makeKeeper();
-        begin();
+        return begin();
     }
     QString version() const { return m_keeper->report()->version.text; }
 
-    void fetch(const QString &address = u"https://example.org/a"_s)
+    [[nodiscard]] bool fetch(const QString &address = u"https://example.org/a"_s)
     {
         state().singleURL = address;
         state().fetchSingleInfo();
-        WAIT_FOR(!state().isFetching());
+        return waitFor([&] { return !state().isFetching(); });
     }
-    void update()
+    [[nodiscard]] bool update()
     {
         m_keeper->update();
-        WAIT_FOR(m_keeper->updatePhase() != ToolKeeper::UpdatePhase::running);
+        return waitFor([&] { return m_keeper->updatePhase() != ToolKeeper::UpdatePhase::running; });
     }
 
     std::unique_ptr<Signer> m_signer;

@@ -22,7 +22,7 @@ protected Q_SLOTS:
         m_inhibitor = std::make_unique<SleepInhibitor>();
         m_session = std::make_unique<MediaSession>(state(), *m_control, *m_inhibitor);
         state().browseResults = AppState::Results{result(u"a"_s), result(u"b"_s), result(u"c"_s)};
-        m_fixture->tool.setScript("for LAST; do :; done\necho \"http://media/${LAST##*/}.mp4\"");
+        m_fixture->tool.respond("print http://media/{id}.mp4");
     }
     void cleanup()
     {
@@ -48,10 +48,10 @@ protected:
     AppState &state() { return *m_fixture->state; }
     RecordingDesktop::SilentEngine *engine() { return *m_fixture->desktop.engine; }
 
-    void play(const QString &id)
+    [[nodiscard]] bool play(const QString &id)
     {
         state().playBrowseResult(result(id));
-        WAIT_FOR(!state().isLoadingStream());
+        return waitFor([&] { return !state().isLoadingStream(); });
     }
 
     void tellPosition(double position)

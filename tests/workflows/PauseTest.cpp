@@ -11,15 +11,16 @@ class PauseTest : public SingleFixture
 private Q_SLOTS:
     void pauseStopsTheToolAndResumeContinuesIt()
     {
-        startStoppable();
+        QVERIFY(startStoppable());
         state().togglePause();
         QVERIFY(state().isPaused());
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()), QByteArray("T"),
+                                  patience);
         state().togglePause();
         QVERIFY(!state().isPaused());
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()) != "T", patience);
         tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
     }
 
     void pauseWithoutAProcessFlipsTheFlag()
@@ -32,60 +33,65 @@ private Q_SLOTS:
 
     void theEndOfARunUnsetsThePause()
     {
-        startStoppable();
+        QVERIFY(startStoppable());
         state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()), QByteArray("T"),
+                                  patience);
         kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGKILL);
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         QVERIFY(!state().isPaused());
         QVERIFY(kindOf(state().downloadStatus()) == StatusKind::Failed);
     }
 
     void resumeAlsoContinuesWhatAnotherRunHasPushedOut()
     {
-        startStoppable();
+        QVERIFY(startStoppable());
         const qint64 first = tool().processIdentifiers().last();
         state().togglePause();
-        WAIT_FOR(stateOf(first) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(first), QByteArray("T"), patience);
         // Another download takes the slot, as one of another mode does.
         service().runProcessWithProgress(
             {u"x"_s}, [](auto...) {}, [] {}, [](const auto &) {});
-        WAIT_FOR(tool().processIdentifiers().size() == 2);
-        WAIT_FOR(service().activeProcess()->processIdentifier() != first);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().processIdentifiers().size(), 2, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(service().activeProcess()->processIdentifier() != first, patience);
         QVERIFY(stateOf(first) == "T");
         state().togglePause();
-        WAIT_FOR(stateOf(first) != "T");
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(first) != "T", patience);
         tool().open("go");
         tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
     }
 
     void pauseStopsTheToolAloneAndNotItsChildren()
     {
-        tool().setScript("sleep 1000 & echo $! > \"$DIR/child\"; echo '[Merger] x'\n"
-                         + tool().gate("go") + "kill $!");
+        tool().respond("child\n"
+                       "print [Merger] x\n"
+                       "wait go\n"
+                       "end child");
         startDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
+        QTRY_COMPARE_WITH_TIMEOUT(state().downloadStatus(), DownloadUIStatus(Status::Processing{}),
+                                  patience);
         const qint64 child = contentOf(tool().file(u"child"_s)).trimmed().toLongLong();
         state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()), QByteArray("T"),
+                                  patience);
         QCOMPARE(stateOf(child), "S"_ba);
         state().togglePause();
         tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
     }
 
     void theStartOfAQueueContinuesAPausedDownload()
     {
         runTwo();
         startDownload();
-        WAIT_FOR(runs(0));
-        pause(0);
+        QTRY_VERIFY_WITH_TIMEOUT(runs(0), patience);
+        QVERIFY(pause(0));
         state().queue = {std::make_shared<DownloadItem>(u"https://x/"_s)};
         state().startQueueDownload();
         QVERIFY(!state().isPaused());
-        WAIT_FOR(stateOf(process(0)) != "T");
-        endBoth();
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(process(0)) != "T", patience);
+        QVERIFY(endBoth());
     }
 
     void theEndOfAQueueContinuesAPausedDownloadOfBrowse()
@@ -93,14 +99,14 @@ private Q_SLOTS:
         runTwo();
         state().queue = {std::make_shared<DownloadItem>(u"https://x/"_s)};
         state().startQueueDownload();
-        WAIT_FOR(runs(0));
-        browse();
-        pause(1);
+        QTRY_VERIFY_WITH_TIMEOUT(runs(0), patience);
+        QVERIFY(browse());
+        QVERIFY(pause(1));
         tool().open("one");
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QVERIFY(!state().isPaused());
-        WAIT_FOR(stateOf(process(1)) != "T");
-        endBoth();
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(process(1)) != "T", patience);
+        QVERIFY(endBoth());
     }
 
     void theEndOfASingleRunContinuesAPausedDownloadOfBrowse_data()
@@ -114,37 +120,38 @@ private Q_SLOTS:
         QFETCH(QByteArray, ending);
         runTwo(ending);
         startDownload();
-        WAIT_FOR(runs(0));
-        browse();
-        pause(1);
+        QTRY_VERIFY_WITH_TIMEOUT(runs(0), patience);
+        QVERIFY(browse());
+        QVERIFY(pause(1));
         tool().open("one");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         QVERIFY(!state().isPaused());
-        WAIT_FOR(stateOf(process(1)) != "T");
-        endBoth();
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(process(1)) != "T", patience);
+        QVERIFY(endBoth());
     }
 
     void aSecondSingleRunContinuesThePausedFirst()
     {
         runTwo();
         startDownload();
-        WAIT_FOR(runs(0));
-        pause(0);
+        QTRY_VERIFY_WITH_TIMEOUT(runs(0), patience);
+        QVERIFY(pause(0));
         startDownload();
         QVERIFY(!state().isPaused());
-        WAIT_FOR(stateOf(process(0)) != "T");
-        endBoth();
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(process(0)) != "T", patience);
+        QVERIFY(endBoth());
     }
 
     void aResetWhilePausedLetsTheRunGoOn()
     {
-        startStoppable();
+        QVERIFY(startStoppable());
         state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()), QByteArray("T"),
+                                  patience);
         state().resetDownload();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()) != "T", patience);
         tool().open("go");
-        WAIT_FOR(!state().history().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().history().isEmpty(), patience);
     }
 
 private:
@@ -157,11 +164,14 @@ private:
     /// The first call of the tool waits for "one", others for "two".
     void runTwo(const QByteArray &endOfFirst = "exit 0")
     {
-        tool().setScript("if [ $N = 1 ]; then " + tool().gate("one") + endOfFirst + "; else "
-                         + tool().gate("two") + "fi");
+        tool().respond("on 1 wait one\n"
+                       "on 1 "
+                       + endOfFirst
+                       + "\n"
+                         "wait two");
     }
 
-    void browse()
+    [[nodiscard]] bool browse()
     {
         state().browseDownload({.id = u"b"_s,
                                 .title = u"B"_s,
@@ -170,7 +180,7 @@ private:
                                 .thumbnailURL = {},
                                 .videoURL = u"https://x/b"_s},
                                false);
-        WAIT_FOR(runs(1));
+        return waitFor([&] { return runs(1); });
     }
 
     qint64 process(qsizetype call) { return tool().processIdentifiers().value(call); }
@@ -182,18 +192,18 @@ private:
         return active && active->isRunning() && process(call) == active->processIdentifier();
     }
 
-    void pause(qsizetype call)
+    [[nodiscard]] bool pause(qsizetype call)
     {
         state().togglePause();
-        WAIT_FOR(stateOf(process(call)) == "T");
+        return waitFor([&] { return stateOf(process(call)) == "T"; });
     }
 
-    void endBoth()
+    [[nodiscard]] bool endBoth()
     {
         tool().open("one");
         for (int call = 0; call < 2; ++call)
             tool().open("two");
-        WAIT_FOR(m_fixture->hasEnded() && !state().isQueueDownloading());
+        return waitFor([&] { return m_fixture->hasEnded() && !state().isQueueDownloading(); });
     }
 };
 

@@ -16,7 +16,7 @@ private Q_SLOTS:
     {
         m_fixture = std::make_unique<StateFixture>();
         state().browseResults = AppState::Results{result(u"a"_s), result(u"b"_s), result(u"c"_s)};
-        tool().setScript("for LAST; do :; done\necho \"http://media/${LAST##*/}.mp4\"");
+        tool().respond("print http://media/{id}.mp4");
     }
     void cleanup() { m_fixture.reset(); }
 
@@ -27,7 +27,7 @@ private Q_SLOTS:
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
         QVERIFY(state().isLoadingStream());
         QVERIFY(!engine()); // not before there is something to play
-        WAIT_FOR(!state().isLoadingStream());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(played(), QStringList{u"http://media/a.mp4"_s});
         QVERIFY(!engine()->isPaused);
         QVERIFY(!tool().calls().first().contains(u"--cookies-from-browser"_s));
@@ -36,7 +36,7 @@ private Q_SLOTS:
 
     void choosingItAgainStopsIt()
     {
-        play(u"a"_s);
+        QVERIFY(play(u"a"_s));
         state().playBrowseResult(result(u"a"_s));
         QVERIFY(!state().nowPlaying());
         QVERIFY(!state().avPlayer.hasItem());
@@ -45,18 +45,19 @@ private Q_SLOTS:
 
     void choosingItWhileItLoadsStopsIt()
     {
-        tool().setScript(tool().gate("late") + "echo http://media/a.mp4");
+        tool().respond("wait late\n"
+                       "print http://media/a.mp4");
         state().playBrowseResult(result(u"a"_s));
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         state().playBrowseResult(result(u"a"_s));
         QVERIFY(!state().nowPlaying());
         QVERIFY(!state().isLoadingStream());
         const qint64 first = tool().processIdentifiers().last();
         tool().open("late");
-        WAIT_FOR(!isAlive(first));
+        QTRY_VERIFY_WITH_TIMEOUT(!isAlive(first), patience);
         // The answer of another one comes after its own.
-        tool().setScript("echo http://media/b.mp4");
-        play(u"b"_s);
+        tool().respond("print http://media/b.mp4");
+        QVERIFY(play(u"b"_s));
         QCOMPARE(played(), QStringList{u"http://media/b.mp4"_s});
     }
 
@@ -66,7 +67,7 @@ private Q_SLOTS:
         const QStringList all{u"nowPlaying"_s, u"isLoadingStream"_s, u"playerError"_s};
         state().playBrowseResult(result(u"a"_s));
         QCOMPARE(recorder.take(), all);
-        WAIT_FOR(!state().isLoadingStream());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(recorder.take(), QStringList{u"isLoadingStream"_s});
         state().stopPlayback();
         QCOMPARE(recorder.take(), all);
@@ -74,17 +75,17 @@ private Q_SLOTS:
 
     void anAddressThatComesTooLateIsIgnoredAndItsToolRunsToItsEnd()
     {
-        tool().setScript("for LAST; do :; done\ncase $LAST in */a) " + tool().gate("late")
-                         + ";; esac\necho \"http://media/${LAST##*/}.mp4\"");
+        tool().respond("for */a wait late\n"
+                       "print http://media/{id}.mp4");
         state().playBrowseResult(result(u"a"_s));
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         const qint64 first = tool().processIdentifiers().last();
-        play(u"b"_s);
+        QVERIFY(play(u"b"_s));
         QVERIFY(isAlive(first));
         const QSignalSpy spy(&state(), &AppState::playerErrorChanged);
         tool().open("late");
-        WAIT_FOR(!isAlive(first));
-        play(u"c"_s); // what came late has been heard by now
+        QTRY_VERIFY_WITH_TIMEOUT(!isAlive(first), patience);
+        QVERIFY(play(u"c"_s)); // what came late has been heard by now
         QCOMPARE(played(), QStringList({u"http://media/b.mp4"_s, u"http://media/c.mp4"_s}));
         QCOMPARE(state().nowPlaying()->id, u"c"_s);
         QCOMPARE(spy.count(), 1); // by the choice of c
@@ -92,29 +93,30 @@ private Q_SLOTS:
 
     void aSlowResolutionWhileFiveOthersAreChosenPlaysTheLast()
     {
-        tool().setScript(tool().gate("slow")
-                         + "for LAST; do :; done\necho \"http://media/${LAST##*/}.mp4\"");
+        tool().respond("wait slow\n"
+                       "print http://media/{id}.mp4");
         AppState::Results results;
         for (int number = 0; number < 6; ++number)
             results.append(result(QString::number(number)));
         state().browseResults = results;
         for (const SearchResult &each : results)
             state().playBrowseResult(each);
-        WAIT_FOR(tool().calls().size() == 6);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 6, patience);
         for (int number = 0; number < 6; ++number)
             tool().open("slow");
-        WAIT_FOR(!state().isLoadingStream());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(played(), QStringList{u"http://media/5.mp4"_s});
         for (const qint64 process : tool().processIdentifiers())
-            WAIT_FOR(!isAlive(process));
+            QTRY_VERIFY_WITH_TIMEOUT(!isAlive(process), patience);
     }
 
     void resolutionsThatHangEndWithTheProgram()
     {
-        tool().setScript("trap '' TERM INT HUP\n" + tool().gate("never"));
+        tool().respond("ignore signals\n"
+                       "wait never");
         state().playBrowseResult(result(u"a"_s));
         state().playBrowseResult(result(u"b"_s));
-        WAIT_FOR(tool().calls().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 2, patience);
         const QList<qint64> processes = tool().processIdentifiers();
         m_fixture->state.reset();
         for (const qint64 process : processes)
@@ -123,31 +125,31 @@ private Q_SLOTS:
 
     void aFailedResolutionIsShownAndKeepsTheChoice()
     {
-        tool().setScript("true");
+        tool().respond("");
         state().playBrowseResult(result(u"a"_s));
-        WAIT_FOR(!state().isLoadingStream());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(state().playerError(), u"Failed to fetch info: Could not retrieve stream URL"_s);
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
         state().playBrowseResult(result(u"a"_s)); // stops
         QVERIFY(!state().nowPlaying() && !state().playerError());
-        tool().setScript("echo http://media/a.mp4");
-        play(u"a"_s); // tries again
+        tool().respond("print http://media/a.mp4");
+        QVERIFY(play(u"a"_s)); // tries again
         QVERIFY(!state().playerError());
         QCOMPARE(played(), QStringList{u"http://media/a.mp4"_s});
     }
 
     void aStreamThatIsNotOfTheWebIsAPlayerError()
     {
-        tool().setScript("echo file:///etc/passwd");
-        play(u"a"_s);
-        WAIT_FOR(state().playerError().has_value());
+        tool().respond("print file:///etc/passwd");
+        QVERIFY(play(u"a"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(state().playerError().has_value(), patience);
         QVERIFY(!engine());
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
     }
 
     void aStreamThatBreaksIsAPlayerErrorAndNoEnd()
     {
-        play(u"a"_s);
+        QVERIFY(play(u"a"_s));
         engine()->events.failed(u"The connection was lost"_s);
         QCOMPARE(state().playerError(), u"The connection was lost"_s);
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
@@ -156,9 +158,10 @@ private Q_SLOTS:
 
     void theEndStartsTheNextAndTheLastOneStays()
     {
-        play(u"b"_s);
+        QVERIFY(play(u"b"_s));
         end();
-        WAIT_FOR(state().nowPlaying()->id == u"c" && !state().isLoadingStream());
+        QTRY_VERIFY_WITH_TIMEOUT(state().nowPlaying()->id == u"c" && !state().isLoadingStream(),
+                                 patience);
         const QSignalSpy spy(&state(), &AppState::nowPlayingChanged);
         end();
         QCOMPARE(spy.count(), 0);
@@ -169,7 +172,7 @@ private Q_SLOTS:
 
     void anEndWithNothingChosenDoesNothing()
     {
-        play(u"a"_s);
+        QVERIFY(play(u"a"_s));
         state().stopPlayback();
         const QSignalSpy spy(&state(), &AppState::nowPlayingChanged);
         Q_EMIT state().avPlayer.playedToEnd();
@@ -182,27 +185,28 @@ private Q_SLOTS:
         state().browseResults =
             AppState::Results{result(u"x"_s), result(u"b"_s), result(u"x"_s), result(u"d"_s)};
         state().playBrowseResult(state().browseResults()[2]);
-        WAIT_FOR(!state().isLoadingStream());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(state().currentPlayIndex(), 0);
         end();
-        WAIT_FOR(state().nowPlaying()->id == u"b" && !state().isLoadingStream());
+        QTRY_VERIFY_WITH_TIMEOUT(state().nowPlaying()->id == u"b" && !state().isLoadingStream(),
+                                 patience);
     }
 
     void betweenTwoNeighboursWithOneIdentifierTheEndStops()
     {
         state().browseResults = AppState::Results{result(u"x"_s), result(u"x"_s), result(u"d"_s)};
-        play(u"x"_s);
+        QVERIFY(play(u"x"_s));
         end(); // chooses what is chosen already
-        WAIT_FOR(!state().nowPlaying());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().nowPlaying(), patience);
     }
 
     void aNewSearchLeavesThePlayerRunningAndItsPlaceOpen()
     {
-        play(u"a"_s);
-        tool().setScript("echo '{\"id\":\"z\"}'");
+        QVERIFY(play(u"a"_s));
+        tool().respond(R"(print {"id":"z"})");
         state().browseSearchQuery = u"other boats"_s;
         state().searchYouTube();
-        WAIT_FOR(!state().isBrowseSearching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isBrowseSearching(), patience);
         QCOMPARE(state().browseResults().first().id, u"z"_s);
         QVERIFY(!state().currentPlayIndex());
         QVERIFY(state().avPlayer.hasItem());
@@ -232,10 +236,10 @@ private:
                 .videoURL = u"https://x/"_s + id};
     }
 
-    void play(const QString &id)
+    [[nodiscard]] bool play(const QString &id)
     {
         state().playBrowseResult(result(id));
-        WAIT_FOR(!state().isLoadingStream());
+        return waitFor([&] { return !state().isLoadingStream(); });
     }
 
     void end()

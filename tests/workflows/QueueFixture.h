@@ -19,26 +19,17 @@ private Q_SLOTS:
     void init()
     {
         m_fixture = std::make_unique<StateFixture>();
-        tool().setScript(script());
+        respondToFetches();
     }
     void cleanup() { m_fixture.reset(); }
 
 protected:
     using Kinds = QList<StatusKind::Value>;
 
-    /// A script that answers fetches, and for downloads does what is said.
-    static QByteArray script(
-        const QByteArray &download = "echo \"[download] Destination: /d/$N.mp4\"")
+    /// The tool answers fetches, and does this for downloads.
+    void respondToFetches(const QByteArray &download = "print [download] Destination: /d/{n}.mp4")
     {
-        return "for LAST; do :; done\n"
-               "entry() { echo '{\"_type\":\"url\",\"id\":\"'$1'\",\"title\":\"Title '$1'\","
-               "\"url\":\"https://x/watch?v='$1'\"}'; }\n"
-               "case \"$*\" in\n"
-               "*--flat-playlist*) entry a; entry b; entry c;;\n"
-               "*--dump-json*) echo '{\"id\":\"i\",\"title\":\"Title of '$LAST'\","
-               "\"thumbnail\":\"http://x/t.jpg\"}';;\n"
-               "*) "
-            + download + ";;\nesac";
+        tool().respond(sample("fetches") + download);
     }
 
     AppState &state() { return *m_fixture->state; }
@@ -47,13 +38,17 @@ protected:
     std::shared_ptr<DownloadItem> item(qsizetype index) { return state().queue().at(index); }
 
     /// Puts addresses into the queue and waits until they are known.
-    void add(const QStringList &addresses)
+    [[nodiscard]] bool add(const QStringList &addresses)
     {
         for (const QString &address : addresses) {
             state().addURLToQueue(address);
-            WAIT_FOR(item(state().queue().size() - 1)->status()
-                     == DownloadStatus(Status::Waiting{}));
+            if (!waitFor([&] {
+                    return item(state().queue().size() - 1)->status()
+                        == DownloadStatus(Status::Waiting{});
+                }))
+                return false;
         }
+        return true;
     }
 
     Kinds statuses()

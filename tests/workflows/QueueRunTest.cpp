@@ -11,13 +11,13 @@ class QueueRunTest : public QueueFixture
 private Q_SLOTS:
     void aRunAssignsInItsOrder()
     {
-        add({u"https://x/1"_s});
+        QVERIFY(add({u"https://x/1"_s}));
         AssignmentRecorder recorder(state());
         state().startQueueDownload();
         QCOMPARE(recorder.take(),
                  QStringList({u"isQueueDownloading"_s, u"isPaused"_s, u"totalDownloadCount"_s,
                               u"currentDownloadIndex"_s}));
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(recorder.take(),
                  QStringList({u"currentDownloadIndex"_s, u"currentDownloadTitle"_s, u"history"_s,
                               u"isQueueDownloading"_s, u"isPaused"_s, u"currentDownloadTitle"_s,
@@ -28,7 +28,7 @@ private Q_SLOTS:
     {
         state().queue = {std::make_shared<DownloadItem>(u"https://x/1"_s)};
         state().startQueueDownload();
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         const HistoryItem record = state().history().first();
         QCOMPARE(record.title, u"https://x/1"_s);
         QCOMPARE(record.url, u"https://x/1"_s);
@@ -45,7 +45,7 @@ private Q_SLOTS:
 
     void entriesAreDownloadedInOrderAndRecorded()
     {
-        add({u"https://x/1"_s, u"https://x/2"_s});
+        QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
         state().multiQuality = QualityOption::queueOptions().at(2);
         QStringList course;
         connect(&state(), &AppState::currentDownloadTitleChanged, &state(), [&] {
@@ -56,7 +56,7 @@ private Q_SLOTS:
         state().startQueueDownload();
         QVERIFY(state().isQueueDownloading() && !state().isDownloading());
         QCOMPARE(state().totalDownloadCount(), 2);
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(
             course,
             QStringList({u"1/2 Title of https://x/1"_s, u"2/2 Title of https://x/2"_s, u"2/2 "_s}));
@@ -76,31 +76,34 @@ private Q_SLOTS:
 
     void reportsChangeTheEntryAlone()
     {
-        add({u"https://x/1"_s, u"https://x/2"_s});
-        tool().setScript(script("echo '[download]  42.5% of 1MiB at 2MiB/s ETA 00:42'\n"
-                                + tool().gate("a") + "echo '[Merger] x'\n" + tool().gate("b")));
+        QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
+        respondToFetches("print [download]  42.5% of 1MiB at 2MiB/s ETA 00:42\n"
+                         "wait a\n"
+                         "print [Merger] x\n"
+                         "wait b");
         const QSignalSpy queueSpy(&state(), &AppState::queueChanged);
         state().startQueueDownload();
-        WAIT_FOR(progressOf(item(0)->status()) > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(progressOf(item(0)->status()) > 0, patience);
         QVERIFY(item(0)->status()
                 == DownloadStatus(Status::Downloading{0.425, u"2MiB/s"_s, u"00:42"_s}));
         QVERIFY(item(1)->status() == DownloadStatus(Status::Waiting{}));
         tool().open("a");
-        WAIT_FOR(item(0)->status() == DownloadStatus(Status::Processing{}));
+        QTRY_COMPARE_WITH_TIMEOUT(item(0)->status(), DownloadStatus(Status::Processing{}),
+                                  patience);
         QCOMPARE(state().downloadProgress(), 0.0);
         QVERIFY(state().downloadStatus() == DownloadUIStatus(Status::Idle{}));
         QCOMPARE(queueSpy.count(), 0);
         for (const char *gate : {"b", "a", "b"})
             tool().open(gate);
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
     }
 
     void ofThreeOneFailsAndTheNotificationCountsThree()
     {
-        add({u"https://x/1"_s, u"https://x/bad"_s, u"https://x/3"_s});
-        tool().setScript(script("case $LAST in *bad) echo gone >&2; exit 1;; esac"));
+        QVERIFY(add({u"https://x/1"_s, u"https://x/bad"_s, u"https://x/3"_s}));
+        respondToFetches("for *bad fail gone");
         state().startQueueDownload();
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(statuses(), Kinds({StatusKind::Done, StatusKind::Failed, StatusKind::Done}));
         QCOMPARE(messageOf(item(1)->status()), u"Download failed: gone\n"_s);
         QCOMPARE(state().history().size(), 2);
@@ -110,80 +113,80 @@ private Q_SLOTS:
 
     void aRunOfOneAnnouncesQueueAlsoWhenItFailed()
     {
-        add({u"https://x/1"_s});
-        tool().setScript("exit 1");
+        QVERIFY(add({u"https://x/1"_s}));
+        tool().respond("exit 1");
         state().startQueueDownload();
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(statuses(), Kinds{StatusKind::Failed});
         QCOMPARE(notifier().posted.first().body, u"\"Queue\" downloaded successfully"_s);
     }
 
     void doneAndFailedEntriesAreTakenAgain()
     {
-        add({u"https://x/1"_s, u"https://x/bad"_s});
-        tool().setScript(script("case $LAST in *bad) exit 1;; esac"));
+        QVERIFY(add({u"https://x/1"_s, u"https://x/bad"_s}));
+        respondToFetches("for *bad exit 1");
         state().startQueueDownload();
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(statuses(), Kinds({StatusKind::Done, StatusKind::Failed}));
-        tool().setScript(script());
+        respondToFetches();
         state().startQueueDownload();
         QCOMPARE(state().totalDownloadCount(), 2);
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(statuses(), Kinds(2, StatusKind::Done));
         QCOMPARE(state().history().size(), 3);
     }
 
     void anEntryThatIsFetchedIsNotTaken()
     {
-        add({u"https://x/1"_s});
-        tool().setScript("case \"$*\" in *hang*) " + tool().gate("never") + ";; esac\n" + script());
+        QVERIFY(add({u"https://x/1"_s}));
+        tool().respond("for *hang* wait never\n" + sample("fetches"));
         state().addURLToQueue(u"https://x/hang"_s);
         state().startQueueDownload();
         QCOMPARE(state().totalDownloadCount(), 1);
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
     }
 
     void anEntryThatWasAddedLaterIsNotPartOfTheRun()
     {
-        add({u"https://x/1"_s});
-        tool().setScript(script(tool().gate("run")));
+        QVERIFY(add({u"https://x/1"_s}));
+        respondToFetches("wait run");
         state().startQueueDownload();
-        WAIT_FOR(statuses() == Kinds{StatusKind::Downloading});
-        add({u"https://x/2"_s});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Downloading}, patience);
+        QVERIFY(add({u"https://x/2"_s}));
         tool().open("run");
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(statuses(), Kinds({StatusKind::Done, StatusKind::Waiting}));
     }
 
     void formatQualityAndFolderAreFixedAndTheOtherSettingsRead()
     {
-        add({u"https://x/1"_s, u"https://x/2"_s});
-        tool().setScript(script(tool().gate("run")));
+        QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
+        respondToFetches("wait run");
         state().multiQuality = QualityOption::queueOptions().at(4);
         state().startQueueDownload();
-        WAIT_FOR(tool().calls().size() == 3);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 3, patience);
         state().multiFormat = MediaFormat::mp3;
         state().multiQuality = QualityOption::best(MediaFormat::mp3);
         state().downloadDir = u"/elsewhere"_s;
         state().speedLimit = u"2M"_s;
         state().cookiesBrowser = u"edge"_s;
         tool().open("run");
-        WAIT_FOR(tool().calls().size() == 4);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 4, patience);
         const QStringList second = tool().calls().last();
         QVERIFY(second.contains(QualityOption::queueOptions().at(4).formatString));
         QVERIFY(second.contains(m_fixture->folder.path() + u"/%(title)s.%(ext)s"_s));
         QVERIFY(second.contains(u"2M"_s) && second.contains(u"edge"_s));
         tool().open("run");
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
     }
 
     void mp3OverridesTheQuality()
     {
-        add({u"https://x/1"_s});
+        QVERIFY(add({u"https://x/1"_s}));
         state().multiFormat = MediaFormat::mp3;
         state().multiQuality = QualityOption::queueOptions().at(2);
         state().startQueueDownload();
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QVERIFY(tool().calls().last().contains(u"bestaudio/best"_s));
         QCOMPARE(state().history().first().format, u"mp3"_s);
         QCOMPARE(state().history().first().quality, u"Best"_s);
@@ -191,13 +194,13 @@ private Q_SLOTS:
 
     void aSecondStartDuringARunIsRefused()
     {
-        add({u"https://x/1"_s});
-        tool().setScript(script(tool().gate("run")));
+        QVERIFY(add({u"https://x/1"_s}));
+        respondToFetches("wait run");
         state().startQueueDownload();
-        WAIT_FOR(statuses() == Kinds{StatusKind::Downloading});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Downloading}, patience);
         state().startQueueDownload();
         tool().open("run");
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(notifier().posted.size(), 1);
         QCOMPARE(tool().calls().size(), 2);
     }
@@ -206,9 +209,11 @@ private Q_SLOTS:
     {
         for (int number = 0; number < 100; ++number)
             state().addURLToQueue(u"https://x/%1"_s.arg(number));
-        WAIT_FOR(statuses() == Kinds(100, StatusKind::Waiting));
-        tool().setScript(
-            script("[ $(( ${LAST##*/} % 3 )) = 0 ] && { echo third >&2; exit 1; }; :"));
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds(100, StatusKind::Waiting), patience);
+        QByteArray thirdsFail;
+        for (int number = 0; number < 100; number += 3)
+            thirdsFail += "for */" + QByteArray::number(number) + " fail third\n";
+        respondToFetches(thirdsFail);
         state().startQueueDownload();
         QVERIFY(QTest::qWaitFor([this] { return !state().isQueueDownloading(); }, 120'000));
         QCOMPARE(statuses().count(StatusKind::Failed), 34);
@@ -218,12 +223,12 @@ private Q_SLOTS:
 
     void aProcessThatIsKilledFromOutsideFailsItsEntryAlone()
     {
-        add({u"https://x/1"_s, u"https://x/2"_s});
-        tool().setScript(script("case $LAST in */1) " + tool().gate("never") + ";; esac"));
+        QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
+        respondToFetches("for */1 wait never");
         state().startQueueDownload();
-        WAIT_FOR(tool().calls().size() == 3);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 3, patience);
         kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGKILL);
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(statuses(), Kinds({StatusKind::Failed, StatusKind::Done}));
     }
 
@@ -231,67 +236,72 @@ private Q_SLOTS:
 
     void clearingKeepsWhatIsGoingOnAndTheRunDownloadsTheRestUnseen()
     {
-        add({u"https://x/1"_s, u"https://x/2"_s, u"https://x/3"_s});
-        tool().setScript(script(tool().gate("run")));
+        QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s, u"https://x/3"_s}));
+        respondToFetches("wait run");
         state().startQueueDownload();
-        WAIT_FOR(statuses().first() == StatusKind::Downloading);
+        QTRY_COMPARE_WITH_TIMEOUT(statuses().first(), StatusKind::Downloading, patience);
         tool().open("run");
-        WAIT_FOR(statuses().at(1) == StatusKind::Downloading);
+        QTRY_COMPARE_WITH_TIMEOUT(statuses().at(1), StatusKind::Downloading, patience);
         state().clearQueue();
         QCOMPARE(titles(), QStringList{u"Title of https://x/2"_s});
         tool().open("run");
         tool().open("run");
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(state().history().size(), 3);
         QCOMPARE(notifier().posted.first().body, u"3 files downloaded successfully"_s);
     }
 
     void clearingKeepsEntriesThatAreFetched()
     {
-        tool().setScript("case \"$*\" in *hang*) " + tool().gate("never") + ";; *) exit 1;; esac");
+        tool().respond("for *hang* wait never\n"
+                       "exit 1");
         state().addURLToQueue(u"https://x/hang"_s);
         state().addURLToQueue(u"https://x/bad"_s);
-        WAIT_FOR(statuses() == Kinds({StatusKind::Fetching, StatusKind::Failed}));
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds({StatusKind::Fetching, StatusKind::Failed}),
+                                  patience);
         state().clearQueue();
         QCOMPARE(statuses(), Kinds{StatusKind::Fetching});
     }
 
     void removingARunningEntryDoesNotStopIt()
     {
-        add({u"https://x/1"_s});
-        tool().setScript(script(tool().gate("run")));
+        QVERIFY(add({u"https://x/1"_s}));
+        respondToFetches("wait run");
         state().startQueueDownload();
-        WAIT_FOR(statuses() == Kinds{StatusKind::Downloading});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Downloading}, patience);
         state().removeFromQueue(item(0)->id);
         QVERIFY(state().queue().isEmpty());
         tool().open("run");
-        WAIT_FOR(state().history().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(state().history().size(), 1, patience);
     }
 
     void pauseStopsTheRunningToolAndTheEndUnsetsIt()
     {
-        add({u"https://x/1"_s});
-        tool().setScript(script("echo '[Merger] x'\n" + tool().gate("run")));
+        QVERIFY(add({u"https://x/1"_s}));
+        respondToFetches("print [Merger] x\n"
+                         "wait run");
         state().startQueueDownload();
-        WAIT_FOR(statuses() == Kinds{StatusKind::Processing});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Processing}, patience);
         state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) == "T");
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()), QByteArray("T"),
+                                  patience);
         QVERIFY(state().isPaused());
         state().togglePause();
-        WAIT_FOR(stateOf(tool().processIdentifiers().last()) != "T");
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(tool().processIdentifiers().last()) != "T", patience);
         state().togglePause();
         kill(static_cast<pid_t>(tool().processIdentifiers().last()), SIGCONT);
         tool().open("run");
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QVERIFY(!state().isPaused());
     }
 
     void theEndOfTheProgramStartsNoFurtherEntry()
     {
-        add({u"https://x/1"_s, u"https://x/2"_s});
-        tool().setScript(script("echo '[Merger] x'\n" + tool().gate("never")));
+        QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
+        respondToFetches("print [Merger] x\n"
+                         "wait never");
         state().startQueueDownload();
-        WAIT_FOR(statuses().first() == StatusKind::Processing);
+        QTRY_COMPARE_WITH_TIMEOUT(statuses().first(), StatusKind::Processing, patience);
         const qint64 process = tool().processIdentifiers().last();
         m_fixture->state.reset();
         QVERIFY(!isAlive(process));
@@ -304,43 +314,14 @@ private Q_SLOTS:
         m_fixture->state.reset();
         QuillonApp app(m_fixture->parts());
         app.state().queue = AppState::Queue{std::make_shared<DownloadItem>(u"https://x/1"_s)};
-        tool().setScript(script(tool().gate("run")));
+        respondToFetches("wait run");
         app.state().startQueueDownload();
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         QVERIFY(!app.canPause());
         app.togglePause();
         QVERIFY(!app.state().isPaused());
         tool().open("run");
-        WAIT_FOR(!app.state().isQueueDownloading());
-    }
-
-    void singleModeAndTheQueueShareTitleCountAndPause()
-    {
-        add({u"https://x/1"_s});
-        state().singleInfo = StateFixture::video(u"a"_s);
-        const QByteArray single = tool().gate("single");
-        tool().setScript(
-            script("case $LAST in */1) " + tool().gate("queue") + ";; *) " + single + ";; esac"));
-        state().startSingleDownload();
-        WAIT_FOR(tool().calls().size() == 2);
-        const qint64 first = tool().processIdentifiers().last();
-        WAIT_FOR(state().service.activeProcess()
-                 && state().service.activeProcess()->processIdentifier() == first);
-        state().togglePause();
-        WAIT_FOR(stateOf(first) == "T");
-        state().startQueueDownload();
-        QVERIFY(!state().isPaused());
-        WAIT_FOR(stateOf(first) != "T");
-        WAIT_FOR(tool().calls().size() == 3);
-        QCOMPARE(state().currentDownloadTitle(), u"Title of https://x/1"_s);
-        tool().open("queue");
-        WAIT_FOR(!state().isQueueDownloading());
-        // The single run goes on; what it showed was zeroed with the queue's.
-        QVERIFY(state().isDownloading());
-        QCOMPARE(state().totalDownloadCount(), 0);
-        QCOMPARE(state().currentDownloadTitle(), QString());
-        tool().open("single");
-        WAIT_FOR(!state().isDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!app.state().isQueueDownloading(), patience);
     }
 };
 

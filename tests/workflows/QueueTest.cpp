@@ -13,7 +13,7 @@ private Q_SLOTS:
         QCOMPARE(statuses(), Kinds{StatusKind::Fetching});
         QCOMPARE(item(0)->url, u"https://x/watch?v=1"_s);
         QCOMPARE(item(0)->title(), u"https://x/watch?v=1"_s);
-        WAIT_FOR(statuses() == Kinds{StatusKind::Waiting});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Waiting}, patience);
         QCOMPARE(item(0)->title(), u"Title of https://x/watch?v=1"_s);
     }
 
@@ -26,30 +26,30 @@ private Q_SLOTS:
 
     void textOfTwoLinesIsOneAddressWhoseFetchFails()
     {
-        tool().setScript("echo 'is not a valid URL' >&2; exit 1");
+        tool().respond("fail is not a valid URL");
         state().addURLToQueue(u"https://x/1\nhttps://x/2"_s);
         QCOMPARE(state().queue().size(), 1);
-        WAIT_FOR(statuses() == Kinds{StatusKind::Failed});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Failed}, patience);
         QCOMPARE(tool().calls().size(), 1);
         QCOMPARE(messageOf(item(0)->status()), u"Failed to fetch info: is not a valid URL\n"_s);
     }
 
     void theSameAddressTwiceIsTwoEntries()
     {
-        add({u"https://x/1"_s, u"https://x/1"_s});
+        QVERIFY(add({u"https://x/1"_s, u"https://x/1"_s}));
         QCOMPARE(state().queue().size(), 2);
         QVERIFY(item(0)->id != item(1)->id);
     }
 
     void additionsAreFetchedInParallel()
     {
-        tool().setScript(tool().gate("a") + script());
+        tool().respond("wait a\n" + sample("fetches"));
         state().addURLToQueue(u"https://x/1"_s);
         state().addURLToQueue(u"https://x/2"_s);
-        WAIT_FOR(tool().processIdentifiers().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().processIdentifiers().size(), 2, patience);
         tool().open("a");
         tool().open("a");
-        WAIT_FOR(statuses() == Kinds(2, StatusKind::Waiting));
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds(2, StatusKind::Waiting), patience);
     }
 
     void aPlaylistGivesWayToItsEntriesAtTheEndOfTheQueue_data()
@@ -62,13 +62,13 @@ private Q_SLOTS:
     void aPlaylistGivesWayToItsEntriesAtTheEndOfTheQueue()
     {
         QFETCH(QString, address);
-        tool().setScript("case \"$*\" in *--flat-playlist*) " + tool().gate("list") + ";; esac\n"
-                         + script());
+        tool().respond("for *--flat-playlist* wait list\n" + sample("fetches"));
         state().addURLToQueue(address);
         state().addURLToQueue(u"https://x/later"_s);
-        WAIT_FOR(statuses() == Kinds({StatusKind::Fetching, StatusKind::Waiting}));
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds({StatusKind::Fetching, StatusKind::Waiting}),
+                                  patience);
         tool().open("list");
-        WAIT_FOR(state().queue().size() == 4);
+        QTRY_COMPARE_WITH_TIMEOUT(state().queue().size(), 4, patience);
         QCOMPARE(
             titles(),
             QStringList({u"Title of https://x/later"_s, u"Title a"_s, u"Title b"_s, u"Title c"_s}));
@@ -80,86 +80,116 @@ private Q_SLOTS:
     {
         state().fetchAsPlaylist = false;
         state().addURLToQueue(u"https://x/watch?v=1&list=2"_s);
-        WAIT_FOR(state().queue().size() == 3);
+        QTRY_COMPARE_WITH_TIMEOUT(state().queue().size(), 3, patience);
         state().fetchAsPlaylist = true;
         state().addURLToQueue(u"https://x/watch?v=1&LIST=2"_s);
-        WAIT_FOR(statuses() == Kinds(4, StatusKind::Waiting));
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds(4, StatusKind::Waiting), patience);
     }
 
     void anEntryWithoutAddressGetsThePlaylists()
     {
-        tool().setScript(R"(echo '{"_type":"url","id":"a","title":"A"}')");
+        tool().respond(R"(print {"_type":"url","id":"a","title":"A"})");
         state().addURLToQueue(u"https://x/playlist?p"_s);
-        WAIT_FOR(statuses() == Kinds{StatusKind::Waiting});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Waiting}, patience);
         QCOMPARE(item(0)->title(), u"A"_s);
         QCOMPARE(item(0)->url, u"https://x/playlist?p"_s);
     }
 
     void anEmptyPlaylistLeavesNothing()
     {
-        tool().setScript("exit 0");
+        tool().respond("");
         state().addURLToQueue(u"https://x/playlist?p"_s);
         QCOMPARE(state().queue().size(), 1);
-        WAIT_FOR(state().queue().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(state().queue().isEmpty(), patience);
     }
 
     void aPlaylistThatFailsStaysWithItsReason()
     {
-        tool().setScript("echo private >&2; exit 1");
+        tool().respond("fail private");
         state().addURLToQueue(u"https://x/playlist?p"_s);
-        WAIT_FOR(statuses() == Kinds{StatusKind::Failed});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Failed}, patience);
         QCOMPARE(messageOf(item(0)->status()), u"Failed to fetch info: private\n"_s);
     }
 
     void aPlaceholderThatWasRemovedWhileItFetchesStillExpands()
     {
-        tool().setScript(tool().gate("list") + script());
+        tool().respond("wait list\n" + sample("fetches"));
         state().addURLToQueue(u"https://x/playlist?p"_s);
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         state().removeFromQueue(item(0)->id);
         QVERIFY(state().queue().isEmpty());
         tool().open("list");
-        WAIT_FOR(state().queue().size() == 3);
+        QTRY_COMPARE_WITH_TIMEOUT(state().queue().size(), 3, patience);
     }
 
     void anAddressLikeAnOptionFailsWithAClearText()
     {
         state().addURLToQueue(u"--exec=x"_s);
-        WAIT_FOR(statuses() == Kinds{StatusKind::Failed});
+        QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Failed}, patience);
         QVERIFY(messageOf(item(0)->status()).startsWith(u"Failed to fetch info: The address"_s));
         QVERIFY(tool().calls().isEmpty());
     }
 
     void aFetchThatHangsHoldsNothingUp()
     {
-        tool().setScript("case \"$*\" in *hang*) " + tool().gate("never") + ";; esac\n" + script());
+        tool().respond("for *hang* wait never\n" + sample("fetches"));
         state().addURLToQueue(u"https://x/hang"_s);
-        add({u"https://x/1"_s});
+        QVERIFY(add({u"https://x/1"_s}));
         state().startQueueDownload();
-        WAIT_FOR(!state().isQueueDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
         QCOMPARE(statuses(), Kinds({StatusKind::Fetching, StatusKind::Done}));
     }
 
     void aHugePlaylistExpandsWhole()
     {
         const QSignalSpy spy(&state(), &AppState::queueChanged);
-        tool().setScript(
-            "i=0; while [ $i -lt 5000 ]; do i=$((i + 1)); "
-            "echo '{\"id\":\"'$i'\",\"title\":\"T\",\"url\":\"https://x/'$i'\"}'; done");
+        tool().respond(sample("playlist-of-5000"));
         state().addURLToQueue(u"https://x/playlist?list=P"_s);
-        WAIT_FOR(state().queue().size() == 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(state().queue().size(), 5000, patience);
         QCOMPARE(item(4999)->url, u"https://x/5000"_s);
         QCOMPARE(spy.count(), 2); // the placeholder, and all of them at once
     }
 
     void theEndDoesNotWaitForAFetchThatHangs()
     {
-        tool().setScript("trap '' TERM INT HUP\n" + tool().gate("never"));
+        tool().respond("ignore signals\n"
+                       "wait never");
         state().addURLToQueue(u"https://x/hang"_s);
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         const qint64 process = tool().processIdentifiers().last();
         m_fixture->state.reset();
         QVERIFY(!isAlive(process));
+    }
+
+    void singleModeAndTheQueueShareTitleCountAndPause()
+    {
+        QVERIFY(add({u"https://x/1"_s}));
+        state().singleInfo = StateFixture::video(u"a"_s);
+        respondToFetches("for */1 wait queue\n"
+                         "for */1 exit 0\n"
+                         "wait single");
+        state().startSingleDownload();
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 2, patience);
+        const qint64 first = tool().processIdentifiers().last();
+        QTRY_VERIFY_WITH_TIMEOUT(state().service.activeProcess()
+                                     && state().service.activeProcess()->processIdentifier()
+                                         == first,
+                                 patience);
+        state().togglePause();
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(first), QByteArray("T"), patience);
+        state().startQueueDownload();
+        QVERIFY(!state().isPaused());
+        QTRY_VERIFY_WITH_TIMEOUT(stateOf(first) != "T", patience);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 3, patience);
+        QCOMPARE(state().currentDownloadTitle(), u"Title of https://x/1"_s);
+        tool().open("queue");
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
+        // The single run goes on; what it showed was zeroed with the queue's.
+        QVERIFY(state().isDownloading());
+        QCOMPARE(state().totalDownloadCount(), 0);
+        QCOMPARE(state().currentDownloadTitle(), QString());
+        tool().open("single");
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isDownloading(), patience);
     }
 };
 

@@ -62,7 +62,7 @@ private Q_SLOTS:
         app().state().singleURL = u"https://x/"_s;
         app().fetchInfo();
         QVERIFY(app().state().isFetching());
-        WAIT_FOR(!app().state().isFetching());
+        QTRY_VERIFY_WITH_TIMEOUT(!app().state().isFetching(), patience);
     }
 
     void theMenusStartWorksWithAnEmptySelectionAndDoesNotReset()
@@ -71,7 +71,7 @@ private Q_SLOTS:
         app().state().downloadStatus = Status::Done{u"/old"_s};
         const QSignalSpy statuses(&app().state(), &AppState::downloadStatusChanged);
         app().startDownload();
-        WAIT_FOR(!app().state().isDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!app().state().isDownloading(), patience);
         QVERIFY(app().state().downloadStatus()
                 == DownloadUIStatus(Status::Done{m_fixture->folder.path()}));
         QCOMPARE(statuses.count(), 2); // downloading and done, no idle before

@@ -12,7 +12,7 @@ private Q_SLOTS:
 
     void aFetchIsRepeatedOnlyForTheAddressThatFailed()
     {
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(m_keeper->retry().isPossible());
         state().singleURL = u"https://example.org/b"_s;
         QVERIFY(!m_keeper->retry().isPossible());
@@ -27,14 +27,14 @@ private Q_SLOTS:
         state().mode = AppMode::browse;
         state().browseSearchQuery = u"boats"_s;
         state().searchYouTube();
-        WAIT_FOR(!state().isBrowseSearching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isBrowseSearching(), patience);
         QVERIFY(m_keeper->retry().isPossible());
         state().browseSearchQuery = u"bridges"_s;
         QVERIFY(!m_keeper->retry().isPossible());
         state().browseSearchQuery = u"boats"_s;
         m_keeper->retry().repeat();
         QVERIFY(state().isBrowseSearching());
-        WAIT_FOR(!state().isBrowseSearching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isBrowseSearching(), patience);
     }
 
     void aPlaybackIsRepeatedNotStopped()
@@ -47,19 +47,19 @@ private Q_SLOTS:
                                   .thumbnailURL = {},
                                   .videoURL = u"https://x/a"_s};
         state().playBrowseResult(result);
-        WAIT_FOR(state().playerError());
+        QTRY_VERIFY_WITH_TIMEOUT(state().playerError(), patience);
         QVERIFY(m_keeper->retry().isPossible());
         m_keeper->retry().repeat();
         QVERIFY(state().isLoadingStream());
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
-        WAIT_FOR(state().playerError());
+        QTRY_VERIFY_WITH_TIMEOUT(state().playerError(), patience);
     }
 
     void aDownloadIsLeftToItsOwnButton()
     {
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(!state().isDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isDownloading(), patience);
         QCOMPARE(kindOf(state().downloadStatus()), StatusKind::Failed);
         QVERIFY(!m_keeper->retry().isPossible());
     }

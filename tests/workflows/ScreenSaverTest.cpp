@@ -49,74 +49,75 @@ private Q_SLOTS:
     void cleanup()
     {
         state().stopPlayback();
-        settle();
-        WAIT_FOR(m_screenSaver.held.isEmpty());
+        QVERIFY(settle());
+        QTRY_VERIFY_WITH_TIMEOUT(m_screenSaver.held.isEmpty(), patience);
         MediaSessionFixture::cleanup();
     }
 
     void theScreenIsAwakeWhileAVideoPlays()
     {
         QVERIFY(m_screenSaver.held.isEmpty());
-        play(u"a"_s);
-        WAIT_FOR(m_screenSaver.held.size() == 1);
+        QVERIFY(play(u"a"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
         QCOMPARE(m_screenSaver.said, u"quillon: Playing a video"_s);
         state().avPlayer.pause();
-        WAIT_FOR(m_screenSaver.held.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(m_screenSaver.held.isEmpty(), patience);
         state().avPlayer.play();
-        WAIT_FOR(m_screenSaver.held.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
         engine()->events.failed(u"broken"_s);
-        WAIT_FOR(m_screenSaver.held.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(m_screenSaver.held.isEmpty(), patience);
     }
 
     void theScreenMaySleepAfterTheLastOne()
     {
-        play(u"c"_s);
-        WAIT_FOR(m_screenSaver.held.size() == 1);
+        QVERIFY(play(u"c"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
         engine()->events.ended();
-        WAIT_FOR(m_screenSaver.held.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(m_screenSaver.held.isEmpty(), patience);
         state().avPlayer.play(); // from the beginning again
-        WAIT_FOR(m_screenSaver.held.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
     }
 
     void aPauseBeforeTheScreenSaverHasAnsweredIsNotForgotten()
     {
-        play(u"a"_s);
+        QVERIFY(play(u"a"_s));
         state().avPlayer.pause(); // its answer has not been read
         state().avPlayer.play();
         state().avPlayer.pause();
-        WAIT_FOR(m_screenSaver.last > 40 && m_screenSaver.held.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(m_screenSaver.last > 40 && m_screenSaver.held.isEmpty(), patience);
         state().avPlayer.play();
-        WAIT_FOR(m_screenSaver.held.size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
     }
 
     void aScreenSaverIsAskedOnceHoweverOftenThePositionIsTold()
     {
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));
-        play(u"a"_s);
-        settle(); // refused by now
+        QVERIFY(play(u"a"_s));
+        QVERIFY(settle()); // refused by now
         QVERIFY(m_desktop.registerService(u"org.freedesktop.ScreenSaver"_s));
         const uint before = m_screenSaver.last;
         tellPosition(1);
         tellPosition(2);
-        settle();
+        QVERIFY(settle());
         QCOMPARE(m_screenSaver.last, before);
     }
 
     void withoutAScreenSaverItPlaysAllTheSame()
     {
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));
-        play(u"a"_s);
-        settle(); // refused by now
+        QVERIFY(play(u"a"_s));
+        QVERIFY(settle()); // refused by now
         state().avPlayer.pause();
         QVERIFY(m_desktop.registerService(u"org.freedesktop.ScreenSaver"_s));
         state().avPlayer.play();
-        WAIT_FOR(m_screenSaver.held.size() == 1); // of a service that came later
+        QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1,
+                                  patience); // of a service that came later
     }
 
 private:
     /// Until the desktop has heard all that the program has sent, and the program its
     /// answers.
-    static void settle()
+    [[nodiscard]] static bool settle()
     {
         const auto call = QDBusMessage::createMethodCall(
             u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s,
@@ -124,7 +125,7 @@ private:
         const QDBusPendingCallWatcher watcher(QDBusConnection::sessionBus().asyncCall(call));
         // Told behind the answers to earlier calls, which isFinished() does not wait for.
         const QSignalSpy answers(&watcher, &QDBusPendingCallWatcher::finished);
-        WAIT_FOR(answers.count() == 1);
+        return waitFor([&] { return answers.count() == 1; });
     }
 
     ScreenSaver m_screenSaver;

@@ -43,7 +43,7 @@ private Q_SLOTS:
         QCOMPARE(service.ytdlpPath(), u"/nowhere/yt-dlp"_s);
         Outcome<QString> outcome;
         service.runProcess({}, outcome.completion());
-        WAIT_FOR(outcome.isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(outcome.isSettled(), patience);
         QVERIFY2(outcome.error().startsWith(u"Failed to fetch info: "_s),
                  qPrintable(outcome.error()));
         QVERIFY2(outcome.error().contains(u"No such file or directory"_s),
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(m_service->ytdlpPath(), m_tool->path());
         Outcome<QString> outcome;
         m_service->runProcess({}, outcome.completion());
-        WAIT_FOR(outcome.isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(outcome.isSettled(), patience);
         QVERIFY2(outcome.error().contains(u"Permission denied"_s), qPrintable(outcome.error()));
     }
 
@@ -85,10 +85,10 @@ private Q_SLOTS:
         YTDLPService nowhere({u"/nowhere/yt-dlp"_s});
         Outcome<QString> unlaunched;
         nowhere.runProcess({}, unlaunched.completion());
-        m_tool->setScript("exit 2");
+        m_tool->respond("exit 2");
         Outcome<QString> failed;
         m_service->runProcess({}, failed.completion());
-        WAIT_FOR(unlaunched.isSettled() && failed.isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(unlaunched.isSettled() && failed.isSettled(), patience);
         QCOMPARE(std::get<YTDLPError>(unlaunched.reply()).launch(), YTDLPError::Launch::failed);
         QCOMPARE(std::get<YTDLPError>(failed.reply()).launch(), YTDLPError::Launch::succeeded);
     }
@@ -108,101 +108,107 @@ private Q_SLOTS:
         const QStringList arguments{u"a b"_s, u"$HOME"_s, u"'\""_s, u"*"_s, u""_s, u"街"_s};
         Outcome<QString> outcome;
         m_service->runProcess(arguments, outcome.completion());
-        WAIT_FOR(outcome.isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(outcome.isSettled(), patience);
         QCOMPARE(m_tool->calls(), QList<QStringList>({arguments}));
     }
 
     void theResultIsWhatTheToolWrote()
     {
-        m_tool->setScript("printf 'a\\nb'; echo noise >&2");
+        m_tool->respond("bytes a\\nb\n"
+                        "stderr print noise");
         QCOMPARE(run().value(), u"a\nb"_s);
     }
 
     void outputLargerThanAPipeIsCollectedWhole()
     {
-        m_tool->setScript("head -c 5000000 /dev/zero | tr '\\0' 'x'");
+        m_tool->respond("fill 5000000 x");
         QCOMPARE(run().value(), QString(5'000'000, u'x'));
     }
 
     void outputThatIsNotUtf8IsEmptyText()
     {
-        m_tool->setScript("printf 'good \\377 bad'");
+        m_tool->respond("bytes good \\377 bad");
         QCOMPARE(run().value(), QString());
     }
 
     void aFailureCarriesStandardErrorUnchanged()
     {
-        m_tool->setScript("echo 'ERROR: it broke' >&2; exit 1");
+        m_tool->respond("fail ERROR: it broke");
         QCOMPARE(run().error(), u"Failed to fetch info: ERROR: it broke\n"_s);
     }
 
     void aLoneLineBreakOnStandardErrorIsNotEmpty()
     {
-        m_tool->setScript("echo >&2; exit 1");
+        m_tool->respond("print >&2\n"
+                        "exit 1");
         QCOMPARE(run().error(), u"Failed to fetch info: \n"_s);
     }
 
     void emptyStandardErrorFallsBackToTheExitCode()
     {
-        m_tool->setScript("exit 1");
+        m_tool->respond("exit 1");
         QCOMPARE(run().error(), u"Failed to fetch info: Exit code 1"_s);
-        m_tool->setScript("exit 2");
+        m_tool->respond("exit 2");
         QCOMPARE(run().error(), u"Failed to fetch info: Exit code 2"_s);
     }
 
     void standardErrorThatIsNotUtf8CountsAsEmpty()
     {
-        m_tool->setScript("printf '\\377' >&2; exit 3");
+        m_tool->respond("stderr bytes \\377\n"
+                        "exit 3");
         QCOMPARE(run().error(), u"Failed to fetch info: Exit code 3"_s);
     }
 
     void deathByASignalIsAFailure()
     {
-        m_tool->setScript("echo output; kill -9 $$");
+        m_tool->respond("print output\n"
+                        "die");
         QCOMPARE(run().error(), u"Failed to fetch info: Exit code 9"_s);
     }
 
     void aToolThatFloodsStandardErrorIsNotBlocked()
     {
-        m_tool->setScript("head -c 10485760 /dev/zero | tr '\\0' 'e' >&2; echo done; exit 1");
+        m_tool->respond("stderr fill 10485760 e\n"
+                        "print done\n"
+                        "exit 1");
         QCOMPARE(run().error().size(), u"Failed to fetch info: "_s.size() + 10'485'760);
     }
 
     void a64MegabyteLineIsCollectedWhole()
     {
-        m_tool->setScript("head -c 67108864 /dev/zero | tr '\\0' 'x'");
+        m_tool->respond("fill 67108864 x");
         QCOMPARE(run().value().size(), 67'108'864);
     }
 
     void runsDoNotTakeTheActiveSlot()
     {
-        m_tool->setScript(m_tool->gate("go"));
+        m_tool->respond("wait go");
         Outcome<QString> outcome;
         m_service->runProcess({}, outcome.completion());
-        WAIT_FOR(m_tool->processIdentifiers().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_tool->processIdentifiers().size(), 1, patience);
         QVERIFY(!m_service->activeProcess());
         m_tool->open("go");
-        WAIT_FOR(outcome.isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(outcome.isSettled(), patience);
     }
 
     void callsRunSideBySide()
     {
-        m_tool->setScript("[ $N = 1 ] && " + m_tool->gate("go"));
+        m_tool->respond("on 1 wait go");
         Outcome<QString> first;
         Outcome<QString> second;
         m_service->runProcess({}, first.completion());
-        WAIT_FOR(m_tool->processIdentifiers().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_tool->processIdentifiers().size(), 1, patience);
         m_service->runProcess({}, second.completion());
-        WAIT_FOR(second.isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(second.isSettled(), patience);
         QVERIFY(!first.isSettled());
         m_tool->open("go");
-        WAIT_FOR(first.isSettled());
+        QTRY_VERIFY_WITH_TIMEOUT(first.isSettled(), patience);
         QCOMPARE(first.count(), 1);
     }
 
     void aVideoIsFetched()
     {
-        m_tool->setScript(R"(echo '{"id":"i","title":"t"}')");
+        m_tool->respond(R"(print {"id":"i","title":"t"})");
         const auto outcome = fetch(u"https://x/"_s, false);
         QCOMPARE(outcome.value().title, u"t"_s);
         QCOMPARE(outcome.value().originalURL, u"https://x/"_s);
@@ -212,48 +218,53 @@ private Q_SLOTS:
 
     void badVideoOutputGivesTheReadersOwnError_data()
     {
-        QTest::addColumn<QByteArray>("script");
-        QTest::newRow("no JSON") << QByteArray("echo garbage");
+        QTest::addColumn<QByteArray>("response");
+        QTest::newRow("no JSON") << QByteArray("print garbage");
         QTest::newRow("nothing") << QByteArray("exit 0");
-        QTest::newRow("not UTF-8") << QByteArray("printf '{\"title\":\"\\377\"}'");
-        QTest::newRow("several lines") << QByteArray("echo '{}'; echo '{}'");
+        QTest::newRow("not UTF-8") << QByteArray(R"(bytes {"title":"\377"})");
+        QTest::newRow("several lines") << QByteArray("print {}\nprint {}");
     }
 
     void badVideoOutputGivesTheReadersOwnError()
     {
-        QFETCH(QByteArray, script);
-        m_tool->setScript(script);
+        QFETCH(QByteArray, response);
+        m_tool->respond(response);
         const auto outcome = fetch(u"https://x/"_s, false);
         QVERIFY(std::holds_alternative<JSONReaderError>(outcome.reply()));
     }
 
     void jsonThatIsNoObjectIsAParseError()
     {
-        m_tool->setScript("echo '[1]'");
+        m_tool->respond("print [1]");
         QCOMPARE(fetch(u"https://x/"_s, false).error(),
                  u"Parse error: Could not parse video JSON"_s);
     }
 
     void ofMetadataThatIsNotUtf8NothingIsRead()
     {
-        m_tool->setScript("exit 0");
+        m_tool->respond("");
         const QString ofNothing = fetch(u"https://x/"_s, false).error();
-        m_tool->setScript("printf '{\"title\":\"\\377\"}'");
+        m_tool->respond("bytes {\"title\":\"\\377\"}");
         QCOMPARE(fetch(u"https://x/"_s, false).error(), ofNothing);
         // Not only the line that has it is lost.
-        m_tool->setScript("echo '{\"id\":\"a\"}'; printf '{\"id\":\"\\377\"}'");
+        m_tool->respond(R"(print {"id":"a"})"
+                        "\n"
+                        "bytes {\"id\":\"\\377\"}");
         QCOMPARE(fetch(u"https://x/"_s, true).value().title, u"Playlist (0 videos)"_s);
     }
 
     void aPlaylistNeverFailsOnContent()
     {
-        m_tool->setScript("echo nonsense; echo '{\"id\":\"a\"}'");
+        m_tool->respond("print nonsense\n"
+                        R"(print {"id":"a"})");
         QCOMPARE(fetch(u"https://x/"_s, true).value().title, u"Playlist (1 videos)"_s);
     }
 
     void aFailedPlaylistLosesItsOutput()
     {
-        m_tool->setScript("echo '{\"id\":\"a\"}'; echo private >&2; exit 1");
+        m_tool->respond(R"(print {"id":"a"})"
+                        "\n"
+                        "fail private");
         QCOMPARE(fetch(u"https://x/"_s, true).error(), u"Failed to fetch info: private\n"_s);
     }
 
@@ -275,18 +286,18 @@ private Q_SLOTS:
 
     void endingTheProcessesSettlesEveryCallOnce()
     {
-        m_tool->setScript(m_tool->gate("never"));
+        m_tool->respond("wait never");
         QList<Outcome<QString>> outcomes(5);
         for (auto &outcome : outcomes)
             m_service->runProcess({}, outcome.completion());
-        WAIT_FOR(m_tool->processIdentifiers().size() == 5);
+        QTRY_COMPARE_WITH_TIMEOUT(m_tool->processIdentifiers().size(), 5, patience);
         m_service->endProcesses();
         for (const auto &outcome : std::as_const(outcomes))
             QCOMPARE(outcome.count(), 1);
         for (const qint64 process : m_tool->processIdentifiers())
             QVERIFY(!isAlive(process));
         // It serves on.
-        m_tool->setScript("echo again");
+        m_tool->respond("print again");
         QCOMPARE(run().value(), u"again\n"_s);
     }
 
@@ -295,7 +306,7 @@ private:
     {
         Outcome<QString> outcome;
         m_service->runProcess({}, outcome.completion());
-        [&] { WAIT_FOR(outcome.isSettled()); }();
+        (void)waitFor([&] { return outcome.isSettled(); });
         return outcome;
     }
 
@@ -306,7 +317,7 @@ private:
             m_service->fetchPlaylistInfo(url, u"none"_s, outcome.completion());
         else
             m_service->fetchInfo(url, u"none"_s, outcome.completion());
-        [&] { WAIT_FOR(outcome.isSettled()); }();
+        (void)waitFor([&] { return outcome.isSettled(); });
         return outcome;
     }
 

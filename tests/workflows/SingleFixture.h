@@ -17,32 +17,32 @@ private Q_SLOTS:
     void cleanup() { m_fixture.reset(); }
 
 protected:
-    static inline const QByteArray oneVideo = R"(echo '{"id":"i","title":"T","uploader":"U"}')";
-
     AppState &state() { return *m_fixture->state; }
     FakeTool &tool() { return m_fixture->tool; }
     YTDLPService &service() { return *m_fixture->service; }
     RecordingDesktop::RecordingNotifier &notifier() { return *m_fixture->desktop.notifier; }
 
-    void fetch()
+    [[nodiscard]] bool fetch()
     {
         state().fetchSingleInfo();
-        WAIT_FOR(!state().isFetching());
+        return waitFor([&] { return !state().isFetching(); });
     }
 
-    void download()
+    [[nodiscard]] bool download()
     {
         state().startSingleDownload();
-        WAIT_FOR(m_fixture->hasEnded());
+        return waitFor([&] { return m_fixture->hasEnded(); });
     }
 
     /// A download that stands at processing until the gate "go" opens.
-    void startStoppable()
+    [[nodiscard]] bool startStoppable()
     {
-        tool().setScript("echo '[Merger] x'\n" + tool().gate("go"));
+        tool().respond("print [Merger] x\n"
+                       "wait go");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == DownloadUIStatus(Status::Processing{}));
+        return waitFor(
+            [&] { return state().downloadStatus() == DownloadUIStatus(Status::Processing{}); });
     }
 
     std::unique_ptr<StateFixture> m_fixture;

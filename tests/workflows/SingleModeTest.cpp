@@ -21,7 +21,7 @@ private Q_SLOTS:
                               u"totalDownloadCount"_s, u"currentDownloadIndex"_s,
                               u"currentDownloadTitle"_s}));
         QCOMPARE(state().currentDownloadIndex(), 0);
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         QCOMPARE(
             recorder.take(),
             QStringList({u"currentDownloadIndex"_s, u"currentDownloadTitle"_s, u"downloadStatus"_s,
@@ -35,15 +35,15 @@ private Q_SLOTS:
 
     void aRunForgetsTheReportsOfTheOneBefore()
     {
-        tool().setScript("[ $N = 1 ] && echo '[download] 50% of 1MiB at 1MiB/s ETA 00:01'; exit 0");
+        tool().respond("on 1 print [download] 50% of 1MiB at 1MiB/s ETA 00:01");
         state().singleInfo = StateFixture::video(u"a"_s);
-        download();
+        QVERIFY(download());
         QCOMPARE(state().downloadSpeed(), u"1MiB/s"_s);
         state().startSingleDownload();
         QCOMPARE(state().downloadProgress(), 0.0);
         QCOMPARE(state().downloadSpeed(), QString());
         QCOMPARE(state().downloadETA(), QString());
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
     }
 
     void withoutInfoNothingStarts()
@@ -55,10 +55,10 @@ private Q_SLOTS:
 
     void aFinishedRunIsRecordedAndAnnounced()
     {
-        tool().setScript("echo '[download] Destination: /d/a.mp4'");
+        tool().respond("print [download] Destination: /d/a.mp4");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().selectedQuality = QualityOption::mp4Options().at(3);
-        download();
+        QVERIFY(download());
         QVERIFY(state().downloadStatus()
                 == DownloadUIStatus(Status::Done{m_fixture->folder.path()}));
         QCOMPARE(state().history().size(), 1);
@@ -78,12 +78,12 @@ private Q_SLOTS:
 
     void mp3OverridesTheQualityAndIsRecordedAsSuch()
     {
-        tool().setScript("echo '[download] Destination: /d/a.webm'\n"
-                         "echo '[ExtractAudio] Destination: /d/a.mp3'");
+        tool().respond("print [download] Destination: /d/a.webm\n"
+                       "print [ExtractAudio] Destination: /d/a.mp3");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().selectedQuality = QualityOption::mp4Options().at(3);
         state().selectedFormat = MediaFormat::mp3;
-        download();
+        QVERIFY(download());
         QVERIFY(tool().calls().last().contains(u"bestaudio/best"_s));
         QCOMPARE(state().history().first().format, u"mp3"_s);
         QCOMPARE(state().history().first().quality, u"Best"_s);
@@ -92,13 +92,13 @@ private Q_SLOTS:
 
     void selectedEntriesAreDownloadedOneAfterAnother()
     {
-        tool().setScript("echo \"[download] Destination: /d/$N.mp4\"");
+        tool().respond("print [download] Destination: /d/{n}.mp4");
         state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s});
         state().selectedPlaylistItems = AppState::EntrySelection({u"c"_s, u"a"_s});
         QList<qint64> indexes;
         connect(&state(), &AppState::currentDownloadIndexChanged, &state(),
                 [&] { indexes.append(state().currentDownloadIndex()); });
-        download();
+        QVERIFY(download());
         QCOMPARE(indexes, QList<qint64>({0, 1, 2}));
         QCOMPARE(state().totalDownloadCount(), 2);
         QCOMPARE(state().history().size(), 2);
@@ -110,11 +110,11 @@ private Q_SLOTS:
 
     void theFailureOfTheSecondOfThreeStopsTheRun()
     {
-        tool().setScript("[ $N = 2 ] && { echo no >&2; exit 1; }; exit 0");
+        tool().respond("on 2 fail no");
         state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s});
         state().selectedPlaylistItems = AppState::EntrySelection({u"a"_s, u"b"_s, u"c"_s});
         AssignmentRecorder recorder(state());
-        download();
+        QVERIFY(download());
         QCOMPARE(recorder.take().last(3),
                  QStringList({u"downloadStatus"_s, u"isDownloading"_s, u"isPaused"_s}));
         QVERIFY(state().downloadStatus()
@@ -130,7 +130,7 @@ private Q_SLOTS:
         VideoInfo playlist = StateFixture::playlist({u"a"_s});
         playlist.playlistTitle = u"Mix"_s;
         state().singleInfo = playlist;
-        download();
+        QVERIFY(download());
         QVERIFY(state().downloadStatus()
                 == DownloadUIStatus(Status::Done{m_fixture->folder.path()}));
         QCOMPARE(state().downloadProgress(), 1.0);
@@ -144,7 +144,7 @@ private Q_SLOTS:
         playlist.playlistEntries.first().originalURL = QString();
         state().singleInfo = playlist;
         state().selectedPlaylistItems = AppState::EntrySelection({u"a"_s});
-        download();
+        QVERIFY(download());
         QCOMPARE(tool().calls().first().last(), QString());
     }
 
@@ -153,26 +153,26 @@ private Q_SLOTS:
         VideoInfo video = StateFixture::video(u"a"_s);
         video.originalURL = u"--exec=x"_s;
         state().singleInfo = video;
-        download();
+        QVERIFY(download());
         QVERIFY(messageOf(state().downloadStatus()).startsWith(u"Download failed: The address"_s));
         QVERIFY(tool().calls().isEmpty());
     }
 
     void settingsAreReadAfreshForEachFileAndTheFolderOnce()
     {
-        tool().setScript(tool().gate("go"));
+        tool().respond("wait go");
         state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s});
         state().selectedPlaylistItems = AppState::EntrySelection({u"a"_s, u"b"_s});
         state().startSingleDownload();
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         state().speedLimit = u"2M"_s;
         state().cookiesBrowser = u"edge"_s;
         state().downloadDir = u"/elsewhere"_s;
         state().selectedFormat = MediaFormat::mp3;
         tool().open("go");
-        WAIT_FOR(tool().calls().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 2, patience);
         tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         const QStringList second = tool().calls().last();
         QVERIFY(second.contains(u"2M"_s) && second.contains(u"edge"_s));
         QVERIFY(second.contains(m_fixture->folder.path() + u"/%(title)s.%(ext)s"_s));
@@ -181,17 +181,17 @@ private Q_SLOTS:
 
     void progressIsShownAsDelivered()
     {
-        tool().setScript("echo '[download]  42.5% of 1MiB at 2.50MiB/s ETA 00:42'\n"
-                         + tool().gate("go"));
+        tool().respond("print [download]  42.5% of 1MiB at 2.50MiB/s ETA 00:42\n"
+                       "wait go");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(!state().downloadSpeed().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().downloadSpeed().isEmpty(), patience);
         QCOMPARE(state().downloadProgress(), 0.425);
         QCOMPARE(state().downloadSpeed(), u"2.50MiB/s"_s);
         QCOMPARE(state().downloadETA(), u"00:42"_s);
         QVERIFY(state().downloadStatus() == DownloadUIStatus(Status::Running{}));
         tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         QCOMPARE(state().downloadProgress(), 1.0);
     }
 
@@ -199,22 +199,25 @@ private Q_SLOTS:
     {
         const auto downloading = DownloadUIStatus(Status::Running{});
         const auto processing = DownloadUIStatus(Status::Processing{});
-        tool().setScript("echo '[download] Destination: /d/a'\n" + tool().gate("a")
-                         + "echo '[download] 50% of 1MiB at 1MiB/s ETA 00:01'\n" + tool().gate("b")
-                         + "echo '[Merger] x'\n" + tool().gate("c"));
+        tool().respond("print [download] Destination: /d/a\n"
+                       "wait a\n"
+                       "print [download] 50% of 1MiB at 1MiB/s ETA 00:01\n"
+                       "wait b\n"
+                       "print [Merger] x\n"
+                       "wait c");
         state().singleInfo = StateFixture::video(u"a"_s);
         const QSignalSpy displayed(&state(), &AppState::displayedDownloadStatusChanged);
         state().startSingleDownload();
-        WAIT_FOR(state().downloadStatus() == processing);
+        QTRY_COMPARE_WITH_TIMEOUT(state().downloadStatus(), processing, patience);
         QVERIFY(state().displayedDownloadStatus() == processing);
         tool().open("a");
-        WAIT_FOR(state().displayedDownloadStatus() == downloading);
+        QTRY_COMPARE_WITH_TIMEOUT(state().displayedDownloadStatus(), downloading, patience);
         QVERIFY(state().downloadStatus() == processing);
         tool().open("b");
-        WAIT_FOR(state().displayedDownloadStatus() == processing);
+        QTRY_COMPARE_WITH_TIMEOUT(state().displayedDownloadStatus(), processing, patience);
         const auto changes = displayed.count();
         tool().open("c");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         QVERIFY(displayed.count() > changes);
         QVERIFY(kindOf(state().displayedDownloadStatus()) == StatusKind::Done);
     }
@@ -222,14 +225,14 @@ private Q_SLOTS:
     void noLateReportOverwritesTheEnd()
     {
         // Thousands of reports right before the exit: none may come after it.
-        tool().setScript("i=0; while [ $i -lt 2000 ]; do echo '[download] 10% of 1MiB at 1MiB/s "
-                         "ETA 00:01'; echo '[Merger] x'; i=$((i+1)); done");
+        tool().respond(
+            "repeat 2000 bytes [download] 10% of 1MiB at 1MiB/s ETA 00:01\\n[Merger] x\\n");
         for (int round = 0; round < 3; ++round) {
             state().singleInfo = StateFixture::video(u"a"_s);
-            download();
+            QVERIFY(download());
             const QSignalSpy progress(&state(), &AppState::downloadProgressChanged);
             const QSignalSpy status(&state(), &AppState::downloadStatusChanged);
-            search(); // its reply comes after all that was on its way
+            QVERIFY(search()); // its reply comes after all that was on its way
             QCOMPARE(progress.count() + status.count(), 0);
             QCOMPARE(state().downloadProgress(), 1.0);
             QVERIFY(kindOf(state().downloadStatus()) == StatusKind::Done);
@@ -238,25 +241,27 @@ private Q_SLOTS:
 
     void aFetchInMidRunSetsIdleWhileTheRunGoesOn()
     {
-        tool().setScript("if [ $N = 1 ]; then\n" + tool().gate("go") + "else " + oneVideo + "; fi");
+        tool().respond("on 1 wait go\n"
+                       "on 1 exit 0\n"
+                       + sample("one-video"));
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         state().singleURL = u"https://x/"_s;
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(state().downloadStatus() == DownloadUIStatus(Status::Idle{}));
         QVERIFY(state().isDownloading());
         tool().open("go");
-        WAIT_FOR(m_fixture->hasEnded());
+        QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
         QCOMPARE(state().history().first().title, u"Title a"_s); // not what was fetched since
     }
 
     void aResetInMidRunClearsTheFlagsAndTheRunGoesOn()
     {
-        tool().setScript(tool().gate("go"));
+        tool().respond("wait go");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         state().singleURL = u"https://x/"_s;
         state().selectedPlaylistItems = AppState::EntrySelection{u"a"_s};
         AssignmentRecorder recorder(state());
@@ -271,28 +276,28 @@ private Q_SLOTS:
         QCOMPARE(state().singleURL(), u"https://x/"_s);
         QCOMPARE(state().selectedPlaylistItems(), AppState::EntrySelection{u"a"_s});
         tool().open("go");
-        WAIT_FOR(!state().history().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().history().isEmpty(), patience);
     }
 
     void aSecondStartInMidRunIsNotRefused()
     {
-        tool().setScript(tool().gate("go"));
+        tool().respond("wait go");
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(tool().calls().size() == 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         state().startSingleDownload();
-        WAIT_FOR(tool().calls().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 2, patience);
         tool().open("go");
         tool().open("go");
-        WAIT_FOR(state().history().size() == 2);
+        QTRY_COMPARE_WITH_TIMEOUT(state().history().size(), 2, patience);
     }
 
 private:
-    void search()
+    [[nodiscard]] bool search()
     {
         state().browseSearchQuery = u"x"_s;
         state().searchYouTube();
-        WAIT_FOR(!state().isBrowseSearching());
+        return waitFor([&] { return !state().isBrowseSearching(); });
     }
 };
 

@@ -58,19 +58,19 @@ private Q_SLOTS:
     {
         const SystemAppearance system;
         QVERIFY(!system.isDark());
-        WAIT_FOR(system.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(system.isDark(), patience);
     }
 
     void aChangeIsFollowedLive()
     {
         const SystemAppearance system;
-        WAIT_FOR(system.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(system.isDark(), patience);
         tellScheme(light);
-        WAIT_FOR(!system.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(!system.isDark(), patience);
         tellScheme(dark);
-        WAIT_FOR(system.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(system.isDark(), patience);
         tellScheme(0); // no preference: the toolkit's
-        WAIT_FOR(!system.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(!system.isDark(), patience);
     }
 
     void onlyLightAndDarkAreKeptAgainstTheSystem_data()
@@ -93,10 +93,10 @@ private Q_SLOTS:
         preferences.setString(u"quillon.colorScheme"_s, stored);
         const SystemAppearance system;
         const Appearance appearance(preferences, system);
-        WAIT_FOR(system.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(system.isDark(), patience);
         QCOMPARE(appearance.isDark(), darkInADarkAndALightSystem.first);
         tellScheme(light);
-        WAIT_FOR(!system.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(!system.isDark(), patience);
         QCOMPARE(appearance.isDark(), darkInADarkAndALightSystem.second);
     }
 

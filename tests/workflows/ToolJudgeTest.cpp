@@ -31,7 +31,7 @@ private Q_SLOTS:
 
     void aToolTellsItsVersionInOneRun()
     {
-        m_tool->setScript("echo 2026.08.19");
+        m_tool->respond("print 2026.08.19");
         const ToolReport report = judged();
         QCOMPARE(report.path, m_tool->path());
         QCOMPARE(report.version.text, u"2026.08.19"_s);
@@ -41,7 +41,7 @@ private Q_SLOTS:
 
     void theToolRunsInTheEnvironmentOfEveryRun()
     {
-        m_tool->setScript("echo 2026.08.19");
+        m_tool->respond("print 2026.08.19");
         judged();
         QCOMPARE(m_tool->environment(), QStringList({u"HOME=/nowhere"_s, u"PATH=/usr/bin:/bin"_s}));
     }
@@ -94,16 +94,15 @@ private Q_SLOTS:
 
     void aPythonThatIsTooOldIsFound()
     {
-        m_tool->setScript(
-            "echo 'ImportError: You are using an unsupported version of Python. "
-            "Only Python versions 3.10 and above are supported by yt-dlp' >&2; exit 1");
+        m_tool->respond("fail ImportError: You are using an unsupported version of Python. Only "
+                        "Python versions 3.10 and above are supported by yt-dlp");
         QCOMPARE(judged().failure, StartFailure::oldPython);
     }
 
     void anythingElseIsToldInTheToolsLastWords()
     {
-        m_tool->setScript(
-            "printf 'Traceback:\\n  more\\nModuleNotFoundError: No module\\n\\n' >&2; exit 3");
+        m_tool->respond("stderr bytes Traceback:\\n  more\\nModuleNotFoundError: No module\\n\\n\n"
+                        "exit 3");
         const ToolReport report = judged();
         QCOMPARE(report.failure, StartFailure::other);
         QCOMPARE(report.failureText, u"ModuleNotFoundError: No module"_s);
@@ -120,14 +119,14 @@ private Q_SLOTS:
 
     void aToolThatHangsIsEnded()
     {
-        m_tool->setScript(m_tool->gate("never"));
+        m_tool->respond("wait never");
         QCOMPARE(judged(200ms).failure, StartFailure::noAnswer);
         QVERIFY(!isAlive(m_tool->processIdentifiers().first()));
     }
 
     void aToolThatNeverStopsTalkingIsEndedAndIsOfUnknownAge()
     {
-        m_tool->setScript("exec yes 2026.08.19");
+        m_tool->respond("forever print 2026.08.19");
         const ToolReport report = judged();
         QCOMPARE(report.failure, StartFailure::none);
         QVERIFY(!report.version.isDated());
@@ -136,13 +135,14 @@ private Q_SLOTS:
 
     void aToolThatNeverStopsComplainingIsEnded()
     {
-        m_tool->setScript("exec yes trouble >&2");
+        m_tool->respond("forever stderr print trouble");
         QCOMPARE(judged().failureText, u"trouble"_s);
     }
 
     void nonsenseIsAVersionOfUnknownAge()
     {
-        m_tool->setScript("echo a b; echo c");
+        m_tool->respond("print a b\n"
+                        "print c");
         const ToolReport report = judged();
         QCOMPARE(report.failure, StartFailure::none);
         QVERIFY(!report.version.isDated());
@@ -150,7 +150,7 @@ private Q_SLOTS:
 
     void aToolThatHasNotChangedIsNotAskedAgain()
     {
-        m_tool->setScript("echo 2026.08.19");
+        m_tool->respond("print 2026.08.19");
         judged();
         m_judge->look();
         m_judge->lookAgain(); // handled behind the look
@@ -160,9 +160,9 @@ private Q_SLOTS:
 
     void aToolThatHasChangedIsAskedAgain()
     {
-        m_tool->setScript("echo 2026.08.19");
+        m_tool->respond("print 2026.08.19");
         judged();
-        m_tool->setScript("echo 2026.09.01");
+        m_tool->respond("print 2026.09.01");
         m_judge->look();
         QVERIFY(waitForCount(2));
         QCOMPARE(last().version.text, u"2026.09.01"_s);
@@ -170,7 +170,7 @@ private Q_SLOTS:
 
     void aToolWhoseRightsHaveChangedIsAskedAgain()
     {
-        m_tool->setScript("echo 2026.08.19");
+        m_tool->respond("print 2026.08.19");
         judged();
         QFile::setPermissions(m_tool->path(), QFile::ReadOwner);
         m_judge->look();
@@ -182,7 +182,7 @@ private Q_SLOTS:
     {
         const FakeTool earlier;
         QFile::rename(earlier.path(), earlier.file(u"aside"_s));
-        m_tool->setScript("echo 2026.08.19");
+        m_tool->respond("print 2026.08.19");
         m_judge =
             std::make_unique<ToolJudge>(ToolPlaces{.searchPaths = {earlier.path(), m_tool->path()},
                                                    .ownPath = m_tool->path(),
@@ -199,7 +199,8 @@ private Q_SLOTS:
 
     void aLookDuringARunWaitsForItsEnd()
     {
-        m_tool->setScript(m_tool->gate("go") + "echo 2026.08.19");
+        m_tool->respond("wait go\n"
+                        "print 2026.08.19");
         make(10s);
         m_judge->look();
         m_judge->lookAgain();
@@ -215,7 +216,7 @@ private Q_SLOTS:
 
     void closingEndsTheRunWithoutAWord()
     {
-        m_tool->setScript(m_tool->gate("never"));
+        m_tool->respond("wait never");
         make(10s);
         m_judge->look();
         QVERIFY(QTest::qWaitFor([this] { return !m_tool->processIdentifiers().isEmpty(); }, 30000));

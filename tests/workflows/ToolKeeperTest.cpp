@@ -12,7 +12,7 @@ private Q_SLOTS:
 
     void nothingIsRunBeforeItBegins()
     {
-        fetch();
+        QVERIFY(fetch());
         QCOMPARE(m_fixture->tool.calls().size(), 1); // the fetch
         QVERIFY(!m_keeper->report());
         QVERIFY(!m_keeper->isComplaintDue());
@@ -20,7 +20,7 @@ private Q_SLOTS:
 
     void aToolOfNoUseIsComplainedOf()
     {
-        begin();
+        QVERIFY(begin());
         QCOMPARE(m_keeper->status(), ToolStatus::tooOld);
         QVERIFY(m_keeper->isComplaintDue());
         QVERIFY(m_keeper->canUpdate());
@@ -28,43 +28,43 @@ private Q_SLOTS:
 
     void notNowHoldsUntilTheToolChanges()
     {
-        begin();
+        QVERIFY(begin());
         m_keeper->notNow();
         QVERIFY(!m_keeper->isComplaintDue());
         QCOMPARE(m_fixture->preferences->string(u"quillon.toolNotNow"_s),
                  m_fixture->tool.path() + u" 2023.03.04"_s);
-        restart();
+        QVERIFY(restart());
         QVERIFY(!m_keeper->isComplaintDue());
         setTool("2023.03.05");
         m_keeper->begin();
-        WAIT_FOR(m_keeper->isComplaintDue());
+        QTRY_VERIFY_WITH_TIMEOUT(m_keeper->isComplaintDue(), patience);
     }
 
     void aChangedToolIsSeenBeforeAnOperation()
     {
-        begin();
+        QVERIFY(begin());
         setTool("2026.08.01");
-        fetch();
-        WAIT_FOR(version() == u"2026.08.01");
+        QVERIFY(fetch());
+        QTRY_COMPARE_WITH_TIMEOUT(version(), u"2026.08.01"_s, patience);
         QVERIFY(!m_keeper->isComplaintDue());
     }
 
     void aChangedToolIsSeenWhenTheSettingsOpen()
     {
-        begin();
+        QVERIFY(begin());
         setTool("2026.08.01");
         state().showSettings = true;
-        WAIT_FOR(version() == u"2026.08.01");
+        QTRY_COMPARE_WITH_TIMEOUT(version(), u"2026.08.01"_s, patience);
     }
 
     void anUnchangedToolIsNotRunAgain()
     {
-        begin();
-        fetch();
+        QVERIFY(begin());
+        QVERIFY(fetch());
         state().showSettings = true;
         setTool("2026.08.01"); // whose report comes behind all that was looked at before
         state().showSettings = false;
-        WAIT_FOR(version() == u"2026.08.01");
+        QTRY_COMPARE_WITH_TIMEOUT(version(), u"2026.08.01"_s, patience);
         QCOMPARE(m_fixture->tool.calls().count(QStringList{u"--version"_s}), 2);
     }
 
@@ -76,32 +76,32 @@ private Q_SLOTS:
         QFile::remove(m_fixture->tool.path());
         writeFile(m_fixture->tool.path(), "#!" + shell.toUtf8() + "\necho 2026.08.01\n");
         QFile::setPermissions(m_fixture->tool.path(), QFile::ReadOwner | QFile::ExeOwner);
-        begin();
+        QVERIFY(begin());
         QCOMPARE(m_keeper->status(), ToolStatus::current);
         QFile::remove(shell);
-        fetch();
-        WAIT_FOR(m_keeper->status() == ToolStatus::doesNotStart);
+        QVERIFY(fetch());
+        QTRY_COMPARE_WITH_TIMEOUT(m_keeper->status(), ToolStatus::doesNotStart, patience);
     }
 
     void aFailureThatAgeMayExplainIsHintedAtOnceForAVersion()
     {
-        setTool("2026.03.01", "echo 'ERROR: Unable to extract uploader id' >&2; exit 1");
-        begin();
+        setTool("2026.03.01", "fail ERROR: Unable to extract uploader id");
+        QVERIFY(begin());
         QCOMPARE(m_keeper->status(), ToolStatus::old);
         QVERIFY(!m_keeper->isHintDue());
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(m_keeper->isHintDue());
         m_keeper->notNow();
         QVERIFY(!m_keeper->isHintDue());
-        fetch();
+        QVERIFY(fetch());
         QVERIFY(!m_keeper->isHintDue());
-        restart();
-        fetch();
+        QVERIFY(restart());
+        QVERIFY(fetch());
         QVERIFY(!m_keeper->isHintDue());
-        setTool("2026.03.02", "echo 'ERROR: Unable to extract uploader id' >&2; exit 1");
+        setTool("2026.03.02", "fail ERROR: Unable to extract uploader id");
         m_keeper->begin();
-        WAIT_FOR(version() == u"2026.03.02");
-        fetch();
+        QTRY_COMPARE_WITH_TIMEOUT(version(), u"2026.03.02"_s, patience);
+        QVERIFY(fetch());
         QVERIFY(m_keeper->isHintDue());
     }
 
@@ -114,8 +114,8 @@ private Q_SLOTS:
     void everyKindOfOperationMayHint()
     {
         QFETCH(QString, operation);
-        setTool("2026.03.01", "echo 'ERROR: HTTP Error 403: Forbidden' >&2; exit 1");
-        begin();
+        setTool("2026.03.01", "fail ERROR: HTTP Error 403: Forbidden");
+        QVERIFY(begin());
         const SearchResult result{.id = u"a"_s,
                                   .title = u"A"_s,
                                   .uploader = {},
@@ -123,7 +123,7 @@ private Q_SLOTS:
                                   .thumbnailURL = {},
                                   .videoURL = u"https://x/a"_s};
         if (operation == u"fetch") {
-            fetch();
+            QVERIFY(fetch());
         } else if (operation == u"search") {
             state().browseSearchQuery = u"boats"_s;
             state().searchYouTube();
@@ -137,22 +137,22 @@ private Q_SLOTS:
         } else {
             Q_EMIT state().avPlayer.failed(u"HTTP error 403 Forbidden"_s);
         }
-        WAIT_FOR(m_keeper->isHintDue());
+        QTRY_VERIFY_WITH_TIMEOUT(m_keeper->isHintDue(), patience);
     }
 
     void aFailureOfAnotherCauseIsNotHintedAt()
     {
-        setTool("2026.03.01", "echo 'ERROR: Private video. Sign in' >&2; exit 1");
-        begin();
-        fetch();
+        setTool("2026.03.01", "fail ERROR: Private video. Sign in");
+        QVERIFY(begin());
+        QVERIFY(fetch());
         QVERIFY(!m_keeper->isHintDue());
     }
 
     void aCurrentToolIsNotHintedAt()
     {
-        setTool("2026.08.01", "echo 'ERROR: Unable to extract' >&2; exit 1");
-        begin();
-        fetch();
+        setTool("2026.08.01", "fail ERROR: Unable to extract");
+        QVERIFY(begin());
+        QVERIFY(fetch());
         QVERIFY(!m_keeper->isHintDue());
     }
 
@@ -161,61 +161,61 @@ private Q_SLOTS:
         offer(*m_server, *m_signer,
               zippedTool("import sys\nif sys.argv[1:] == ['--version']: print('2026.08.19')\n"
                          "else: print('{\"id\": \"a\", \"title\": \"New\"}')\n"));
-        begin();
-        fetch();
+        QVERIFY(begin());
+        QVERIFY(fetch());
         QVERIFY(state().fetchError());
-        update();
+        QVERIFY(update());
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
         QCOMPARE(m_keeper->updateOutcome().version.text, u"2026.08.19"_s);
         QCOMPARE(m_keeper->report()->path, ownPath());
         QVERIFY(!m_keeper->isComplaintDue());
         QVERIFY(m_keeper->retry().isPossible());
         m_keeper->retry().repeat();
-        WAIT_FOR(!state().isFetching());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isFetching(), patience);
         QCOMPARE(state().singleInfo()->title, u"New"_s);
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::none);
     }
 
     void theHintGoesWithTheUpdateThatItLedTo()
     {
-        setTool("2026.03.01", "echo 'ERROR: Unable to extract' >&2; exit 1");
-        begin();
-        fetch();
+        setTool("2026.03.01", "fail ERROR: Unable to extract");
+        QVERIFY(begin());
+        QVERIFY(fetch());
         QVERIFY(m_keeper->isHintDue());
-        update();
+        QVERIFY(update());
         m_keeper->closeUpdate();
         QVERIFY(!m_keeper->isHintDue());
     }
 
     void aFailureThatComesAfterTheUpdateMayBeRepeated()
     {
-        setTool("2023.03.04", m_fixture->tool.gate("go") + "exit 1");
-        begin();
+        setTool("2023.03.04", "wait go\nexit 1");
+        QVERIFY(begin());
         state().singleURL = u"https://example.org/a"_s;
         state().fetchSingleInfo();
-        update();
+        QVERIFY(update());
         int changes = 0;
         connect(m_keeper.get(), &ToolKeeper::changed, this,
                 [&] { changes += m_keeper->retry().isPossible() ? 1 : 0; });
         m_fixture->tool.open("go");
-        WAIT_FOR(changes > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(changes > 0, patience);
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
     }
 
     void aQueueThatGoesOnDoesNotHideThatTheToolIsReady()
     {
-        begin();
-        update();
+        QVERIFY(begin());
+        QVERIFY(update());
         state().addURLToQueue(u"https://example.org/a"_s);
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
     }
 
     void aToolThatComesFirstEndsAnUpdateAtItsBeginning()
     {
-        begin();
+        QVERIFY(begin());
         QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"own"_s));
         writeFile(ownPath(), "mine");
-        update();
+        QVERIFY(update());
         QVERIFY(m_keeper->updateOutcome().error.contains(u"Quillon did not put"));
         QCOMPARE(m_server->requests, QStringList());
     }
@@ -223,56 +223,57 @@ private Q_SLOTS:
     void notNowIsForgottenWithTheToolThatItWasSaidOf()
     {
         QFile::rename(m_fixture->tool.path(), m_fixture->tool.file(u"aside"_s));
-        begin();
+        QVERIFY(begin());
         QCOMPARE(m_keeper->status(), ToolStatus::missing);
         m_keeper->notNow();
         QVERIFY(!m_keeper->isComplaintDue());
         setTool("2026.08.01");
         m_keeper->begin();
-        WAIT_FOR(m_keeper->status() == ToolStatus::current);
+        QTRY_COMPARE_WITH_TIMEOUT(m_keeper->status(), ToolStatus::current, patience);
         QFile::remove(m_fixture->tool.path());
         m_keeper->begin();
-        WAIT_FOR(m_keeper->isComplaintDue());
+        QTRY_VERIFY_WITH_TIMEOUT(m_keeper->isComplaintDue(), patience);
     }
 
     void whatAKilledUpdateLeftIsClearedWhenItBegins()
     {
         QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"own/.quillon-update"_s));
-        begin();
-        WAIT_FOR(!QDir(m_fixture->folder.filePath(u"own/.quillon-update"_s)).exists());
+        QVERIFY(begin());
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !QDir(m_fixture->folder.filePath(u"own/.quillon-update"_s)).exists(), patience);
     }
 
     void aFailedUpdateSaysWhyAndMayBeRepeated()
     {
         m_server->answers[u"yt-dlp"_s] = {{.body = {}, .status = 404}};
-        begin();
-        update();
+        QVERIFY(begin());
+        QVERIFY(update());
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::failed);
         QVERIFY(m_keeper->updateOutcome().error.contains(u"404"));
         QCOMPARE(m_keeper->status(), ToolStatus::tooOld);
         offer(*m_server, *m_signer, zippedTool(versionCode("2026.08.19")));
-        update();
+        QVERIFY(update());
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
     }
 
     void aCancelledUpdateIsAsIfItHadNotBeen()
     {
         m_server->answers[u"yt-dlp"_s] = {{.body = "x", .told = 100, .isHeld = true}};
-        begin();
+        QVERIFY(begin());
         m_keeper->update();
-        WAIT_FOR(m_server->requests.contains(u"/yt-dlp"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(m_server->requests.contains(u"/yt-dlp"_s), patience);
         m_keeper->cancelUpdate();
-        WAIT_FOR(m_keeper->updatePhase() == ToolKeeper::UpdatePhase::none);
+        QTRY_COMPARE_WITH_TIMEOUT(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::none, patience);
         QVERIFY(m_keeper->isComplaintDue());
     }
 
     void anUpdateDoesNotBeginTwice()
     {
         m_server->answers[u"SHA2-256SUMS"_s] = {{.body = {}, .isSilent = true}};
-        begin();
+        QVERIFY(begin());
         m_keeper->update();
         m_keeper->update();
-        WAIT_FOR(!m_server->requests.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_server->requests.isEmpty(), patience);
         m_keeper.reset(); // the window closes in the middle
         QCOMPARE(m_server->requests.size(), 1);
         QVERIFY(QDir(m_fixture->folder.filePath(u"own"_s))
@@ -281,15 +282,15 @@ private Q_SLOTS:
 
     void aDownloadGoesOnDuringAnUpdate()
     {
-        setTool("2023.03.04", m_fixture->tool.gate("go") + "exit 0");
-        begin();
+        setTool("2023.03.04", "wait go\nexit 0");
+        QVERIFY(begin());
         state().singleInfo = StateFixture::video(u"a"_s);
         state().startSingleDownload();
-        WAIT_FOR(m_fixture->tool.processIdentifiers().size() == 2);
-        update();
+        QTRY_COMPARE_WITH_TIMEOUT(m_fixture->tool.processIdentifiers().size(), 2, patience);
+        QVERIFY(update());
         QVERIFY(state().isDownloading());
         m_fixture->tool.open("go");
-        WAIT_FOR(!state().isDownloading());
+        QTRY_VERIFY_WITH_TIMEOUT(!state().isDownloading(), patience);
         QCOMPARE(kindOf(state().downloadStatus()), StatusKind::Done);
     }
 };
