@@ -8,8 +8,6 @@
 #include <QThreadPool>
 #include <QTimer>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,6 +15,8 @@ namespace {
 // Twice what the largest thumbnails of video sites weigh. A server that wants to send
 // more gets the placeholder.
 constexpr qint64 largestThumbnail = 8LL * 1024 * 1024;
+// What comes faster than it is looked at stays with the server.
+constexpr qint64 readAhead = 1024LL * 1024;
 
 } // namespace
 
@@ -51,6 +51,7 @@ void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
                          QNetworkRequest::UserVerifiedRedirectPolicy);
     request.setRawHeader("Accept-Encoding", "identity"); // so that its size is its size
     m_reply = network.get(request);
+    m_reply->setReadBufferSize(readAhead);
     QTimer::singleShot(source.patience, m_reply, &QNetworkReply::abort);
     connect(m_reply, &QNetworkReply::redirected, this, [this, url, source](const QUrl &target) {
         const bool isLessSafe = url.scheme() == u"https" && target.scheme() != u"https";
@@ -59,8 +60,13 @@ void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
         else
             m_reply->abort();
     });
-    connect(m_reply, &QNetworkReply::downloadProgress, this, [this](qint64 received, qint64 total) {
-        if (std::max(received, total) > largestThumbnail)
+    connect(m_reply, &QNetworkReply::downloadProgress, this, [this](qint64, qint64 total) {
+        if (total > largestThumbnail)
+            m_reply->abort();
+    });
+    connect(m_reply, &QNetworkReply::readyRead, this, [this] {
+        m_bytes += m_reply->readAll();
+        if (m_bytes.size() > largestThumbnail)
             m_reply->abort();
     });
     connect(m_reply, &QNetworkReply::finished, this, &ThumbnailResponse::handleFinished);
@@ -86,7 +92,7 @@ void ThumbnailResponse::handleFinished()
         fail(m_reply->errorString());
         return;
     }
-    decodeElsewhere(m_reply->readAll());
+    decodeElsewhere(m_bytes + m_reply->readAll());
 }
 
 // Nobody else touches the image until finished() is emitted, and the engine keeps

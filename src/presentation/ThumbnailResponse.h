@@ -40,6 +40,7 @@ private:
     const std::shared_ptr<ThumbnailCache> m_cache;
     QUrl m_url;
     QPointer<QNetworkReply> m_reply;
+    QByteArray m_bytes;
     QImage m_image;
     QString m_error;
 };

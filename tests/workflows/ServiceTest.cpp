@@ -139,8 +139,7 @@ private Q_SLOTS:
 
     void aLoneLineBreakOnStandardErrorIsNotEmpty()
     {
-        m_tool->respond("print >&2\n"
-                        "exit 1");
+        m_tool->respond("fail ");
         QCOMPARE(run().error(), u"Failed to fetch info: \n"_s);
     }
 
