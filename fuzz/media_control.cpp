@@ -36,7 +36,7 @@ void call(MprisPlayer &player, FuzzedDataProvider &from)
         player.OpenUri(QString::fromStdString(from.ConsumeRandomLengthString(64)));
         break;
     default:
-        static_cast<void>(player.told());
+        static_cast<void>(player.properties());
         static_cast<void>(player.position());
         break;
     }

@@ -119,9 +119,11 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     afterFirstFrame(*mainWindow.window(), toolKeeper, [&toolKeeper] {
         QTimer::singleShot(restAfterFirstFrame, &toolKeeper, &ToolKeeper::begin);
     });
-    const auto come = [&mainWindow] { mainWindow.bringForward(); };
-    QObject::connect(&instance, &SingleInstance::activationRequested, mainWindow.window(), come);
-    QObject::connect(&mediaControl, &MediaControl::raiseRequested, mainWindow.window(), come);
+    const auto bringForward = [&mainWindow] { mainWindow.bringForward(); };
+    QObject::connect(&instance, &SingleInstance::activationRequested, mainWindow.window(),
+                     bringForward);
+    QObject::connect(&mediaControl, &MediaControl::raiseRequested, mainWindow.window(),
+                     bringForward);
     const int status = QGuiApplication::exec();
     instance.stopListening();
     return status;

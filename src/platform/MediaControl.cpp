@@ -29,12 +29,12 @@ MediaControl::~MediaControl()
 
 void MediaControl::show(const NowPlaying &nowPlaying)
 {
-    const QVariantMap before = m_player->told();
+    const QVariantMap before = m_player->properties();
     m_shown = nowPlaying;
     if (m_name.isEmpty())
         appear();
     else
-        tellChanges(before);
+        announceChanges(before);
 }
 
 void MediaControl::hide()
@@ -60,10 +60,10 @@ void MediaControl::appear()
     }
 }
 
-void MediaControl::tellChanges(const QVariantMap &before) const
+void MediaControl::announceChanges(const QVariantMap &before) const
 {
     QVariantMap changes;
-    const QVariantMap now = m_player->told();
+    const QVariantMap now = m_player->properties();
     for (auto property = now.begin(); property != now.end(); ++property) {
         if (before[property.key()] != *property)
             changes.insert(property.key(), *property);

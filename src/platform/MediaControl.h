@@ -60,7 +60,7 @@ Q_SIGNALS:
 
 private:
     void appear();
-    void tellChanges(const QVariantMap &before) const;
+    void announceChanges(const QVariantMap &before) const;
 
     QDBusConnection m_bus;
     MprisPlayer *m_player; // owned by this, as its child

@@ -63,7 +63,7 @@ void MediaPlayer::failLater(const QString &error)
 {
     QTimer::singleShot(0, this, [this, error, number = m_itemNumber] {
         if (number == m_itemNumber)
-            takeFailure(error);
+            handleFailure(error);
     });
 }
 
@@ -127,10 +127,10 @@ bool MediaPlayer::loadEngine()
 {
     if (m_engine)
         return true;
-    m_engine = m_makeEngine({.statusChanged = [this](const auto &status) { takeStatus(status); },
-                             .pictureChanged = [this](const auto &image) { takePicture(image); },
-                             .ended = [this] { takeEnd(); },
-                             .failed = [this](const auto &message) { takeFailure(message); }},
+    m_engine = m_makeEngine({.statusChanged = [this](const auto &status) { handleStatus(status); },
+                             .pictureChanged = [this](const auto &image) { handlePicture(image); },
+                             .ended = [this] { handleEnd(); },
+                             .failed = [this](const auto &message) { handleFailure(message); }},
                             m_engineError);
     if (!m_engine)
         return false;
@@ -142,7 +142,7 @@ bool MediaPlayer::loadEngine()
     return true;
 }
 
-void MediaPlayer::takeStatus(const PlayerStatus &status)
+void MediaPlayer::handleStatus(const PlayerStatus &status)
 {
     if (!m_hasItem)
         return;
@@ -150,7 +150,7 @@ void MediaPlayer::takeStatus(const PlayerStatus &status)
     Q_EMIT statusChanged();
 }
 
-void MediaPlayer::takeEnd()
+void MediaPlayer::handleEnd()
 {
     if (!m_hasItem)
         return;
@@ -159,7 +159,7 @@ void MediaPlayer::takeEnd()
     Q_EMIT playedToEnd();
 }
 
-void MediaPlayer::takePicture(const QImage &picture)
+void MediaPlayer::handlePicture(const QImage &picture)
 {
     if (!m_hasItem)
         return;
@@ -167,7 +167,7 @@ void MediaPlayer::takePicture(const QImage &picture)
     Q_EMIT pictureChanged();
 }
 
-void MediaPlayer::takeFailure(const QString &message)
+void MediaPlayer::handleFailure(const QString &message)
 {
     if (!m_hasItem)
         return;

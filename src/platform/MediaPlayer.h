@@ -76,10 +76,10 @@ Q_SIGNALS:
 private:
     bool loadEngine();
     void failLater(const QString &error);
-    void takeStatus(const PlayerStatus &status);
-    void takeEnd();
-    void takePicture(const QImage &picture);
-    void takeFailure(const QString &message);
+    void handleStatus(const PlayerStatus &status);
+    void handleEnd();
+    void handlePicture(const QImage &picture);
+    void handleFailure(const QString &message);
 
     PlayerEngineFactory m_makeEngine;
     std::unique_ptr<PlayerEngine> m_engine;

@@ -114,7 +114,7 @@ bool MprisPlayer::canSeek() const
     return m_control.shown().isPlayable && m_control.shown().duration > 0;
 }
 
-QVariantMap MprisPlayer::told() const
+QVariantMap MprisPlayer::properties() const
 {
     return {{u"PlaybackStatus"_s, playbackStatus()},
             {u"Metadata"_s, metadata()},

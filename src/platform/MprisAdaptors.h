@@ -72,7 +72,7 @@ public:
     [[nodiscard]] bool canControl() const { return true; }
 
     /// What the desktop is told of when it changes; the position is asked for.
-    [[nodiscard]] QVariantMap told() const;
+    [[nodiscard]] QVariantMap properties() const;
 
 public Q_SLOTS:
     void Next();

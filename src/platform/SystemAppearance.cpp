@@ -70,7 +70,7 @@ SystemAppearance::SystemAppearance()
     qRegisterMetaType<QDBusVariant>(); // else the connection is refused, without a word
     QDBusConnection::sessionBus().connect(portalService, portalPath, settingsInterface,
                                           u"SettingChanged"_s, this,
-                                          SLOT(takeSetting(QString, QString, QDBusVariant)));
+                                          SLOT(handleSetting(QString, QString, QDBusVariant)));
     readSettings();
 }
 
@@ -87,8 +87,8 @@ bool SystemAppearance::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void SystemAppearance::takeSetting(const QString &group, const QString &key,
-                                   const QDBusVariant &value)
+void SystemAppearance::handleSetting(const QString &group, const QString &key,
+                                     const QDBusVariant &value)
 {
     const QVariant setting = value.variant();
     if (group == appearanceGroup && key == u"color-scheme") {
@@ -115,24 +115,24 @@ void SystemAppearance::readSettings()
         QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"ReadAll"_s);
     message << QStringList{appearanceGroup, interfaceGroup};
     const QDBusMessage reply = bus.call(message, QDBus::Block, portalTimeout);
-    takeSettings(reply);
+    handleSettings(reply);
     if (QDBusError(reply).type() != QDBusError::NoReply)
         return;
     // The desktop may only be starting its portal.
     auto *const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
-        takeSettings(watcher->reply());
+        handleSettings(watcher->reply());
     });
 }
 
-void SystemAppearance::takeSettings(const QDBusMessage &reply)
+void SystemAppearance::handleSettings(const QDBusMessage &reply)
 {
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
         return;
     const auto groups = qdbus_cast<SettingGroups>(reply.arguments().constFirst());
     for (auto group = groups.begin(); group != groups.end(); ++group) {
         for (auto setting = group->begin(); setting != group->end(); ++setting)
-            takeSetting(group.key(), setting.key(), QDBusVariant(*setting));
+            handleSetting(group.key(), setting.key(), QDBusVariant(*setting));
     }
 }

@@ -36,11 +36,11 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
-    void takeSetting(const QString &group, const QString &key, const QDBusVariant &value);
+    void handleSetting(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
     void readSettings();
-    void takeSettings(const QDBusMessage &reply);
+    void handleSettings(const QDBusMessage &reply);
 
     std::optional<bool> m_portalIsDark; // unset: the portal has no opinion
     QColor m_accent;

@@ -193,7 +193,7 @@ void MpvEngine::readEvents()
             break;
         take(*event);
     }
-    tellStatus();
+    reportStatus();
 }
 
 void MpvEngine::take(const mpv_event &event)
@@ -214,15 +214,15 @@ void MpvEngine::take(const mpv_event &event)
             seek(*m_seekLater);
         break;
     case MPV_EVENT_END_FILE:
-        takeEnd(*static_cast<const mpv_event_end_file *>(event.data));
+        handleEnd(*static_cast<const mpv_event_end_file *>(event.data));
         break;
     case MPV_EVENT_PROPERTY_CHANGE:
-        takeProperty(*static_cast<const mpv_event_property *>(event.data));
+        handleProperty(*static_cast<const mpv_event_property *>(event.data));
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
         // Else it has been sought elsewhere, where mpv may not have arrived yet.
         if (event.error >= 0 && event.reply_userdata == m_loadNumber && isNearEnd())
-            takeProperty(*static_cast<const mpv_event_property *>(event.data));
+            handleProperty(*static_cast<const mpv_event_property *>(event.data));
         break;
     case MPV_EVENT_LOG_MESSAGE: {
         const auto &message = *static_cast<const mpv_event_log_message *>(event.data);
@@ -235,7 +235,7 @@ void MpvEngine::take(const mpv_event &event)
     }
 }
 
-void MpvEngine::takeProperty(const mpv_event_property &property)
+void MpvEngine::handleProperty(const mpv_event_property &property)
 {
     const QByteArrayView name(property.name);
     const double number =
@@ -253,10 +253,10 @@ void MpvEngine::takeProperty(const mpv_event_property &property)
     else if (name == "seeking")
         m_isSeeking = flag;
     else if (name == endReached)
-        takeEndReached(flag);
+        handleEndReached(flag);
 }
 
-void MpvEngine::takeEndReached(bool isReached)
+void MpvEngine::handleEndReached(bool isReached)
 {
     if (isReached == m_isAtEnd || !isCurrent())
         return;
@@ -270,7 +270,7 @@ void MpvEngine::takeEndReached(bool isReached)
         return;
     }
     m_status.position = std::max(m_status.position, m_status.duration);
-    tellStatus();
+    reportStatus();
     m_events.ended();
 }
 
@@ -280,7 +280,7 @@ bool MpvEngine::isNearEnd() const
         || m_status.duration - m_status.position <= endTolerance(m_status.duration);
 }
 
-void MpvEngine::takeEnd(const mpv_event_end_file &end)
+void MpvEngine::handleEnd(const mpv_event_end_file &end)
 {
     if (end.playlist_entry_id != m_entry || end.reason == MPV_END_FILE_REASON_STOP
         || end.reason == MPV_END_FILE_REASON_QUIT)
@@ -295,16 +295,16 @@ void MpvEngine::takeEnd(const mpv_event_end_file &end)
     m_failure.start();
 }
 
-void MpvEngine::tellStatus()
+void MpvEngine::reportStatus()
 {
     m_status.isBuffering = !m_hasBegun || m_isWaitingForData || m_isSeeking;
-    PlayerStatus told = m_status;
-    told.position = std::floor(told.position / positionStep) * positionStep;
-    told.loadedTo = std::floor(told.loadedTo);
-    if (!isCurrent() || told == m_toldStatus)
+    PlayerStatus status = m_status;
+    status.position = std::floor(status.position / positionStep) * positionStep;
+    status.loadedTo = std::floor(status.loadedTo);
+    if (!isCurrent() || status == m_reportedStatus)
         return;
-    m_toldStatus = told;
-    m_events.statusChanged(told);
+    m_reportedStatus = status;
+    m_events.statusChanged(status);
 }
 
 void MpvEngine::fail()
@@ -322,7 +322,7 @@ void MpvEngine::forget()
     m_hasBegun = false;
     m_seekLater.reset();
     m_status = {};
-    m_toldStatus = {};
+    m_reportedStatus = {};
     m_complaint.clear();
 }
 
@@ -333,10 +333,10 @@ void MpvEngine::passOn(const QImage &picture)
     const bool isOnItsWay = !m_newPicture.isNull();
     m_newPicture = picture;
     if (!isOnItsWay)
-        m_mailbox->post([this] { tellPicture(); });
+        m_mailbox->post([this] { reportPicture(); });
 }
 
-void MpvEngine::tellPicture()
+void MpvEngine::reportPicture()
 {
     QImage picture;
     {

@@ -47,24 +47,24 @@ private:
 
     void readEvents();
     void take(const mpv_event &event);
-    void takeProperty(const mpv_event_property &property);
-    void takeEnd(const mpv_event_end_file &end);
-    void takeEndReached(bool isReached);
+    void handleProperty(const mpv_event_property &property);
+    void handleEnd(const mpv_event_end_file &end);
+    void handleEndReached(bool isReached);
     [[nodiscard]] bool isNearEnd() const;
-    void tellStatus();
+    void reportStatus();
     void fail();
     void forget();
     [[nodiscard]] bool isCurrent() const { return m_entry >= 0 && m_entry == m_startedEntry; }
 
     void passOn(const QImage &picture);
-    void tellPicture();
+    void reportPicture();
 
     Events m_events;
     mpv_handle *m_mpv = nullptr;
     std::unique_ptr<MpvPicture> m_picture;
 
     PlayerStatus m_status;
-    PlayerStatus m_toldStatus;
+    PlayerStatus m_reportedStatus;
     bool m_isWaitingForData = false;
     bool m_isSeeking = false;
     bool m_isAtEnd = false;

@@ -13,10 +13,11 @@ BrowseModel::BrowseModel(AppState &state)
     connect(&state, &AppState::browseResultsChanged, this, &BrowseModel::follow);
     connect(&state, &AppState::isBrowseSearchingChanged, this, &BrowseModel::areaChanged);
     connect(&state, &AppState::browseSearchErrorChanged, this, &BrowseModel::areaChanged);
-    connect(&state, &AppState::nowPlayingChanged, this, [this] { tell({IsNowPlayingRole}); });
-    const auto tellLooks = [this] { tell({VideoRole, AudioRole}); };
-    connect(&state, &AppState::browseDownloadStatusesChanged, this, tellLooks);
-    connect(&state, &AppState::browseDownloadProgressChanged, this, tellLooks);
+    connect(&state, &AppState::nowPlayingChanged, this,
+            [this] { updateRoles({IsNowPlayingRole}); });
+    const auto updateLooks = [this] { updateRoles({VideoRole, AudioRole}); };
+    connect(&state, &AppState::browseDownloadStatusesChanged, this, updateLooks);
+    connect(&state, &AppState::browseDownloadProgressChanged, this, updateLooks);
 }
 
 BrowseModel::Area BrowseModel::area() const
@@ -99,7 +100,7 @@ void BrowseModel::follow()
     Q_EMIT areaChanged();
 }
 
-void BrowseModel::tell(const QList<int> &roles)
+void BrowseModel::updateRoles(const QList<int> &roles)
 {
     if (!m_results.isEmpty())
         Q_EMIT dataChanged(index(0), index(rowCount() - 1), roles);

@@ -52,7 +52,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] bool isRow(int row) const { return row >= 0 && row < rowCount(); }
     void follow();
-    void tell(const QList<int> &roles);
+    void updateRoles(const QList<int> &roles);
 
     AppState &m_state;
     AppState::Results m_results;

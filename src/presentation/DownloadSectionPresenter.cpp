@@ -116,7 +116,7 @@ void DownloadSectionPresenter::togglePause()
     state().togglePause();
 }
 
-void DownloadSectionPresenter::showInFinder()
+void DownloadSectionPresenter::reveal()
 {
     state().revealInFinder(pathOf(state().downloadStatus()));
 }

@@ -58,7 +58,7 @@ public:
 
     Q_INVOKABLE void download();
     Q_INVOKABLE void togglePause();
-    Q_INVOKABLE void showInFinder();
+    Q_INVOKABLE void reveal();
 
 Q_SIGNALS:
     void progressChanged();

@@ -27,7 +27,7 @@ HistoryModel::HistoryModel(AppState &state)
 {
     connect(&state, &AppState::historyChanged, this, &HistoryModel::follow);
     m_clock.setSingleShot(true);
-    connect(&m_clock, &QTimer::timeout, this, &HistoryModel::tellDates);
+    connect(&m_clock, &QTimer::timeout, this, &HistoryModel::updateDates);
     scheduleDates();
 }
 
@@ -130,7 +130,7 @@ bool HistoryModel::insertNewest(const AppState::History &records)
     return true;
 }
 
-void HistoryModel::tellDates()
+void HistoryModel::updateDates()
 {
     Q_EMIT dataChanged(index(0), index(rowCount() - 1), {DateRole});
     scheduleDates();

@@ -48,7 +48,7 @@ Q_SIGNALS:
 private:
     void follow();
     bool insertNewest(const AppState::History &records);
-    void tellDates();
+    void updateDates();
     void scheduleDates();
 
     AppState &m_state;

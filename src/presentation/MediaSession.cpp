@@ -16,10 +16,10 @@ MediaSession::MediaSession(AppState &state, MediaControl &control, SleepInhibito
     connect(&player, &MediaPlayer::statusChanged, this, &MediaSession::show);
     connect(&player, &MediaPlayer::soundChanged, this, &MediaSession::show);
     connect(&player, &MediaPlayer::sought, &control, &MediaControl::sought);
-    takeRequests();
+    connectRequests();
 }
 
-void MediaSession::takeRequests()
+void MediaSession::connectRequests()
 {
     MediaPlayer &player = m_state.avPlayer;
     connect(&m_control, &MediaControl::playRequested, &player, &MediaPlayer::resume);

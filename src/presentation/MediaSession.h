@@ -16,7 +16,7 @@ public:
     MediaSession(AppState &state, MediaControl &control, SleepInhibitor &inhibitor);
 
 private:
-    void takeRequests();
+    void connectRequests();
     void show();
     [[nodiscard]] NowPlaying nowPlaying() const;
 

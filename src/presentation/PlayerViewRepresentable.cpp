@@ -19,9 +19,9 @@ void PlayerViewRepresentable::setPlayer(MediaPlayer *player)
     m_player = player;
     if (m_player)
         connect(m_player, &MediaPlayer::pictureChanged, this,
-                &PlayerViewRepresentable::takePicture);
+                &PlayerViewRepresentable::showPicture);
     askForSize();
-    takePicture();
+    showPicture();
     Q_EMIT playerChanged();
 }
 
@@ -71,7 +71,7 @@ void PlayerViewRepresentable::askForSize()
         m_player->setPictureSize((size() * window()->effectiveDevicePixelRatio()).toSize());
 }
 
-void PlayerViewRepresentable::takePicture()
+void PlayerViewRepresentable::showPicture()
 {
     m_hasNewPicture = true;
     update();

@@ -30,7 +30,7 @@ protected:
 
 private:
     void askForSize();
-    void takePicture();
+    void showPicture();
 
     QPointer<MediaPlayer> m_player;
     bool m_hasNewPicture = false;

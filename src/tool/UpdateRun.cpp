@@ -119,13 +119,13 @@ void UpdateRun::begin()
     run(m_python, {u"-I"_s, u"-c"_s, question}, timeOfHelper, [this](const BoundedRun &answer) {
         const QString objection = objectionToPython(answer);
         if (objection.isEmpty())
-            takeFolder();
+            claimFolder();
         else
             fail(pythonNeeded(objection));
     });
 }
 
-void UpdateRun::takeFolder()
+void UpdateRun::claimFolder()
 {
     m_folder = std::make_unique<ToolFolder>(m_places.ownPath);
     if (const auto error = m_folder->take())

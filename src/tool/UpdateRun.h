@@ -29,7 +29,7 @@ private:
     using Next = std::function<void()>;
     using RunHandler = std::function<void(const BoundedRun &)>;
 
-    void takeFolder();
+    void claimFolder();
     void fetchSums();
     void verifySums();
     void fetchTool();

@@ -52,8 +52,9 @@ void AppState::startQueueDownload()
 
 QCoro::Task<> AppState::runQueue(QueueRun queueRun)
 {
-    for (qsizetype position = 0; position < queueRun.items.size(); ++position)
+    for (qsizetype position = 0; position < queueRun.items.size(); ++position) {
         co_await downloadItem(queueRun, position);
+    }
     isQueueDownloading = false;
     unsetPause();
     currentDownloadTitle = QString();

@@ -63,8 +63,9 @@ void AppState::startSingleDownload()
 QCoro::Task<> AppState::run(SingleRun singleRun)
 {
     try {
-        for (qsizetype position = 0; position < singleRun.tasks.size(); ++position)
+        for (qsizetype position = 0; position < singleRun.tasks.size(); ++position) {
             co_await downloadTask(singleRun, position);
+        }
         endRun(Status::Done{singleRun.folder});
         downloadProgress = 1.0;
         sendCompleteNotification(singleRun.title, singleRun.tasks.size());

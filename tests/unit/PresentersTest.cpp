@@ -188,7 +188,7 @@ private Q_SLOTS:
         QVERIFY(!section.isDone());
         state().downloadStatus = Status::Done{m_fixture->folder.path()};
         QVERIFY(section.isDone());
-        section.showInFinder();
+        section.reveal();
         QCOMPARE(m_fixture->desktop.fileViewer->selected, QStringList{m_fixture->folder.path()});
     }
 

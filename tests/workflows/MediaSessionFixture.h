@@ -54,7 +54,7 @@ protected:
         return waitFor([&] { return !state().isLoadingStream(); });
     }
 
-    void tellPosition(double position)
+    void reportPosition(double position)
     {
         engine()->events.statusChanged({.position = position, .duration = 90});
     }

@@ -128,7 +128,7 @@ private Q_SLOTS:
         QVERIFY(play(u"a"_s));
         playerProperty(u"PlaybackStatus"_s);
         m_changes.clear();
-        tellPosition(3.5);
+        reportPosition(3.5);
         QCOMPARE(playerProperty(u"Position"_s).toLongLong(), 3'500'000);
         QVERIFY(m_changes.isEmpty());
         state().avPlayer.pause();
@@ -181,7 +181,7 @@ private Q_SLOTS:
     void seekingIsRelativeOrForTheTrackThatPlays()
     {
         QVERIFY(play(u"a"_s));
-        tellPosition(20);
+        reportPosition(20);
         callPlayer(u"Seek"_s, {5'000'000LL});
         QCOMPARE(engine()->sought, QList<double>{25});
         callPlayer(u"Seek"_s, {-60'000'000LL});

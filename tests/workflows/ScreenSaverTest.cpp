@@ -96,8 +96,8 @@ private Q_SLOTS:
         QVERIFY(settle()); // refused by now
         QVERIFY(m_desktop.registerService(u"org.freedesktop.ScreenSaver"_s));
         const uint before = m_screenSaver.last;
-        tellPosition(1);
-        tellPosition(2);
+        reportPosition(1);
+        reportPosition(2);
         QVERIFY(settle());
         QCOMPARE(m_screenSaver.last, before);
     }

@@ -104,7 +104,7 @@ Card {
 
     Rectangle {
         anchors.fill: surface
-        color: "black"
+        color: Theme.videoBackground
         radius: Theme.radius
         visible: root.place !== BrowsePlayerPanel.InPanel
 

@@ -41,7 +41,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: "black"
+        color: Theme.videoBackground
         radius: root.radius
     }
 

@@ -16,7 +16,7 @@ Window {
     signal fullScreenToggled
     signal dismissed
 
-    color: "black"
+    color: Theme.videoBackground
     flags: fillsScreen ? Qt.Window : Qt.Window | Qt.WindowStaysOnTopHint
     height: 203
     minimumHeight: 135

@@ -165,7 +165,7 @@ FocusScope {
 
         onDropped: drop => {
             const isText = drop.formats.includes("text/plain");
-            input.takeText(isText ? drop.text : drop.getDataAsString("text/uri-list"));
+            input.handleDrop(isText ? drop.text : drop.getDataAsString("text/uri-list"));
             drop.accept(Qt.CopyAction);
         }
     }

@@ -14,7 +14,7 @@ FocusScope {
 
     implicitHeight: row.height + 12 + (root.input.showsMixedBar ? mixed.height + 8 + 6 : 12)
 
-    function takeText(text: string) {
+    function handleDrop(text: string) {
         root.input.take(text);
     }
 

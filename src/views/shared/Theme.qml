@@ -14,6 +14,7 @@ QtObject {
     property color desktopAccentText
     property color desktopAccentFill
 
+    readonly property color videoBackground: "black"
     readonly property color window: dark ? "#1e1e20" : "#ececee"
     readonly property color card: dark ? "#2a2a2d" : "#ffffff"
     readonly property color primary: primaryAt(dark ? 0.88 : 0.85)

@@ -109,7 +109,7 @@ Column {
                     symbol: "folder.fill"
                     text: "Show in Finder"
 
-                    onClicked: root.section.showInFinder()
+                    onClicked: root.section.reveal()
                 }
             }
         }
