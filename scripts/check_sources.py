@@ -30,6 +30,9 @@ SAFE_WAIT = re.compile(r"^\s*((const )?(auto|[A-Z]\w*(::\w+)*) \w+ = )?(co_await
                        r"[\w.:>-]+(\((\w+(, )?)*\))?;$")
 
 
+STRAY_COLOUR = re.compile(r'"#[0-9a-fA-F]{3,8}"|Qt\.rgba\(|color: "(?!transparent)\w+"', re.IGNORECASE)
+
+
 def folder_of(path: pathlib.Path) -> str:
     return path.parent.name
 
@@ -58,7 +61,7 @@ def unsafe_waits(lines: list[str]):
 
 def stray_colours(path: pathlib.Path, lines: list[str]):
     for number, line in enumerate(lines, 1):
-        if path.name != "Theme.qml" and re.search(r'"#[0-9a-fA-F]{3,8}"|Qt\.rgba\(', line):
+        if path.name != "Theme.qml" and STRAY_COLOUR.search(line):
             yield number, "a colour that is not the theme's"
 
 

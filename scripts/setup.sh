@@ -29,14 +29,20 @@ install_packages() {
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# build PRESET: configures and builds it; quiet unless it fails.
-build() {
-    local preset=$1 log
+# quietly COMMAND...: says something only if it fails.
+quietly() {
+    local log
     log=$(mktemp)
-    if ! { cmake --preset "$preset" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
+    if ! "$@" >"$log" 2>&1; then
         tail -n 60 "$log"
         rm -f "$log"
         return 1
     fi
     rm -f "$log"
+}
+
+# build PRESET: configures and builds it.
+build() {
+    quietly cmake --preset "$1"
+    quietly cmake --build --preset "$1"
 }
