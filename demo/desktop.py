@@ -75,7 +75,7 @@ class Desktop(contextlib.ExitStack):
 
         admit(":0")  # the display looks at the cookie alone
         read, write = os.pipe()
-        # Left by its last visitor it would end who is just coming.
+        # Without -noreset it restarts when its last client leaves, and drops new ones.
         self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{size}x24", "-noreset",
                    "-nolisten", "tcp", "-auth", str(cookies), pass_fds=[write])
         os.close(write)

@@ -173,13 +173,13 @@ public:
     /// Puts an address at the end of the queue and fetches what it is; a playlist
     /// gives way to its entries. Blank text does nothing.
     void addURLToQueue(const QString &url);
-    /// Downloads every entry with which nothing is going on, finished and failed
+    /// Downloads every entry that is not being fetched or downloaded, finished and failed
     /// ones included. During a run, or with an empty queue, it does nothing.
     void startQueueDownload();
-    /// Removes every entry with which nothing is going on. A run that has taken
-    /// it downloads it all the same.
+    /// Removes every entry that is not being fetched or downloaded. A run that has
+    /// already taken one still downloads it.
     void clearQueue();
-    /// Removes one entry, whatever is going on with it, which goes on unseen.
+    /// Removes one entry. Its fetch or download continues without being shown.
     void removeFromQueue(const QUuid &id);
 
     // Browse mode (Browse.cpp).

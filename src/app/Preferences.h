@@ -14,11 +14,10 @@
 #include <mutex>
 #include <optional>
 
-/// The user's preferences: a flat file of keys whose values keep their kinds.
-/// Used on one thread; the file is written on a thread of its own, replaced
-/// atomically, soon after each change and at the latest by flush(). A write that
-/// fails, as on a full disk, is not reported; it is tried again with the next change,
-/// every half minute, and by flush().
+/// The user's preferences: a flat file of keys whose values keep their types.
+/// Used on one thread. Another thread writes the file, atomically and soon after each
+/// change; flush() waits for it. A write that fails, on a full disk for example, is not
+/// reported. It is repeated with the next change, every half minute, and by flush().
 class Preferences
 {
     Q_DISABLE_COPY_MOVE(Preferences)

@@ -37,7 +37,7 @@ public:
     /// Plays this instead, or nothing. Only http and https are opened.
     void replaceCurrentItem(const std::optional<MediaItem> &item);
 
-    // What its view offers beside.
+    // What the player's controls show and change.
     [[nodiscard]] bool hasItem() const { return m_hasItem; }
     [[nodiscard]] bool isPaused() const { return m_isPaused; }
     /// Whether it has been played to its end and nothing has been done with it since.

@@ -17,8 +17,8 @@ struct mpv_event;
 struct mpv_event_end_file;
 struct mpv_event_property;
 
-/// Plays by libmpv. What mpv tells, on threads of its own, is only passed on from
-/// there; mpv is called on the main thread alone, and never waited for.
+/// Plays with libmpv. mpv reports events on its own threads, which only post them to the
+/// main thread. mpv is called from the main thread only, and never blocks it.
 class MpvEngine : public PlayerEngine
 {
     Q_DISABLE_COPY_MOVE(MpvEngine)

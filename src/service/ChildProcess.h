@@ -28,9 +28,9 @@ struct ProcessEnding
     }
 };
 
-/// One run of a program that ends with us at the latest: the kernel kills it
-/// when this thread ends in whatever way, and end() takes its own children
-/// along. Lives on one thread with an event loop; only its handle is shared.
+/// One run of a program that cannot outlive Quillon: the kernel kills it when this
+/// thread ends, however that happens, and end() also ends its children. It
+/// lives on one thread with an event loop; only its handle is shared.
 class ChildProcess : public QObject
 {
     Q_OBJECT

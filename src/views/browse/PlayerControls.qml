@@ -82,8 +82,8 @@ Rectangle {
                     root.player.seek(value);
             }
 
-            // A seek may cost a request; and who drags to the end looks for something,
-            // and does not want the next one yet.
+            // A seek may cost a request, so a drag seeks only now and then. Dragging to the
+            // end does not end the video: the user is still looking for a place in it.
             Timer {
                 id: whileDragged
 
