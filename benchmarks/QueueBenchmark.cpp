@@ -175,7 +175,7 @@ private:
         waitFor([this] { return !state().isQueueDownloading(); });
         const double seconds = milliseconds(clock.nsecsElapsed()) / 1000;
         for (const auto &item : state().queue()) {
-            if kindOf ((item->status()) != StatusKind::Done)
+            if (kindOf(item->status()) != StatusKind::Done)
                 qFatal("%s", qPrintable(messageOf(item->status())));
         }
         return seconds;
