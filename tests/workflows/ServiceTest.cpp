@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Await.h"
 #include "HomeDirectory.h"
+#include "Outcome.h"
 
 #include <QTest>
 
