@@ -20,7 +20,12 @@ public:
 
     [[nodiscard]] bool isSettled() const { return m_shared->count > 0; }
     [[nodiscard]] int count() const { return m_shared->count; }
-    [[nodiscard]] const Reply<Value> &reply() const { return *m_shared->reply; }
+    [[nodiscard]] const Reply<Value> &reply() const
+    {
+        if (!isSettled())
+            qFatal("The request has not settled");
+        return *m_shared->reply;
+    }
     [[nodiscard]] Value value() const { return std::get<Value>(reply()); }
 
     /// The error's text; empty for a value.

@@ -191,6 +191,29 @@ private Q_SLOTS:
         QVERIFY2(server.sent < 40 << 20, qPrintable(QString::number(server.sent)));
     }
 
+    void eightMebibytesAreTakenAndNotAByteMore_data()
+    {
+        QTest::addColumn<qsizetype>("size");
+        QTest::addColumn<bool>("isShown");
+        QTest::newRow("at the limit") << qsizetype(8 << 20) << true;
+        QTest::newRow("beyond it") << qsizetype((8 << 20) + 1) << false;
+    }
+
+    void eightMebibytesAreTakenAndNotAByteMore()
+    {
+        QFETCH(qsizetype, size);
+        QFETCH(bool, isShown);
+        const QByteArray body = encoded(picture(), "png").leftJustified(size, 'x');
+        Server server;
+        server.answer = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body;
+        server.closes = true;
+        ThumbnailProvider provider(server.source());
+        Request request(provider, server.address());
+        QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
+        QCOMPARE(request.response->errorString().isEmpty(), isShown);
+        QCOMPARE(request.image().isNull(), !isShown);
+    }
+
     void aPictureOfAbsurdSizeIsRefused_data()
     {
         QTest::addColumn<QSize>("size");
