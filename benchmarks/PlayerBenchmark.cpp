@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The player in the real window. With an address of a stream: what playing it costs.
+// The player in the real window. With a URL of a stream: what playing it costs.
 // With "idle": what browse mode costs while nothing plays. Without arguments: how
 // long it takes from the choice of a result to the picture, by the real tool.
 #include "BenchWindow.h"
@@ -49,24 +49,24 @@ public:
         QList<double> bare;
         double first = 0;
         for (int round = 0; round <= rounds; ++round) {
-            const QString address =
+            const QString url =
                 u"https://www.youtube.com/watch?v=bulk%1"_s.arg(round, 4, 10, QLatin1Char('0'));
-            const double seconds = timeToPicture(address);
+            const double seconds = timeToPicture(url);
             if (round == 0)
                 first = seconds; // with the engine's loading
             else
                 ours.append(seconds);
-            bare.append(timeOfTool(address));
+            bare.append(timeOfTool(url));
         }
         std::printf("from the choice of a result to its first picture: %.3f s, the bare tool for "
-                    "the address %.3f s, ratio %.2f; at the first playback %.3f s\n",
+                    "the URL %.3f s, ratio %.2f; at the first playback %.3f s\n",
                     median(ours), median(bare), median(ours) / median(bare), first);
     }
 
-    void play(const QString &address)
+    void play(const QString &url)
     {
-        QFile file(m_folder.filePath(u"address"_s));
-        if (!file.open(QIODevice::WriteOnly) || file.write(address.toUtf8() + '\n') < 0)
+        QFile file(m_folder.filePath(u"url"_s));
+        if (!file.open(QIODevice::WriteOnly) || file.write(url.toUtf8() + '\n') < 0)
             qFatal("No file");
         file.close();
         letToolPrint(file.fileName());
@@ -97,33 +97,33 @@ public:
     }
 
 private:
-    double timeToPicture(const QString &address)
+    double timeToPicture(const QString &url)
     {
         QElapsedTimer clock;
         clock.start();
-        waitForPicture(address);
+        waitForPicture(url);
         const double seconds = milliseconds(clock.nsecsElapsed()) / 1000;
         state().stopPlayback();
         waitMilliseconds(300);
         return seconds;
     }
 
-    void waitForPicture(const QString &address)
+    void waitForPicture(const QString &url)
     {
         SearchResult result;
-        result.id = address;
-        result.videoURL = address;
+        result.id = url;
+        result.videoURL = url;
         state().playBrowseResult(result);
         waitFor([this] { return !state().avPlayer.picture().isNull() || state().playerError(); });
         waitForFrame();
     }
 
-    double timeOfTool(const QString &address)
+    double timeOfTool(const QString &url)
     {
         QElapsedTimer clock;
         clock.start();
         QProcess tool;
-        tool.start(m_service.ytdlpPath(), streamArguments(address));
+        tool.start(m_service.ytdlpPath(), streamArguments(url));
         if (!tool.waitForFinished(-1) || tool.exitCode() != 0)
             qFatal("%s", tool.readAllStandardError().constData());
         return milliseconds(clock.nsecsElapsed()) / 1000;

@@ -47,7 +47,7 @@ public:
                     "%d %.0f ms\n",
                     lines(longFile), median(longStalls), quantile(longStalls, 1), lines(shortFile),
                     median(shortStalls));
-        std::printf("%d addresses added one after another to these: longest stall %.0f ms (most: "
+        std::printf("%d URLs added one after another to these: longest stall %.0f ms (most: "
                     "%.0f)\n",
                     oneByOne, median(singleStalls), quantile(singleStalls, 1));
         std::printf("live rows %d\n", liveItems(u"queue"_s, 100));
@@ -156,7 +156,7 @@ public:
     }
 
 private:
-    static QString address(int number)
+    static QString url(int number)
     {
         return u"https://www.youtube.com/watch?v=bulk%1"_s.arg(number, 4, 10, QLatin1Char('0'));
     }
@@ -166,7 +166,7 @@ private:
         state().downloadDir = m_folder.filePath(u"ours%1"_s.arg(round));
         AppState::Queue queue;
         for (int number = 0; number < smallFiles; ++number)
-            queue.append(std::make_shared<DownloadItem>(address(number)));
+            queue.append(std::make_shared<DownloadItem>(url(number)));
         state().queue = queue;
         waitMilliseconds(300);
         QElapsedTimer clock;
@@ -197,7 +197,7 @@ private:
                                           .speedLimit = state().speedLimit(),
                                           .quality = state().multiQuality(),
                                           .folder = m_folder.filePath(u"bare%1"_s.arg(round)),
-                                          .address = address(number)}));
+                                          .url = url(number)}));
             if (!tool.waitForFinished(-1) || tool.exitCode() != 0)
                 qFatal("%s", tool.readAllStandardError().constData());
         }

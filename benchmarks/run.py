@@ -235,11 +235,11 @@ def long_stream(media: pathlib.Path, height: int) -> str:
     return name
 
 
-def bare_player(desktop: Desktop, address: str) -> tuple[float, float]:
+def bare_player(desktop: Desktop, url: str) -> tuple[float, float]:
     """The part of a core and the megabytes (PSS) of a player with the same engine,
     with a picture as large as the panel's."""
     player = desktop.start("mpv", "--no-config", "--vo=x11", "--ao=null", "--hwdec=no",
-                           "--geometry=569x320", address)
+                           "--geometry=569x320", url)
     time.sleep(4)
     before, began = processor_time(player.pid), time.monotonic()
     time.sleep(15)
@@ -252,10 +252,10 @@ def bare_player(desktop: Desktop, address: str) -> tuple[float, float]:
 
 def measure_player(desktop: Desktop, renderer: str, site: str, media: pathlib.Path) -> None:
     for height in (720, 1080):
-        address = f"{site}/media/{long_stream(media, height)}"
+        url = f"{site}/media/{long_stream(media, height)}"
         for _round in range(3):
-            ours = desktop.run(str(BUILD / "src/PlayerBenchmark"), address).split()
-            share, memory = bare_player(desktop, address)
+            ours = desktop.run(str(BUILD / "src/PlayerBenchmark"), url).split()
+            share, memory = bare_player(desktop, url)
             print(f"{renderer}: playing {height}p: {float(ours[0]):.1%} of a core, {ours[1]} MB, "
                   f"{ours[2]} frames/s; bare player {share:.1%}, {memory:.1f} MB; ratios "
                   f"{float(ours[0]) / share:.2f}, {float(ours[1]) / memory:.2f}", flush=True)

@@ -18,7 +18,7 @@ HERE = pathlib.Path(__file__).parent
 
 
 def start_site(desktop: Desktop, media: pathlib.Path) -> str:
-    """Its address, when it is ready."""
+    """Its URL, when it is ready."""
     site = desktop.start(sys.executable, str(HERE / "site.py"), "--home", str(desktop.home),
                          "--media", str(media), stdout=subprocess.PIPE)
     return site.stdout.readline().decode().strip()

@@ -52,7 +52,7 @@ class Refused(Exception):
 
 
 def public_id(video_id: str) -> str:
-    """The id as addresses carry it: the tool wants eleven characters."""
+    """The id as URLs carry it: the tool wants eleven characters."""
     return video_id.ljust(11, "_")
 
 
@@ -89,8 +89,8 @@ def formats_of(video_id: str, base: str) -> list[dict]:
     return [opus, audio, whole, *videos]
 
 
-def video(address_id: str, base: str) -> dict:
-    video_id = address_id.rstrip("_")
+def video(url_id: str, base: str) -> dict:
+    video_id = url_id.rstrip("_")
     if video_id == "private":
         raise Refused("Private video. Sign in if you've been granted access to this video")
     return {

@@ -3,8 +3,8 @@
 """A video site of the project's own on 127.0.0.1.
 
 Installs the extractor plug-in into a home folder, so that the tool takes the
-addresses of the real site from here when it runs with that home, and serves
-until it is ended. Prints its address when it is ready.
+URLs of the real site from here when it runs with that home, and serves
+until it is ended. Prints its URL when it is ready.
 """
 
 import argparse
@@ -24,11 +24,11 @@ HERE = pathlib.Path(__file__).parent
 CHUNK = 16384
 
 
-def install_plugin(home: pathlib.Path, address: str) -> None:
+def install_plugin(home: pathlib.Path, url: str) -> None:
     folder = home / ".config/yt-dlp/plugins/quillon/yt_dlp_plugins/extractor"
     folder.mkdir(parents=True, exist_ok=True)
     shutil.copy(HERE / "plugin/quillon_site.py", folder)
-    (home / ".config/quillon-site").write_text(address)
+    (home / ".config/quillon-site").write_text(url)
 
 
 class Handler(http.server.BaseHTTPRequestHandler):
@@ -130,8 +130,8 @@ def main() -> None:
     server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
     server.daemon_threads = True
     address = f"http://127.0.0.1:{server.server_address[1]}"
-    install_plugin(arguments.home, address)
-    print(address, flush=True)
+    install_plugin(arguments.home, url)
+    print(url, flush=True)
     try:
         server.serve_forever()
     except KeyboardInterrupt:

@@ -62,8 +62,8 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     control.show({.id = textFrom(from),
                   .title = textFrom(from),
                   .artist = textFrom(from),
-                  .artAddress = textFrom(from),
-                  .address = textFrom(from),
+                  .artURL = textFrom(from),
+                  .url = textFrom(from),
                   .duration = from.ConsumeFloatingPoint<double>(),
                   .isPlayable = from.ConsumeBool()});
     control.setPosition(from.ConsumeFloatingPoint<double>());

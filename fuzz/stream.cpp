@@ -6,7 +6,7 @@
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const Reply<QUrl> reply = streamFromOutput(input(data, size));
-    if (const auto *const address = std::get_if<QUrl>(&reply))
-        expect(!address->isEmpty());
+    if (const auto *const url = std::get_if<QUrl>(&reply))
+        expect(!url->isEmpty());
     return 0;
 }

@@ -7,10 +7,10 @@ using namespace Qt::StringLiterals;
 // What the tool prints for one video.
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const QString address = u"https://example.org/"_s;
-    const Reply<VideoInfo> reply = videoFromOutput(input(data, size), address);
+    const QString url = u"https://example.org/"_s;
+    const Reply<VideoInfo> reply = videoFromOutput(input(data, size), url);
     if (const auto *const info = std::get_if<VideoInfo>(&reply)) {
-        expect(!info->isPlaylist && info->originalURL == address);
+        expect(!info->isPlaylist && info->originalURL == url);
         static_cast<void>(info->formattedDuration());
     }
     return 0;

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Makes the unmodified tool take the video site's addresses from the local site.
+"""Makes the unmodified tool take the video site's URLs from the local site.
 
 The tool asks extractors in the order of their class names; the last one here
 refuses what is left of the site, so that nothing reaches the network.

@@ -73,7 +73,7 @@ public:
     PUBLISHED(AppState, bool, notificationsEnabled, true)
     PUBLISHED(AppState, QString, cookiesBrowser, u"none"_s)
 
-    // Single mode: the address, what was fetched for it, and what to download.
+    // Single mode: the URL, what was fetched for it, and what to download.
     PUBLISHED(AppState, QString, singleURL)
     PUBLISHED(AppState, std::optional<VideoInfo>, singleInfo)
     PUBLISHED(AppState, bool, isFetching, false)
@@ -128,7 +128,7 @@ public:
     const QString notificationsKey = u"quillon.notifications"_s;
     const QString cookiesBrowserKey = u"quillon.cookiesBrowser"_s;
 
-    /// Whether the single-mode address names both a video and a playlist.
+    /// Whether the single-mode URL names both a video and a playlist.
     Q_PROPERTY(bool isMixedURL READ isMixedURL NOTIFY singleURLChanged)
     [[nodiscard]] bool isMixedURL() const;
 
@@ -170,7 +170,7 @@ public:
     void resetDownload();
 
     // Multi mode (Queue.cpp).
-    /// Puts an address at the end of the queue and fetches what it is; a playlist
+    /// Puts a URL at the end of the queue and fetches what it is; a playlist
     /// gives way to its entries. Blank text does nothing.
     void addURLToQueue(const QString &url);
     /// Downloads every entry that is not being fetched or downloaded, finished and failed
@@ -207,14 +207,14 @@ public:
 private:
     enum class Report { none, progress, processing };
 
-    [[nodiscard]] QCoro::Task<> fetch(QString address, bool asPlaylist);
+    [[nodiscard]] QCoro::Task<> fetch(QString url, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> run(SingleRun singleRun);
     [[nodiscard]] QCoro::Task<> downloadTask(SingleRun singleRun, qsizetype position);
     /// Makes a request of the service and tells of its failure. What awaits it while the
     /// state closes ends there.
     template<typename Value>
     ReplyAwaiter<Value> request(std::function<void(Completion<Value>)> start);
-    ReplyAwaiter<VideoInfo> requestInfo(const QString &address, bool asPlaylist);
+    ReplyAwaiter<VideoInfo> requestInfo(const QString &url, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> fetchForQueue(std::shared_ptr<DownloadItem> item);
     [[nodiscard]] QCoro::Task<> runQueue(QueueRun queueRun);
     [[nodiscard]] QCoro::Task<> downloadItem(QueueRun queueRun, qsizetype position);

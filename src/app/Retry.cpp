@@ -8,7 +8,7 @@ Retry::Retry(AppState &state)
 {
     connect(&state, &AppState::isFetchingChanged, this, [this] {
         if (m_state.isFetching())
-            m_address = m_state.singleURL().trimmed();
+            m_url = m_state.singleURL().trimmed();
     });
     connect(&state, &AppState::isBrowseSearchingChanged, this, [this] {
         if (m_state.isBrowseSearching())
@@ -37,7 +37,7 @@ void Retry::repeat()
 bool Retry::hasFailedFetch() const
 {
     return m_state.mode() == AppMode::single && m_state.fetchError() && !m_state.isFetching()
-        && m_state.singleURL().trimmed() == m_address;
+        && m_state.singleURL().trimmed() == m_url;
 }
 
 bool Retry::hasFailedSearch() const

@@ -26,6 +26,6 @@ private:
     [[nodiscard]] bool hasFailedPlayback() const;
 
     AppState &m_state;
-    QString m_address; // of the last fetch
+    QString m_url; // of the last fetch
     QString m_query;   // of the last search
 };

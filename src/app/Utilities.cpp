@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AppState.h"
 
-#include "Addresses.h"
 #include "CompletionText.h"
 #include "DownloadFolder.h"
 #include "HomeDirectory.h"
 #include "ShownText.h"
+#include "URLKind.h"
 
 #include <QFileInfo>
 
@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 bool AppState::isMixedURL() const
 {
-    return isMixedAddress(singleURL().trimmed());
+    return namesVideoAndPlaylist(singleURL().trimmed());
 }
 
 QString AppState::resolvedDownloadDir() const

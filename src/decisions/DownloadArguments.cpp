@@ -34,5 +34,5 @@ QStringList downloadArguments(const DownloadRequest &request)
                               << u"--no-warnings"_s << u"--newline"_s
                               << rateArguments(request.speedLimit)
                               << formatArguments(request.quality) << u"-o"_s
-                              << request.folder + u"/%(title)s.%(ext)s"_s << request.address;
+                              << request.folder + u"/%(title)s.%(ext)s"_s << request.url;
 }

@@ -12,9 +12,9 @@ struct DownloadRequest
     QString speedLimit; ///< as the tool reads it, such as "5M"; "0" or empty: none
     QualityOption quality;
     QString folder;
-    QString address;
+    QString url;
 };
 
 /// The tool's argument list for one download; the same in every workflow. The
-/// address is the last argument.
+/// URL is the last argument.
 QStringList downloadArguments(const DownloadRequest &request);

@@ -12,7 +12,7 @@ HistoryItem historyRecord(const DownloadJob &job, const QString &savedPath)
         .id = QUuid::createUuid(),
         .title = job.task.title,
         .thumbnailURL = job.task.thumbnailURL,
-        .url = job.task.address,
+        .url = job.task.url,
         .format = job.quality.outputExt,
         .quality = job.quality.label,
         .savedPath = savedPath.isEmpty() ? std::nullopt : std::optional(savedPath),

@@ -9,7 +9,7 @@
 /// What a download is of.
 struct DownloadTask
 {
-    QString address;
+    QString url;
     QString title;
     QString thumbnailURL;
 };

@@ -28,9 +28,9 @@ QueueItems expanded(const QueueItems &queue, const std::shared_ptr<DownloadItem>
     QueueItems items = queue;
     items.removeOne(placeholder);
     for (const VideoInfo &entry : playlist.playlistEntries) {
-        const bool hasAddress = !entry.originalURL.isEmpty();
+        const bool hasURL = !entry.originalURL.isEmpty();
         const auto item =
-            std::make_shared<DownloadItem>(hasAddress ? entry.originalURL : placeholder->url);
+            std::make_shared<DownloadItem>(hasURL ? entry.originalURL : placeholder->url);
         item->info = entry;
         items.append(item);
     }

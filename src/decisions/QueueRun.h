@@ -28,7 +28,7 @@ QueueItems active(const QueueItems &queue);
 QueueItems inactive(const QueueItems &queue);
 
 /// The queue without the playlist's placeholder and with its entries at the end.
-/// An entry without an address gets the placeholder's.
+/// An entry without a URL gets the placeholder's.
 QueueItems expanded(const QueueItems &queue, const std::shared_ptr<DownloadItem> &placeholder,
                     const VideoInfo &playlist);
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DownloadItem.h"
 
-DownloadItem::DownloadItem(const QString &address)
+DownloadItem::DownloadItem(const QString &itsURL)
     : id(QUuid::createUuid())
-    , url(address)
+    , url(itsURL)
 {
 }
 

@@ -17,7 +17,7 @@ class DownloadItem : public QObject
     Q_OBJECT
 
 public:
-    explicit DownloadItem(const QString &address);
+    explicit DownloadItem(const QString &itsURL);
 
     const QUuid id;
     const QString url; ///< as the user entered it
@@ -25,7 +25,7 @@ public:
     PUBLISHED(DownloadItem, std::optional<VideoInfo>, info)
     PUBLISHED(DownloadItem, DownloadStatus, status, DownloadStatus(Status::Waiting{}))
 
-    /// The video's title, or the address while nothing more is known.
+    /// The video's title, or the URL while nothing more is known.
     [[nodiscard]] QString title() const;
     /// The video's formatted duration, or the empty text.
     [[nodiscard]] QString duration() const;

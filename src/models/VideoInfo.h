@@ -24,7 +24,7 @@ public:
     QString thumbnailURL;           ///< may be empty
     std::optional<double> duration; ///< seconds
     QString uploader;               ///< may be empty
-    QString originalURL;            ///< as the user gave it; of an entry, its own address
+    QString originalURL;            ///< as the user gave it; of an entry, its own URL
     bool isPlaylist = false;
     QList<VideoInfo> playlistEntries;
     std::optional<QString> playlistTitle;

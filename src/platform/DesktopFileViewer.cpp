@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DesktopFileViewer.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include "BusObject.h"
+
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QUrl>
@@ -26,16 +24,13 @@ void DesktopFileViewer::openFolder(const QString &path)
 void DesktopFileViewer::call(const QString &method, const QString &path,
                              const QString &fallbackFolder)
 {
-    auto message = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s,
-                                                  u"/org/freedesktop/FileManager1"_s,
-                                                  u"org.freedesktop.FileManager1"_s, method);
-    message << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
-    auto *const watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, fallbackFolder] {
-        watcher->deleteLater();
+    const BusObject manager(QDBusConnection::sessionBus(), u"org.freedesktop.FileManager1"_s,
+                            u"/org/freedesktop/FileManager1"_s,
+                            u"org.freedesktop.FileManager1"_s);
+    const QStringList urls{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)};
+    manager.call(method, {urls, QString()}, this, [fallbackFolder](const QDBusMessage &reply) {
         // A file would be opened by whatever program it names.
-        if (QDBusPendingReply<>(*watcher).isError() && QFileInfo(fallbackFolder).isDir())
+        if (reply.type() == QDBusMessage::ErrorMessage && QFileInfo(fallbackFolder).isDir())
             QDesktopServices::openUrl(QUrl::fromLocalFile(fallbackFolder));
     });
 }

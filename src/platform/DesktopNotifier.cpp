@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DesktopNotifier.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include "BusObject.h"
+
+#include <QDBusReply>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QDBusMessage notificationsCall(const QString &method)
+BusObject notifications()
 {
-    return QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s,
-                                          u"/org/freedesktop/Notifications"_s,
-                                          u"org.freedesktop.Notifications"_s, method);
+    return {QDBusConnection::sessionBus(), u"org.freedesktop.Notifications"_s,
+            u"/org/freedesktop/Notifications"_s, u"org.freedesktop.Notifications"_s};
 }
 
 } // namespace
@@ -34,13 +32,9 @@ void DesktopNotifier::post(const UserNotification &notification)
 
 void DesktopNotifier::askCapabilities(const std::function<void()> &then)
 {
-    const auto call =
-        QDBusConnection::sessionBus().asyncCall(notificationsCall(u"GetCapabilities"_s));
-    auto *const watcher = new QDBusPendingCallWatcher(call, this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, then] {
-        watcher->deleteLater();
-        const QDBusPendingReply<QStringList> reply(*watcher);
-        if (reply.isError())
+    notifications().call(u"GetCapabilities"_s, {}, this, [this, then](const auto &message) {
+        const QDBusReply<QStringList> reply(message);
+        if (!reply.isValid())
             return; // no service now; one that starts later is asked by the next post
         m_readsMarkup = reply.value().contains(u"body-markup"_s);
         then();
@@ -55,8 +49,7 @@ void DesktopNotifier::send(const UserNotification &notification) const
         {u"desktop-entry"_s, u"quillon"_s},
         {u"x-quillon-identifier"_s, notification.identifier},
     };
-    auto call = notificationsCall(u"Notify"_s);
-    call << u"Quillon"_s << 0U << u"quillon"_s << notification.title << body << QStringList()
-         << hints << -1;
-    QDBusConnection::sessionBus().asyncCall(call);
+    notifications().call(u"Notify"_s,
+                         {u"Quillon"_s, 0U, u"quillon"_s, notification.title, body, QStringList(),
+                          hints, -1});
 }

@@ -12,8 +12,8 @@ struct NowPlaying
     QString id; ///< of the item
     QString title;
     QString artist;
-    QString artAddress;
-    QString address;
+    QString artURL;
+    QString url;
     double duration = 0;     ///< seconds; 0 while it is unknown
     double volume = 1;       ///< from 0 to 1
     bool isPlayable = false; ///< nothing to pause or seek in without this

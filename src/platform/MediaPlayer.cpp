@@ -49,7 +49,7 @@ void MediaPlayer::replaceCurrentItem(const std::optional<MediaItem> &item)
     const QString scheme = item->url.scheme().toLower();
     QString error;
     if (scheme != u"http" && scheme != u"https")
-        error = u"The stream's address is not one of the web"_s;
+        error = u"The stream's URL is not one of the web"_s;
     else if (!loadEngine())
         error = m_engineError;
     if (error.isEmpty())

@@ -18,9 +18,9 @@ qlonglong unitsOf(double seconds)
 }
 
 /// Who reads it may open it, whatever it is.
-bool isOfTheWeb(const QString &address)
+bool isOfTheWeb(const QString &url)
 {
-    const QString scheme = QUrl(address).scheme();
+    const QString scheme = QUrl(url).scheme();
     return scheme == u"http" || scheme == u"https";
 }
 
@@ -71,10 +71,10 @@ QVariantMap MprisPlayer::metadata() const
         metadata[u"mpris:length"_s] = unitsOf(shown.duration);
     if (!shown.artist.isEmpty())
         metadata[u"xesam:artist"_s] = QStringList{shown.artist};
-    if (isOfTheWeb(shown.artAddress))
-        metadata[u"mpris:artUrl"_s] = shown.artAddress;
-    if (isOfTheWeb(shown.address))
-        metadata[u"xesam:url"_s] = shown.address;
+    if (isOfTheWeb(shown.artURL))
+        metadata[u"mpris:artUrl"_s] = shown.artURL;
+    if (isOfTheWeb(shown.url))
+        metadata[u"xesam:url"_s] = shown.url;
     return metadata;
 }
 

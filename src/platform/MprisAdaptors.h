@@ -83,7 +83,7 @@ public Q_SLOTS:
     void Play();
     void Seek(qlonglong offset);
     void SetPosition(const QDBusObjectPath &track, qlonglong position);
-    void OpenUri(const QString & /*address*/) const { }
+    void OpenUri(const QString & /*url*/) const { }
 
 Q_SIGNALS:
     void Seeked(qlonglong position);

@@ -27,7 +27,7 @@ class PlayerEngine
     Q_DISABLE_COPY_MOVE(PlayerEngine)
 
 public:
-    /// What it tells, of the address that was loaded last alone.
+    /// What it tells, of the URL that was loaded last alone.
     struct Events
     {
         std::function<void(const PlayerStatus &)> statusChanged;
@@ -41,7 +41,7 @@ public:
     virtual ~PlayerEngine() = default;
 
     /// Plays this from its beginning, paused if it was.
-    virtual void load(const QUrl &address) = 0;
+    virtual void load(const QUrl &url) = 0;
     virtual void unload() = 0;
     virtual void setPaused(bool isPaused) = 0;
     /// To so many seconds from the beginning.

@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SleepInhibitor.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QDBusMessage screenSaverCall(const QString &method)
-{
-    return QDBusMessage::createMethodCall(u"org.freedesktop.ScreenSaver"_s,
-                                          u"/org/freedesktop/ScreenSaver"_s,
-                                          u"org.freedesktop.ScreenSaver"_s, method);
-}
-
-} // namespace
-
 SleepInhibitor::SleepInhibitor(const QDBusConnection &bus)
-    : m_bus(bus)
+    : m_screenSaver(bus, u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s,
+                    u"org.freedesktop.ScreenSaver"_s)
 {
 }
 
@@ -44,14 +32,11 @@ void SleepInhibitor::follow()
 void SleepInhibitor::inhibit()
 {
     m_isAsking = true;
-    auto call = screenSaverCall(u"Inhibit"_s);
-    call << u"quillon"_s << u"Playing a video"_s;
-    auto *const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
+    const QVariantList arguments{u"quillon"_s, u"Playing a video"_s};
+    m_screenSaver.call(u"Inhibit"_s, arguments, this, [this](const QDBusMessage &message) {
         m_isAsking = false;
-        const QDBusPendingReply<uint> reply(*watcher);
-        if (reply.isError())
+        const QDBusReply<uint> reply(message);
+        if (!reply.isValid())
             return;
         m_cookie = reply.value();
         follow(); // it may not be wanted any more
@@ -60,7 +45,5 @@ void SleepInhibitor::inhibit()
 
 void SleepInhibitor::release()
 {
-    auto call = screenSaverCall(u"UnInhibit"_s);
-    call << *std::exchange(m_cookie, std::nullopt);
-    m_bus.asyncCall(call);
+    m_screenSaver.call(u"UnInhibit"_s, {*std::exchange(m_cookie, std::nullopt)});
 }

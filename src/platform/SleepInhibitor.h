@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDBusConnection>
+#include "BusObject.h"
+
 #include <QObject>
 
 #include <optional>
@@ -22,7 +23,7 @@ private:
     void inhibit();
     void release();
 
-    QDBusConnection m_bus;
+    BusObject m_screenSaver;
     bool m_isWanted = false;
     bool m_isAsking = false;
     std::optional<uint> m_cookie; // while the service holds it

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SystemAppearance.h"
 
+#include "BusObject.h"
+
 #include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusError>
 #include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
@@ -108,22 +106,19 @@ void SystemAppearance::handleSetting(const QString &group, const QString &key,
 
 void SystemAppearance::readSettings()
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
+    const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    auto message =
-        QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"ReadAll"_s);
-    message << QStringList{appearanceGroup, interfaceGroup};
-    const QDBusMessage reply = bus.call(message, QDBus::Block, portalTimeout);
+    const BusObject portal(bus, portalService, portalPath, settingsInterface);
+    const QString method = u"ReadAll"_s;
+    const QVariantList arguments{QStringList{appearanceGroup, interfaceGroup}};
+    const QDBusMessage reply = portal.callAndWait(method, arguments, portalTimeout);
     handleSettings(reply);
-    if (QDBusError(reply).type() != QDBusError::NoReply)
-        return;
     // The desktop may only be starting its portal.
-    auto *const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        handleSettings(watcher->reply());
-    });
+    if (QDBusError(reply).type() == QDBusError::NoReply) {
+        portal.call(method, arguments, this,
+                    [this](const QDBusMessage &late) { handleSettings(late); });
+    }
 }
 
 void SystemAppearance::handleSettings(const QDBusMessage &reply)

@@ -123,10 +123,10 @@ bool MpvEngine::setOption(const MpvOption &option)
     return mpv_set_option_string(m_mpv, option.name, option.value) >= 0;
 }
 
-void MpvEngine::load(const QUrl &address)
+void MpvEngine::load(const QUrl &url)
 {
     forget();
-    command({"loadfile", address.toEncoded(), "replace"}, ++m_loadNumber);
+    command({"loadfile", url.toEncoded(), "replace"}, ++m_loadNumber);
 }
 
 void MpvEngine::unload()
@@ -287,7 +287,7 @@ void MpvEngine::handleEnd(const mpv_event_end_file &end)
         return;
     // Played to its end it would have stayed open.
     if (end.reason == MPV_END_FILE_REASON_REDIRECT) {
-        m_complaint = u"it is a list of other addresses"_s;
+        m_complaint = u"it is a list of other URLs"_s;
         command({"stop"});
     } else if (m_complaint.isEmpty()) {
         m_complaint = QString::fromUtf8(mpv_error_string(end.error));

@@ -30,7 +30,7 @@ public:
                                              const std::vector<MpvOption> &options = {});
     ~MpvEngine() override;
 
-    void load(const QUrl &address) override;
+    void load(const QUrl &url) override;
     void unload() override;
     void setPaused(bool isPaused) override;
     void seek(double position) override;

@@ -37,7 +37,7 @@ public:
 
     /// Shows the saved file of a row.
     Q_INVOKABLE void reveal(int row);
-    /// Fetches a row's address anew, in single mode.
+    /// Fetches a row's URL anew, in single mode.
     Q_INVOKABLE void refetch(int row);
     /// Forgets all records, also on disk.
     Q_INVOKABLE void clearAll();

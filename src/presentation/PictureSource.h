@@ -6,7 +6,7 @@
 
 #include <chrono>
 
-/// Where pictures may come from. Their addresses are chosen by web pages, which must not
+/// Where pictures may come from. Their URLs are chosen by web pages, which must not
 /// make the program ask the user's own network for anything. What a name resolves to is
 /// not looked at.
 struct PictureSource
@@ -17,6 +17,6 @@ struct PictureSource
     QString exception = {};
 
     /// Whether it is of the web, http or https, and neither this machine's nor of a private
-    /// network as far as the address itself tells.
+    /// network as far as the URL itself tells.
     [[nodiscard]] bool isAllowed(const QUrl &url) const;
 };

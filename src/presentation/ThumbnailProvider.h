@@ -10,8 +10,8 @@
 #include <memory>
 #include <optional>
 
-/// Pictures from the network for image://thumbnail/<radius>/<address>, the radius
-/// in device pixels and the address in base 64; cropped to the size asked for,
+/// Pictures from the network for image://thumbnail/<radius>/<URL>, the radius
+/// in device pixels and the URL in base 64; cropped to the size asked for,
 /// with rounded corners painted in. Only from where a picture may come from, only the
 /// formats of video sites, and only what a thumbnail may reasonably weigh and take;
 /// everything else fails.

@@ -38,7 +38,7 @@ void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
                              const PictureSource &source)
 {
     if (!source.isAllowed(url) || m_size.isEmpty()) {
-        fail(u"Not an address of a picture"_s);
+        fail(u"Not a URL of a picture"_s);
         return;
     }
     m_url = url;

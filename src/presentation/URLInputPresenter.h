@@ -44,6 +44,6 @@ public:
     Q_INVOKABLE void take(const QString &dropped);
     Q_INVOKABLE void handleSubmit();
     Q_INVOKABLE void clearURL();
-    /// Chooses what a mixed address fetches; what was fetched before goes.
+    /// Chooses what a mixed URL fetches; what was fetched before goes.
     Q_INVOKABLE void choosePlaylist(bool asPlaylist);
 };

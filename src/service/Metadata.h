@@ -11,7 +11,7 @@
 /// expected kind; what is missing falls back to a fixed text or to nothing.
 VideoInfo parseVideoInfo(const QJsonObject &json, const QString &url);
 
-/// The address of the widest thumbnail that is not wider than 640 pixels, else
+/// The URL of the widest thumbnail that is not wider than 640 pixels, else
 /// of the widest; possibly empty.
 QString bestThumbnail(const QJsonObject &json);
 

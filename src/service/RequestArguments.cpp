@@ -41,12 +41,12 @@ QStringList streamArguments(const QString &videoURL)
                               << videoURL;
 }
 
-bool looksLikeOption(const QString &address)
+bool looksLikeOption(const QString &url)
 {
-    return address.startsWith(u'-');
+    return url.startsWith(u'-');
 }
 
-QString optionAddressMessage(const QString &address)
+QString optionURLMessage(const QString &url)
 {
-    return u"The address “%1” begins with a hyphen, so it is not an address"_s.arg(address);
+    return u"The URL “%1” begins with a hyphen, so it is not a URL"_s.arg(url);
 }

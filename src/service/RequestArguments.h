@@ -19,11 +19,11 @@ QStringList playlistArguments(const QString &url, const QString &cookiesBrowser)
 /// The command line that lists what a search finds, at most so many.
 QStringList searchArguments(const QString &query, int limit);
 
-/// The command line that prints the address of a video's stream.
+/// The command line that prints the URL of a video's stream.
 QStringList streamArguments(const QString &videoURL);
 
-/// Whether the tool would take the address for an option.
-bool looksLikeOption(const QString &address);
+/// Whether the tool would take the URL for an option.
+bool looksLikeOption(const QString &url);
 
-/// What is said of such an address.
-QString optionAddressMessage(const QString &address);
+/// What is said of such a URL.
+QString optionURLMessage(const QString &url);

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The public addresses of the video site.
+// The public URLs of the video site.
 const QString thumbnailHost = u"https://i.ytimg.com"_s;
 const QString watchHost = u"https://www.youtube.com"_s;
 
@@ -79,8 +79,8 @@ QList<SearchResult> resultsFromOutput(const QByteArray &output)
 Reply<QUrl> streamFromOutput(const QByteArray &output)
 {
     const QList<QByteArray> lines = output.trimmed().split('\n');
-    const QUrl address = QUrl::fromEncoded(lines.first(), QUrl::StrictMode);
-    if (address.isEmpty() || !address.isValid())
+    const QUrl url = QUrl::fromEncoded(lines.first(), QUrl::StrictMode);
+    if (url.isEmpty() || !url.isValid())
         return YTDLPError::fetchFailed(u"Could not retrieve stream URL"_s);
-    return address;
+    return url;
 }

@@ -16,5 +16,5 @@ std::optional<SearchResult> parseSearchResult(const QJsonObject &json);
 /// result or has a list of them. Lines that cannot be read are skipped.
 QList<SearchResult> resultsFromOutput(const QByteArray &output);
 
-/// What the tool printed for a stream: the address in the first line.
+/// What the tool printed for a stream: the URL in the first line.
 Reply<QUrl> streamFromOutput(const QByteArray &output);

@@ -90,7 +90,7 @@ void YTDLPService::fetch(const QString &url, const QStringList &arguments, Parse
                          Completion<Value> completion)
 {
     if (looksLikeOption(url))
-        completion(YTDLPError::fetchFailed(optionAddressMessage(url)));
+        completion(YTDLPError::fetchFailed(optionURLMessage(url)));
     else
         request<Value>(arguments, std::move(parse), std::move(completion));
 }
@@ -183,7 +183,7 @@ void YTDLPService::download(const QStringList &arguments,
                             Completion<QString> completion)
 {
     if (!arguments.isEmpty() && looksLikeOption(arguments.last())) {
-        completion(YTDLPError::downloadFailed(optionAddressMessage(arguments.last())));
+        completion(YTDLPError::downloadFailed(optionURLMessage(arguments.last())));
         return;
     }
     const auto handle = std::make_shared<ProcessHandle>();

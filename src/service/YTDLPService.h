@@ -48,7 +48,7 @@ public:
     /// Runs the tool once and yields what it wrote to standard output.
     void runProcess(const QStringList &arguments, Completion<QString> completion);
 
-    /// One video's metadata. An address that the tool would take for an option
+    /// One video's metadata. A URL that the tool would take for an option
     /// fails without reaching it.
     void fetchInfo(const QString &url, const QString &cookiesBrowser,
                    Completion<VideoInfo> completion);
@@ -63,7 +63,7 @@ public:
     /// Where a video can be streamed from. As for fetchInfo.
     void getStreamURL(const QString &videoURL, Completion<QUrl> completion);
 
-    /// Runs one download, whose address is the last argument, and yields the
+    /// Runs one download, whose URL is the last argument, and yields the
     /// saved file's path, possibly empty.
     void runProcessWithProgress(const QStringList &arguments, ProgressHandler progressHandler,
                                 ProcessingHandler processingHandler,
@@ -85,7 +85,7 @@ private:
     /// Collects, and parses what came.
     template<typename Value, typename Parse>
     void request(const QStringList &arguments, Parse parse, Completion<Value> completion);
-    /// As request(), for an address that must not be taken for an option.
+    /// As request(), for a URL that must not be taken for an option.
     template<typename Value, typename Parse>
     void fetch(const QString &url, const QStringList &arguments, Parse parse,
                Completion<Value> completion);

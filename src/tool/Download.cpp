@@ -12,9 +12,9 @@ namespace {
 constexpr int mostRedirects = 5;
 constexpr int firstError = 400; // of HTTP's status codes
 
-QNetworkRequest requestFor(const QUrl &address, std::chrono::milliseconds longestSilence)
+QNetworkRequest requestFor(const QUrl &url, std::chrono::milliseconds longestSilence)
 {
-    QNetworkRequest request(address);
+    QNetworkRequest request(url);
     request.setTransferTimeout(static_cast<int>(longestSilence.count()));
     request.setMaximumRedirectsAllowed(mostRedirects);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
@@ -26,11 +26,11 @@ QNetworkRequest requestFor(const QUrl &address, std::chrono::milliseconds longes
 
 } // namespace
 
-Download::Download(QNetworkAccessManager &network, const QUrl &address, Limits limits,
+Download::Download(QNetworkAccessManager &network, const QUrl &url, Limits limits,
                    Handlers handlers)
     : m_limits(limits)
     , m_handlers(std::move(handlers))
-    , m_reply(network.get(requestFor(address, limits.longestSilence)))
+    , m_reply(network.get(requestFor(url, limits.longestSilence)))
 {
     m_reply->setParent(this);
     connect(m_reply, &QNetworkReply::redirected, this, &Download::follow);
@@ -49,7 +49,7 @@ void Download::follow(const QUrl &target)
     if (target.scheme() == u"https")
         Q_EMIT m_reply->redirectAllowed();
     else
-        end(u"the server leads to an unsafe address"_s);
+        end(u"the server leads to an unsafe URL"_s);
 }
 
 void Download::read()

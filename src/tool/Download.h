@@ -33,7 +33,7 @@ public:
         std::function<void(const QString &error)> onEnd;
     };
 
-    Download(QNetworkAccessManager &network, const QUrl &address, Limits limits, Handlers handlers);
+    Download(QNetworkAccessManager &network, const QUrl &url, Limits limits, Handlers handlers);
     ~Download() override;
 
 private:

@@ -47,10 +47,10 @@ QCoro::Task<> AppState::loadStream(SearchResult result, std::stop_token task)
 {
     const QString videoURL = result.videoURL;
     try {
-        const QUrl address = co_await requestStream(videoURL);
+        const QUrl url = co_await requestStream(videoURL);
         if (task.stop_requested())
             co_return;
-        avPlayer.replaceCurrentItem(MediaItem{address});
+        avPlayer.replaceCurrentItem(MediaItem{url});
         avPlayer.play();
     } catch (const DescribedError &error) {
         if (task.stop_requested())

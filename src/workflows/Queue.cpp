@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AppState.h"
 
-#include "Addresses.h"
 #include "QueueRun.h"
 #include "ReplyAwaiter.h"
+#include "URLKind.h"
 
 using namespace Qt::StringLiterals;
 
 void AppState::addURLToQueue(const QString &url)
 {
-    const QString address = url.trimmed();
-    if (address.isEmpty())
+    const QString trimmed = url.trimmed();
+    if (trimmed.isEmpty())
         return;
-    const auto item = std::make_shared<DownloadItem>(address);
+    const auto item = std::make_shared<DownloadItem>(trimmed);
     item->status = Status::Fetching{};
     queue = queue() + Queue{item};
     spawn([this, item] { return fetchForQueue(item); });
@@ -20,10 +20,10 @@ void AppState::addURLToQueue(const QString &url)
 
 QCoro::Task<> AppState::fetchForQueue(std::shared_ptr<DownloadItem> item)
 {
-    const QString address = item->url;
-    const bool asPlaylist = namesPlaylist(address);
+    const QString url = item->url;
+    const bool asPlaylist = namesPlaylist(url);
     try {
-        const VideoInfo info = co_await requestInfo(address, asPlaylist);
+        const VideoInfo info = co_await requestInfo(url, asPlaylist);
         if (asPlaylist) {
             queue = expanded(queue(), item, info);
         } else {

@@ -28,14 +28,14 @@ ReplyAwaiter<Value> AppState::request(std::function<void(Completion<Value>)> sta
             }};
 }
 
-ReplyAwaiter<VideoInfo> AppState::requestInfo(const QString &address, bool asPlaylist)
+ReplyAwaiter<VideoInfo> AppState::requestInfo(const QString &url, bool asPlaylist)
 {
-    return request<VideoInfo>([this, address, asPlaylist, browser = cookiesBrowser()](
+    return request<VideoInfo>([this, url, asPlaylist, browser = cookiesBrowser()](
                                   const Completion<VideoInfo> &completion) {
         if (asPlaylist)
-            service.fetchPlaylistInfo(address, browser, completion);
+            service.fetchPlaylistInfo(url, browser, completion);
         else
-            service.fetchInfo(address, browser, completion);
+            service.fetchInfo(url, browser, completion);
     });
 }
 
@@ -60,7 +60,7 @@ ReplyAwaiter<QString> AppState::requestDownload(const DownloadJob &job,
                                                      .speedLimit = speedLimit(),
                                                      .quality = job.quality,
                                                      .folder = job.folder,
-                                                     .address = job.task.address});
+                                                     .url = job.task.url});
     // Reports take the same way as the completion, so that none overtakes it.
     const ProgressHandler onProgress = [this, handle = reports.onProgress](double progress,
                                                                            const QString &speed,

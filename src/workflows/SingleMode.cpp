@@ -1,29 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AppState.h"
 
-#include "Addresses.h"
 #include "ReplyAwaiter.h"
 #include "SingleRun.h"
+#include "URLKind.h"
 
 void AppState::fetchSingleInfo()
 {
-    const QString address = singleURL().trimmed();
-    if (address.isEmpty())
+    const QString url = singleURL().trimmed();
+    if (url.isEmpty())
         return;
     isFetching = true;
     fetchError = std::nullopt;
     singleInfo = std::nullopt;
     selectedPlaylistItems = EntrySelection();
     downloadStatus = Status::Idle{};
-    spawn([this, address, asPlaylist = fetchesPlaylist(address, fetchAsPlaylist())] {
-        return fetch(address, asPlaylist);
+    spawn([this, url, asPlaylist = fetchesPlaylist(url, fetchAsPlaylist())] {
+        return fetch(url, asPlaylist);
     });
 }
 
-QCoro::Task<> AppState::fetch(QString address, bool asPlaylist)
+QCoro::Task<> AppState::fetch(QString url, bool asPlaylist)
 {
     try {
-        const VideoInfo info = co_await requestInfo(address, asPlaylist);
+        const VideoInfo info = co_await requestInfo(url, asPlaylist);
         singleInfo = info;
         if (info.isPlaylist) {
             EntrySelection all;

@@ -243,7 +243,7 @@ class Browse(Case):
         wait_until(lambda: not self.player_window(), "the player to be back")
         self.check_plays()
 
-    def test_the_program_ends_with_its_window_whatever_the_player_shows(self):
+    def test_closing_the_window_ends_a_playing_program(self):
         person = self.person
         self.play_first()
         self.control("Pause")  # so that the controls stay
@@ -254,7 +254,7 @@ class Browse(Case):
         self.assertEqual(person.program.wait(timeout=30), 0)
         self.assertEqual(person.tools(), [])
 
-    def test_the_last_one_ends_and_stays_and_leaving_stops(self):
+    def test_the_last_result_stays_and_leaving_stops(self):
         person = self.person
         self.search("boats")
         person.see("13 results")
@@ -274,7 +274,7 @@ class Browse(Case):
         wait_until(lambda: not person.look_for("Close player"), "the player to go")
         wait_until(lambda: not person.tools(), "the tools to end")
 
-    def test_paused_and_moved_to_its_end_it_goes_on_to_the_next(self):
+    def test_resuming_at_the_end_plays_the_next(self):
         self.play_first()
         self.person.tab_to("Video", "shift+Tab")
         self.person.desktop.keys("space")
@@ -323,7 +323,7 @@ class Browse(Case):
             "gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path", "/",
             "--method", "org.freedesktop.DBus.ListNames"))
 
-    def test_a_stream_that_is_gone_is_an_error_to_read(self):
+    def test_a_missing_stream_shows_an_error(self):
         person = self.person
         self.search("missing streams")
         person.see("2 results")

@@ -113,7 +113,7 @@ class MainJob(Case):
         keys("space")
         self.check_audio()
 
-    def test_a_closed_window_leaves_nothing_and_the_next_run_resumes(self):
+    def test_a_run_resumes_after_the_window_closed(self):
         person = self.person
         person.desktop.type(WATCH + "steady")
         person.desktop.keys("Return")
@@ -163,7 +163,7 @@ class MainJob(Case):
         self.assertEqual(person.services("Notify")[0][4],
                          "&quot;a &lt;script&gt;alert(1)&lt;/script&gt; &amp; b&quot; downloaded successfully")
 
-    def test_a_private_video_is_an_error_to_read_and_to_hear(self):
+    def test_a_private_video_shows_and_announces_an_error(self):
         person = self.person
         alerts = person.listen_for_alerts()
         person.desktop.type(WATCH + "private")
@@ -182,19 +182,19 @@ class MainJob(Case):
             self.assertEqual(record["title"], TITLES[video])
             self.assertEqual(probe(pathlib.Path(record["savedPath"]))["height"], 1080)
 
-    def test_a_title_like_the_tools_own_output_saves_without_a_path(self):
+    def test_a_title_like_tool_output_saves_no_path(self):
         # Each line that names the file reads as progress, so no path is known.
         self.download("likeoutput", TITLES["likeoutput"], "Complete")
         wait_until(self.person.history, "the record")
         self.assertNotIn("savedPath", self.person.history()[0])
         self.assertEqual(len(list(self.downloads.glob("*.mp4"))), 1)
 
-    def test_a_title_too_long_for_a_file_fails_and_leaves_nothing(self):
+    def test_a_title_too_long_leaves_no_file(self):
         self.download("long", TITLES["long"].strip(), "Failed")
         self.assertEqual(self.person.history(), [])
         self.assertEqual(list(self.downloads.glob("*.mp4")), [])
 
-    def test_a_record_that_is_still_written_is_there_after_a_quick_restart(self):
+    def test_a_quick_restart_keeps_the_last_record(self):
         person = self.person
         person.program.terminate()
         self.assertEqual(person.program.wait(timeout=30), 0)
@@ -215,7 +215,7 @@ class MainJob(Case):
         person.see("Show in Finder", row=TITLE)
         self.assertEqual(len(person.history()), 1)
 
-    def test_the_colours_follow_the_desktop_while_the_window_is_open(self):
+    def test_colours_follow_the_desktop_while_open(self):
         person = self.person
         wait_until(lambda: person.background() == "#ECECEE", "light colours")
         person.desktop_services.send_signal(signal.SIGUSR1)

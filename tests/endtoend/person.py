@@ -37,7 +37,7 @@ class Person:
 
     def __init__(self, preferences: dict | None = None, fills_disk: str = "",
                  command: list[str] | None = None):
-        """Downloads of the one address find no more room after 50 kB. With a command, it
+        """Downloads of the one URL find no more room after 50 kB. With a command, it
         is what is started, and the tool is the system's rather than a recording one."""
         self.fills_disk = fills_disk
         self.command = command or [str(PROGRAM)]

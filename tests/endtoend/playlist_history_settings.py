@@ -29,7 +29,7 @@ class PlaylistHistorySettings(Case):
     def check_reveal(self):
         wait_until(lambda: self.person.services("ShowItems"), "the file manager")
         shown = self.person.services("ShowItems")[0][0]
-        self.assertEqual([urllib.parse.unquote(address) for address in shown],
+        self.assertEqual([urllib.parse.unquote(url) for url in shown],
                          ["file://" + self.person.history()[0]["savedPath"]])
 
     def check_refetch(self):
@@ -142,7 +142,7 @@ class AnUndecodableHistory(Case):
     document = json.dumps([{"id": "no identifier"}])
     preferences = {"quillon.history.v2": {"utf8": document}}
 
-    def test_reads_as_none_and_stays_until_the_next_record(self):
+    def test_reads_as_none_until_the_next_record(self):
         person = self.person
         person.see("No downloads yet")
         self.assertEqual(person.history(), json.loads(self.document))

@@ -27,7 +27,7 @@ def name_of(video: str) -> str:
     return title_of(video).replace(":", "：")
 
 
-def address_of(video: str) -> str:
+def url_of(video: str) -> str:
     return WATCH + (public_id(video) if video in LISTED else video)
 
 
@@ -59,7 +59,7 @@ class QueueRuns(Case):
         self.assertEqual([record["title"] for record in records],
                          [title_of(video) for video in reversed(done)])
         self.assertEqual([record["url"] for record in records],
-                         [address_of(video) for video in reversed(done)])
+                         [url_of(video) for video in reversed(done)])
         self.assertEqual({(record["format"], record["quality"]) for record in records}, {kind})
         return records
 
@@ -72,7 +72,7 @@ class QueueRuns(Case):
             self.assertEqual(probe(path), {"video": "h264", "audio": "aac", "height": height})
         runs = [call for call, _environment in self.person.calls() if "-o" in call]
         self.assertEqual([call[-1] for call in runs],
-                         [address_of(video) for video in LISTED + ADDED])
+                         [url_of(video) for video in LISTED + ADDED])
         for call in runs:
             self.assertIn("bestvideo[height<=720]+bestaudio/best[height<=720]", call)
         self.assertEqual(list(self.downloads.glob("*.part")), [])
@@ -85,7 +85,7 @@ class QueueRuns(Case):
                              {"audio": "mp3", "height": 0})
         runs = [call for call, _environment in self.person.calls() if "-x" in call]
         self.assertEqual([call[-1] for call in runs],
-                         [address_of(video) for video in LISTED + ADDED + ["nolength"]])
+                         [url_of(video) for video in LISTED + ADDED + ["nolength"]])
 
     def test_by_mouse(self):
         person = self.person
@@ -165,7 +165,7 @@ class QueueTrouble(Case):
     def parts(self) -> list[pathlib.Path]:
         return list(self.downloads.glob("*.part"))
 
-    def test_a_closed_window_starts_nothing_more_and_the_next_run_resumes(self):
+    def test_the_next_run_resumes_after_closing(self):
         person = self.person
         self.start("steady", "progressive")
         person.see_row(title_of("steady"), r"[1-9]\d?%")
@@ -194,7 +194,7 @@ class QueueTrouble(Case):
                          ["Test video progressive.mp4"])
         self.assertEqual(len(self.person.history()), 1)
 
-    def test_a_folder_deleted_in_mid_run_fails_its_entry_alone(self):
+    def test_a_deleted_folder_fails_only_its_entry(self):
         person = self.person
         self.start("steady", "progressive")
         person.see_row(title_of("steady"), r"[1-9]\d?%")

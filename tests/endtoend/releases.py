@@ -74,7 +74,7 @@ class Releases:
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
 
     @property
-    def address(self) -> str:
+    def url(self) -> str:
         return f"http://127.0.0.1:{self.server.server_address[1]}/"
 
     def close(self) -> None:

@@ -17,7 +17,7 @@ NEW = datetime.datetime.now(datetime.timezone.utc).strftime("%Y.%m.%d")
 REFUSAL = ("Failed to fetch info: ERROR: [youtube] boat_______: "
            "YouTube is no longer supported in this application or device.")
 TITLE = "Building a wooden boat, day 4: planking the hull"
-ADDRESS = WATCH + "boat_______"
+URL = WATCH + "boat_______"
 
 
 class Tool(unittest.TestCase):
@@ -28,7 +28,7 @@ class Tool(unittest.TestCase):
         self.addCleanup(subprocess.run, ["rm", "-rf", str(folder)])
         self.releases = Releases(folder, NEW, rate=1_500_000)
         self.addCleanup(self.releases.close)
-        self.person = Person(command=[os.environ["QUILLON_WITH_RELEASES"], self.releases.address,
+        self.person = Person(command=[os.environ["QUILLON_WITH_RELEASES"], self.releases.url,
                                       str(self.releases.signer.key)])
         self.addCleanup(self.person.close)
         (self.person.desktop.home / ".config/quillon-site-is-strict").touch()
@@ -52,7 +52,7 @@ class Tool(unittest.TestCase):
     def test_by_mouse(self):
         person = self.person
         person.see(self.complaint)
-        person.desktop.type(ADDRESS)
+        person.desktop.type(URL)
         person.desktop.keys("Return")
         person.see(REFUSAL)
         person.click("Update yt-dlp")
@@ -74,7 +74,7 @@ class Tool(unittest.TestCase):
         alerts = person.listen_for_alerts()
         person.start_program()
         person.see(self.complaint)
-        person.desktop.type(ADDRESS)
+        person.desktop.type(URL)
         person.desktop.keys("Return")
         person.see(REFUSAL)
         person.desktop.keys("F6")

@@ -38,7 +38,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
     }
 
-    void afterItWasClosedAboutOpensAFreshWindowInTheMiddle()
+    void aboutReopensAsAFreshCenteredWindow()
     {
         ask();
         const QPointer<QWindow> first = windows().first();
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
     }
 
-    void droppedTextLandsInTheFieldOfTheModeAndNothingIsFetched()
+    void droppedTextFillsTheFieldWithoutFetching()
     {
         QMimeData text;
         text.setText(u"  \n https://x/watch?v=a \nmore"_s);

@@ -45,7 +45,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(shown("result0"), patience);
     }
 
-    void anErrorIsShownAndNotTheOldList()
+    void anErrorReplacesTheOldList()
     {
         QVERIFY(show(2));
         state().browseSearchError = u"No network\n"_s;
@@ -69,7 +69,7 @@ private Q_SLOTS:
         QVERIFY2(std::abs(middle) <= 10, qPrintable(QString::number(middle)));
     }
 
-    void clearingTheFieldClearsResultsAndErrorAndPlaysOn()
+    void clearingTheFieldClearsResultsButPlaysOn()
     {
         QVERIFY(show(2));
         state().browseSearchQuery = u"boats"_s;
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->tool.calls().size(), before + 1);
     }
 
-    void aScreenReaderChoosesARowByPressingIt()
+    void aScreenReaderCanPressARow()
     {
         QVERIFY(show(1));
         accessible("result0")->actionInterface()->doAction(
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(state().nowPlaying()->id, u"0"_s);
     }
 
-    void thePlayControlOfARowPlaysAndStops()
+    void aRowsPlayButtonPlaysAndStops()
     {
         QVERIFY(show(2));
         QTest::mouseMove(m_window, centreOf("result0"));
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!shown("playerPanel"), patience);
     }
 
-    void theTwoButtonsOfARowShowTheirOwnProgress()
+    void bothButtonsOfARowShowTheirProgress()
     {
         QVERIFY(show(1));
         m_fixture->tool.respond("for *mp4* print [download]  50.0% of 1MiB at 1MiB/s ETA 00:01\n"
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QCOMPARE(symbol("video0"), u"film"_s);
     }
 
-    void aResultThatLacksNearlyEverythingIsARowLikeOthers()
+    void aSparseResultIsAnOrdinaryRow()
     {
         QVERIFY(show(0));
         m_fixture->tool.respond(R"(print {"id":"a","title":null,"thumbnails":[]})");
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QCOMPARE(item("result0")->height(), height);
     }
 
-    void longAndForeignQueriesAreSearchedAsTheyAre()
+    void longAndForeignQueriesAreSearchedUnchanged()
     {
         QVERIFY(show(0));
         m_fixture->tool.respond("");

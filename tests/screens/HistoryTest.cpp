@@ -7,7 +7,7 @@ class HistoryTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void anEmptyHistoryShowsItsHeaderAndThatThereIsNothing()
+    void anEmptyHistoryShowsHeaderAndPlaceholder()
     {
         QVERIFY(shown("historyTitle") && shown("clearHistory") && shown("noHistory"));
         QCOMPARE(textOf("historyTitle"), u"Download History"_s);
@@ -68,7 +68,7 @@ private Q_SLOTS:
                  m_fixture->folder.filePath(u"0.mp4"_s));
     }
 
-    void refetchByMouseGoesToSingleModeAndFetches()
+    void refetchByMouseFetchesInSingleMode()
     {
         QVERIFY(fill(2));
         m_fixture->tool.respond(R"(print {"id":"i","title":"Again"})");
@@ -82,7 +82,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->tool.calls().last().last(), u"https://x/watch?v=1"_s);
     }
 
-    void aClickInMidScrollUsesThatRowAndGoesToTheTop()
+    void refetchInMidScrollGoesToTheTop()
     {
         QVERIFY(fill(200));
         m_fixture->tool.respond(R"(print {"id":"i","title":"Again"})");
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QVERIFY(sceneY("videoTitle") > 0);
     }
 
-    void spaceOnARowWithoutAFileDoesNothing()
+    void spaceDoesNothingOnARowWithoutFile()
     {
         QVERIFY(fill(2));
         QVERIFY(focusByTab("historyRows"));
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->desktop.fileViewer->selected.size(), 1);
     }
 
-    void theKeyboardComesBackToTheRowAsAWhole()
+    void focusReturnsToTheWholeRow()
     {
         QVERIFY(fill(1));
         QVERIFY(focusByTab("historyRows"));
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(state().singleURL(), u"https://x/watch?v=2"_s);
     }
 
-    void tabPassesOneRowAndNotAllOfThem()
+    void tabStopsAtOneRowOnly()
     {
         QVERIFY(fill(3));
         QVERIFY(focusByTab("clearHistory"));
@@ -160,7 +160,7 @@ private Q_SLOTS:
         QVERIFY(!focusIsIn(item("historyRows")));
     }
 
-    void ofTenThousandOnlyThoseInSightAreAlive()
+    void onlyVisibleRowsOfTenThousandExist()
     {
         QVERIFY(fill(10'000));
         m_window->grabWindow();
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QVERIFY(item("history9999")->mapToScene({0, 52}).y() <= m_window->height());
     }
 
-    void aRowIsNamedAndItsActionsByTheirTooltips()
+    void aRowAndItsActionsHaveAccessibleNames()
     {
         QVERIFY(fill(1));
         QCOMPARE(accessible("history0")->text(QAccessible::Name),

@@ -29,7 +29,7 @@ private Q_SLOTS:
         QCOMPARE(reached.mid(0, expected.size()), expected);
     }
 
-    void submittingBySpaceLeavesTheKeyboardInTheField()
+    void submittingBySpaceKeepsFocusInTheField()
     {
         m_fixture->tool.respond("wait fetch\n"
                                 "exit 1");
@@ -43,7 +43,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!state().isFetching(), patience);
     }
 
-    void aMenuOpensByItsLetterAndRunsItsCommand()
+    void aMenuOpensAndRunsByItsMnemonic()
     {
         QTest::keyClick(m_window, Qt::Key_D, Qt::AltModifier);
         QTRY_VERIFY_WITH_TIMEOUT(m_window->activeFocusItem()
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(state().mode(), AppMode::multi, patience);
     }
 
-    void theKeyboardGoesFromTheMixedBarToTheFieldWhenTheBarLeaves()
+    void focusMovesToTheFieldWhenTheMixedBarLeaves()
     {
         QVERIFY(focusField());
         typeText("https://www.youtube.com/watch?v=a&list=b");
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(item("urlField")->hasActiveFocus());
     }
 
-    void theKeyboardGoesFromDownloadToPauseToShowInFinder()
+    void focusMovesFromDownloadToPauseToReveal()
     {
         state().singleInfo = video();
         QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("showInFinder"), patience);
     }
 
-    void afterAFailureTheKeyboardIsAtDownloadAgain()
+    void focusReturnsToDownloadAfterAFailure()
     {
         state().singleInfo = video();
         QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("download"), patience);
     }
 
-    void aDownloadByMouseLeavesTheKeyboardWhereItWas()
+    void downloadingByMouseDoesNotMoveFocus()
     {
         state().singleInfo = video();
         QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);

@@ -7,7 +7,7 @@ class MenuTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void aMenuOpensByMouseAndShowsItsCommandsOnce()
+    void aMenuShowsEachCommandOnce()
     {
         QQuickItem *const root = m_window->contentItem();
         for (const AppMode mode : {AppMode::multi, AppMode::single}) {
@@ -30,7 +30,7 @@ private Q_SLOTS:
                               u"Toggle Mode"_s}));
     }
 
-    void aMenuOpensAndIsChosenFromByAScreenReader()
+    void aScreenReaderChoosesFromAMenu()
     {
         QQuickItem *const root = m_window->contentItem();
         const auto press = [root](const QString &text) {
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QVERIFY(state().mode() == AppMode::multi);
     }
 
-    void fetchInfoIsChosenFromTheMenuByMouse()
+    void fetchInfoWorksFromTheMenuByMouse()
     {
         m_fixture->tool.respond(R"(print {"id":"i","title":"T"})");
         state().singleURL = u"https://x/watch?v=i"_s;

@@ -32,7 +32,7 @@ private Q_SLOTS:
         QVERIFY(!item("notice"));
     }
 
-    void theNoticeStandsAtTheLowerEdgeAndMovesNothing()
+    void theNoticeStandsBelowAndMovesNothing()
     {
         state().singleInfo = video();
         QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
@@ -49,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(card.center().x(), m_window->width() / 2.0);
     }
 
-    void theEndOfThePageCanBeScrolledClearOfIt()
+    void thePageScrollsClearOfTheNotice()
     {
         state().singleInfo = playlist(100);
         QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(isClear(), patience);
     }
 
-    void itSaysWhatIsWrongAndWhatCanBeDone()
+    void itSaysTheProblemAndTheRemedy()
     {
         QVERIFY(complain());
         QCOMPARE(textOf("noticeText"), u"YouTube no longer answers yt-dlp 2023.03.04."_s);
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QCOMPARE(m_window->activeFocusItem(), item("noticeAction"));
     }
 
-    void theKeyboardReturnsToTheFieldWhenTheNoticeGoes()
+    void focusReturnsToTheFieldWhenTheNoticeGoes()
     {
         QVERIFY(complain());
         QVERIFY(focusField());
@@ -194,7 +194,7 @@ private Q_SLOTS:
         QVERIFY(!shown("updateTool"));
     }
 
-    void aReadyToolIsToldAndFailuresMayBeRepeated()
+    void aReadyToolOffersToRepeatTheFailure()
     {
         offer(m_server, m_signer, zippedTool(versionCode("2026.08.19")));
         QVERIFY(complain());
@@ -240,7 +240,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(textOf("noticeCopy"), u"Copy"_s, patience);
     }
 
-    void anOldToolIsHintedAtAfterAFailure()
+    void aFailureHintsAtAnOldTool()
     {
         setTool("2026.03.01");
         m_keeper->begin();
@@ -289,7 +289,7 @@ protected:
             ToolKeeper::Parts{.places = {.searchPaths = {ownPath(), m_fixture->tool.path()},
                                          .ownPath = ownPath(),
                                          .environment = {{u"PATH"_s, u"/usr/bin:/bin"_s}}},
-                              .source = {.folder = m_server.address(), .key = m_signer.key},
+                              .source = {.folder = m_server.url(), .key = m_signer.key},
                               .today = [] { return QDate(2026, 8, 19); }});
         m_keeper->begin();
         m_notices = std::make_unique<NoticePresenter>(*m_keeper);

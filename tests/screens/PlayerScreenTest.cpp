@@ -23,7 +23,7 @@ private Q_SLOTS:
         QCOMPARE(state().nowPlaying()->id, u"1"_s);
     }
 
-    void anErrorOfThePlayerIsReadOverThePicture()
+    void aPlayerErrorShowsOverThePicture()
     {
         QVERIFY(show(1));
         QVERIFY(play(0));
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QVERIFY(accessible("positionBar")->role() == QAccessible::Slider);
     }
 
-    void thePositionBarIsMovedByItsOwnKeys()
+    void thePositionBarMovesByItsKeys()
     {
         QVERIFY(playPaused({.position = 50, .duration = 100}));
         QVERIFY(focusByTab("positionBar"));
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(item("positionBar")->property("to").toDouble(), 100.0);
     }
 
-    void theVolumeIsSetByItsBarWhichAlsoEndsTheSilence()
+    void theVolumeBarSetsVolumeAndUnmutes()
     {
         QVERIFY(playPaused({.position = 10, .duration = 100}));
         click("mute");
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!shown("buffering"), patience);
     }
 
-    void theControlsFadeWhileItPlaysAndComeBackOnAMove()
+    void controlsFadeWhilePlayingAndReturnOnMovement()
     {
         QVERIFY(playPaused({.position = 10, .duration = 100}));
         QVERIFY(shown("positionBar"));
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(shown("positionBar"), patience);
     }
 
-    void aClickOnAControlDoesNotHoldTheControls()
+    void clickingAControlLetsTheControlsFade()
     {
         QVERIFY(playPaused({.position = 10, .duration = 100}));
         click("playPause"); // goes on
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!shown("positionBar"), patience);
     }
 
-    void draggedToItsEndItDoesNotEndBeforeItIsLetGo()
+    void draggingToTheEndEndsOnlyOnRelease()
     {
         QVERIFY(playPaused({.position = 0, .duration = 100}));
         const QPoint middle = centreOf("positionBar");
@@ -172,14 +172,14 @@ private Q_SLOTS:
         QCOMPARE(engine()->sought.last(), 100.0);
     }
 
-    void whatIsNotLoadedYetIsWaitedForInSight()
+    void loadingShowsThatItWaits()
     {
         QVERIFY(show(1));
         QVERIFY(play(0)); // the engine has told nothing
         QTRY_VERIFY_WITH_TIMEOUT(shown("buffering"), patience);
     }
 
-    void theKeyboardFindsAnotherPlaceWhereItsButtonEnds()
+    void focusMovesWhenItsButtonIsDisabled()
     {
         QVERIFY(show(2));
         QVERIFY(play(0));
@@ -206,13 +206,13 @@ private Q_SLOTS:
         QCOMPARE(accessible("playPause")->text(QAccessible::Name), u"Pause"_s);
     }
 
-    void fullScreenAndPictureInPictureKeepThePosition()
+    void fullScreenAndPictureInPictureKeepPosition()
     {
         QVERIFY(show(1));
         QVERIFY(play(0));
         engine()->events.statusChanged({.position = 30, .duration = 60});
         QVERIFY(focusByTab("video"));
-        const qsizetype opened = engine()->addresses.size();
+        const qsizetype opened = engine()->urls.size();
         press(Qt::Key_F);
         QTRY_VERIFY_WITH_TIMEOUT(playerWindow(), patience);
         QCOMPARE(playerWindow()->visibility(), QWindow::FullScreen);
@@ -227,12 +227,12 @@ private Q_SLOTS:
         QVERIFY(playerWindow()->flags().testFlag(Qt::WindowStaysOnTopHint));
         playerWindow()->close();
         QTRY_VERIFY_WITH_TIMEOUT(!playerWindow() && shown("video"), patience);
-        QCOMPARE(engine()->addresses.size(), opened); // it was never opened anew
+        QCOMPARE(engine()->urls.size(), opened); // it was never opened anew
         QCOMPARE(engine()->sought, QList<double>{35});
         QCOMPARE(state().avPlayer.position(), 35.0);
     }
 
-    void inFullScreenThePointerGoesWithTheControls()
+    void thePointerHidesWithFullScreenControls()
     {
         QVERIFY(show(1));
         QVERIFY(play(0));

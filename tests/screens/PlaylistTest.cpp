@@ -10,7 +10,7 @@ class PlaylistTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void anEmptyPlaylistShows0Of0AndAllLeavesTheSelectionEmpty()
+    void anEmptyPlaylistShowsZeroAndSelectsNothing()
     {
         QVERIFY(show(playlist(0)));
         QCOMPARE(textOf("playlistCount"), u"0 of 0 selected"_s);
@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(item("card0")->property("isSelected").toBool());
     }
 
-    void withARepeatedIdentifierFiveDownloadWhileFourAreCounted()
+    void repeatedIdentifiersCountOnceButAllDownload()
     {
         VideoInfo info = playlist(5);
         info.playlistEntries[2].id = u"0"_s;
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QCOMPARE(state().currentDownloadIndex(), 5);
     }
 
-    void hideTakesTheGridAwayAndShowBringsItBack()
+    void hideAndShowToggleTheGrid()
     {
         QVERIFY(show(playlist(3)));
         QCOMPARE(item("collapse")->property("help").toString(), u"Hide video list"_s);
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QCOMPARE(item("collapse")->property("label").toString(), u"Hide"_s);
     }
 
-    void aPlaylistThatIsFetchedAnewShowsItsGrid()
+    void aRefetchedPlaylistShowsItsGrid()
     {
         QVERIFY(show(playlist(3)));
         click("collapse");
@@ -97,7 +97,7 @@ private Q_SLOTS:
         m_window->resize(before);
     }
 
-    void theArrowsMoveFromCardToCardAndSpaceToggles()
+    void arrowsMoveBetweenCardsAndSpaceToggles()
     {
         QVERIFY(show(playlist(12)));
         QVERIFY(focusByTab("playlistCards"));
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(state().selectedPlaylistItems().size(), 12);
     }
 
-    void ctrlASelectsAllWhileTheGridHasTheKeyboard()
+    void ctrlASelectsAllInTheFocusedGrid()
     {
         QVERIFY(show(playlist(12)));
         state().selectedPlaylistItems = AppState::EntrySelection();
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(state().selectedPlaylistItems().size(), 12);
     }
 
-    void theGridIsOneStopBetweenHideAndTheFormats()
+    void theGridIsOneTabStop()
     {
         QVERIFY(show(playlist(12)));
         QVERIFY(focusByTab("selectAll"));
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QVERIFY(isInSight("card0"));
     }
 
-    void theWheelAndThePageKeysScrollPanelAndButtonsAsOne()
+    void wheelAndPageKeysScrollTheWholePage()
     {
         QVERIFY(show(playlist(5000)));
         m_window->grabWindow();
@@ -177,7 +177,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(isInSight("selectAll"), patience);
     }
 
-    void aClickInMidScrollTogglesThatCardAndMovesNothing()
+    void clickingInMidScrollTogglesWithoutMoving()
     {
         QVERIFY(show(playlist(5000)));
         QQuickItem *card = nullptr;
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QVERIFY(m_window->activeFocusItem()->property("showsRing").toBool());
     }
 
-    void aClickOnACardThatIsCutOffMovesNothing()
+    void clickingAPartlyVisibleCardMovesNothing()
     {
         QVERIFY(show(playlist(5000)));
         const double pageTop = sceneY("page");
@@ -220,7 +220,7 @@ private Q_SLOTS:
         QCOMPARE(item("page")->property("contentY").toDouble(), contentY);
     }
 
-    void theScrollBarIsDraggedToTheEndAndSeenMeanwhile()
+    void theScrollBarShowsAndDragsToTheEnd()
     {
         QVERIFY(show(playlist(5000)));
         m_window->grabWindow();
@@ -254,10 +254,10 @@ private Q_SLOTS:
         turnTouchpad(Qt::ScrollEnd, 0);
     }
 
-    void aCardThatIsScrolledAwayDropsItsRequest()
+    void aCardScrolledAwayDropsItsRequest()
     {
         VideoInfo info = playlist(400);
-        info.playlistEntries[0].thumbnailURL = m_silentServer.address();
+        info.playlistEntries[0].thumbnailURL = m_silentServer.url();
         QVERIFY(show(info));
         QTRY_COMPARE_WITH_TIMEOUT(m_silentServer.asked, 1, patience);
         QCOMPARE(m_silentServer.left, 0);
@@ -268,7 +268,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!item("playlistCards"), patience);
     }
 
-    void aCardIsACheckBoxNamedByItsTitle()
+    void aCardIsACheckBoxNamedAfterItsTitle()
     {
         QVERIFY(show(playlist(2)));
         QAccessibleInterface *const card = accessible("card1");
@@ -283,7 +283,7 @@ private Q_SLOTS:
         QCOMPARE(accessible("playlistCount")->text(QAccessible::Name), u"1 of 2 selected"_s);
     }
 
-    void entriesThatLackEverythingAreCardsAllTheSame()
+    void entriesWithoutDataAreStillCards()
     {
         m_fixture->tool.respond(sample("playlist-that-lacks-everything"));
         state().singleURL = u"https://x/playlist?list=p"_s;

@@ -68,7 +68,7 @@ private Q_SLOTS:
         QVERIFY(!item("startQueue")->isEnabled());
     }
 
-    void afterARunByMouseAClickIntoTheFieldKeepsTheKeyboardThere()
+    void clickingTheFieldAfterARunKeepsFocus()
     {
         QVERIFY(show(1));
         m_fixture->tool.respond("wait run");
@@ -85,7 +85,7 @@ private Q_SLOTS:
         state().multiURL = QString();
     }
 
-    void byKeyboardTheStartGoesOnAtPauseAndTheEndAtTheRows()
+    void startingByKeyFocusesPauseThenTheRows()
     {
         QVERIFY(show(1));
         m_fixture->tool.respond("wait run");
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(focusIsIn(item("queue0")), patience);
     }
 
-    void removingTheLastEntryLeavesTheKeyboardInTheField()
+    void removingTheLastEntryFocusesTheField()
     {
         QVERIFY(show(1));
         QVERIFY(focusByTab("queueRows"));
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_window->activeFocusItem(), item("urlField"), patience);
     }
 
-    void clearingTheQueueByKeyLeavesTheKeyboardInTheField()
+    void clearingTheQueueByKeyFocusesTheField()
     {
         QVERIFY(show(2));
         QVERIFY(focusByTab("clearQueue"));
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QCOMPARE(state().queue()[0]->url, u"https://x/1"_s);
     }
 
-    void aFinishedFileIsShownByAClickOnItsName()
+    void clickingAFinishedNameRevealsItsFile()
     {
         QVERIFY(show(1));
         const QString path = m_fixture->folder.filePath(u"a.mp4"_s);
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->desktop.fileViewer->selected, QStringList{path});
     }
 
-    void aMessageOfManyLinesStaysOnOneAndIsWholeInTheTooltip()
+    void aLongMessageIsElidedButWholeInItsTooltip()
     {
         QVERIFY(show(2));
         state().queue()[0]->status = Status::Failed{u"first\nsecond\nthird\n"_s};
@@ -171,7 +171,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(tip().isEmpty(), patience);
     }
 
-    void megabytesOfAMessageReachNoTextOnTheScreen()
+    void anEnormousMessageIsCutBeforeItIsShown()
     {
         QVERIFY(show(2));
         state().queue()[0]->status = Status::Failed{QString(3'000'000, u'x')};
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QVERIFY(accessible("queue0")->text(QAccessible::Description).size() < 11'000);
     }
 
-    void aPictureThatCannotBeHadShowsASymbolForWhatIsKnown()
+    void aMissingPictureShowsASymbol()
     {
         QVERIFY(show(2));
         state().queue()[1]->info = video();

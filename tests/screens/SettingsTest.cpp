@@ -7,7 +7,7 @@ class SettingsTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatIsTypedCountsAtOnceAndIsNotStored()
+    void typedTextTakesEffectButIsNotStored()
     {
         QVERIFY(open());
         item("downloadDir")->forceActiveFocus();
@@ -17,7 +17,7 @@ private Q_SLOTS:
         QVERIFY(!m_fixture->preferences->string(u"quillon.downloadDir"_s));
     }
 
-    void anUnsavedFolderIsUsedByTheNextDownload()
+    void theNextDownloadUsesAnUnsavedFolder()
     {
         QVERIFY(open());
         item("downloadDir")->forceActiveFocus();
@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(item("historyLimit")->property("displayText").toString(), u"50"_s);
     }
 
-    void aMenuOpensAndIsChosenFromByAScreenReader()
+    void aScreenReaderChoosesFromAMenu()
     {
         QVERIFY(open());
         const auto press = QAccessibleActionInterface::pressAction();
@@ -132,7 +132,7 @@ private Q_SLOTS:
         QCOMPARE(item("speedLimit")->property("displayText").toString(), u"Full Speed"_s);
     }
 
-    void theSwitchWorksByMouseKeyboardAndScreenReader()
+    void theSwitchWorksForMouseKeysAndReader()
     {
         QVERIFY(open());
         click("notifications");
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(textOf("saveSettings"), u"Save"_s, patience);
     }
 
-    void aPanelThatIsOpenedAgainShowsNoConfirmation()
+    void aReopenedPanelShowsNoConfirmation()
     {
         QVERIFY(open());
         click("saveSettings");
@@ -224,7 +224,7 @@ private Q_SLOTS:
         QCOMPARE(state().downloadDir(), u"~/Music"_s);
     }
 
-    void theChooserConfirmedSetsTheFolderAndStoresNothing()
+    void confirmingTheChooserSetsButStoresNothing()
     {
         QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"videos/new"_s));
         const QString videos = m_fixture->folder.filePath(u"videos"_s);

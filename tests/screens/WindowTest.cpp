@@ -7,7 +7,7 @@ class WindowTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void theContentHasItsMinimumBelowTheMenuBar()
+    void theMinimumSizeExcludesTheMenuBar()
     {
         const auto *const menuBar = m_window->property("menuBar").value<QQuickItem *>();
         QVERIFY(menuBar->height() > 0);
@@ -16,7 +16,7 @@ private Q_SLOTS:
         QCOMPARE(m_window->title(), u"Quillon"_s);
     }
 
-    void itOpensAsLargeAsTheScreenHasRoomFor()
+    void itOpensNoLargerThanTheScreen()
     {
         QCOMPARE(openingSize({1920, 1080}), QSize(960, 720));
         QCOMPARE(openingSize({1366, 720}), QSize(960, 680)); // 768 with a panel
@@ -31,7 +31,7 @@ private Q_SLOTS:
         QCOMPARE(another.window()->height(), expected.height());
     }
 
-    void whatLeavesThePageGivesItsRoomWhileItLeaves()
+    void leavingPageItemsGiveTheirRoomGradually()
     {
         state().isFetching = true;
         QTRY_VERIFY_WITH_TIMEOUT(shown("fetching"), patience);
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(place->height() <= room * presenceOf(place) + 1);
     }
 
-    void whatLeavesARowGivesItsRoomWhileItLeaves()
+    void leavingRowItemsGiveTheirRoomGradually()
     {
         state().singleInfo = video();
         QTRY_VERIFY_WITH_TIMEOUT(shown("download"), patience);
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(place->width() <= room * presenceOf(place) + 1);
     }
 
-    void returnInTheFieldFetchesAlsoWhileTheButtonIsDisabled()
+    void returnFetchesEvenWithADisabledButton()
     {
         m_fixture->tool.respond("wait go\n"
                                 R"(print {"id":"i","title":"T"})");
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(shown("videoTitle") && !state().isFetching(), patience);
     }
 
-    void anEmptyFieldDisablesTheButtonAndReturnDoesNothing()
+    void anEmptyFieldDisablesButtonAndReturn()
     {
         QVERIFY(focusField());
         QVERIFY(!item("submit")->isEnabled());
@@ -151,7 +151,7 @@ private Q_SLOTS:
         m_fixture->tool.open("c");
     }
 
-    void aTitleWithMarkupIsShownAsItIs()
+    void markupInATitleIsShownLiterally()
     {
         VideoInfo info = video();
         info.title = u"<b>bold</b> & more"_s;
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(item("videoTitle")->property("textFormat").toInt(), int(Qt::PlainText));
     }
 
-    void aVideoWithoutUploaderAndDurationShowsItsTitleAlone()
+    void aSparseVideoShowsOnlyItsTitle()
     {
         VideoInfo info = video();
         info.uploader = u"U"_s;
@@ -176,7 +176,7 @@ private Q_SLOTS:
             shown("videoTitle") && !shown("videoUploader") && !shown("videoDuration"), patience);
     }
 
-    void anErrorAndAFetchCanBeShownTogether()
+    void anErrorAndAFetchShowTogether()
     {
         state().fetchError = u"No"_s;
         state().isFetching = true;
@@ -185,7 +185,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(shown("errorBanner") && !shown("fetching"), patience);
     }
 
-    void anErrorIsAnAlertNamedByItsTextWithoutTheLastLineBreak()
+    void anErrorIsAnAlertNamedAfterItsText()
     {
         state().fetchError = u"No such video\n"_s;
         QTRY_VERIFY_WITH_TIMEOUT(shown("errorBanner"), patience);
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(shown("playlistTitle") && !shown("videoTitle"), patience);
     }
 
-    void theClearButtonIsThereWhileThereIsText()
+    void theClearButtonShowsWhileThereIsText()
     {
         QVERIFY(focusField());
         QTRY_VERIFY_WITH_TIMEOUT(!shown("clearField"), patience);
@@ -252,7 +252,7 @@ private Q_SLOTS:
         m_fixture->tool.open("d");
     }
 
-    void theAppearanceButtonCyclesAndAnOddValueBecomesSystem()
+    void theAppearanceButtonCyclesFromAnyValue()
     {
         QCOMPARE(m_appearance->themeIcon(), u"circle.lefthalf.filled"_s);
         click("toggleTheme");
@@ -269,15 +269,15 @@ private Q_SLOTS:
         QCOMPARE(m_appearance->colorSchemeRaw(), u"system"_s);
     }
 
-    void anAddressThatIsNoneShowsThePhotoPlaceholder_data()
+    void anInvalidURLShowsThePhotoPlaceholder_data()
     {
         QTest::addColumn<QString>("url");
-        QTest::newRow("no address") << u"not an address"_s;
+        QTest::newRow("no URL") << u"not a URL"_s;
         QTest::newRow("a file") << u"file:///etc/passwd"_s;
         QTest::newRow("nobody there") << u"http://127.0.0.1:1/a.png"_s;
     }
 
-    void anAddressThatIsNoneShowsThePhotoPlaceholder()
+    void anInvalidURLShowsThePhotoPlaceholder()
     {
         QFETCH(QString, url);
         VideoInfo info = video();
@@ -293,7 +293,7 @@ private Q_SLOTS:
         QCOMPARE(photo->property("symbol").toString(), u"photo"_s);
     }
 
-    void aThumbnailHasABadgeWhereThereIsADuration()
+    void aKnownDurationShowsAsABadge()
     {
         VideoInfo info = video();
         state().singleInfo = info;

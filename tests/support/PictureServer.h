@@ -69,7 +69,7 @@ public:
         return {.patience = patience, .exception = u"127.0.0.1:%1"_s.arg(serverPort())};
     }
 
-    [[nodiscard]] QString address(const QString &path = u"a.png"_s) const
+    [[nodiscard]] QString url(const QString &path = u"a.png"_s) const
     {
         return u"http://127.0.0.1:%1/%2"_s.arg(serverPort()).arg(path);
     }

@@ -36,7 +36,7 @@ public:
         });
     }
 
-    [[nodiscard]] QUrl address() const { return QUrl(u"http://127.0.0.1:%1/"_s.arg(serverPort())); }
+    [[nodiscard]] QUrl url() const { return QUrl(u"http://127.0.0.1:%1/"_s.arg(serverPort())); }
 
     /// By the file's name. Answers that stand here one after another are given in turn;
     /// the last one stays.

@@ -51,7 +51,7 @@ struct RecordingDesktop
             : events(std::move(told))
         {
         }
-        void load(const QUrl &address) override { addresses.append(address); }
+        void load(const QUrl &url) override { urls.append(url); }
         void unload() override { ++unloads; }
         void setPaused(bool paused) override { isPaused = paused; }
         void seek(double position) override { sought.append(position); }
@@ -59,7 +59,7 @@ struct RecordingDesktop
         void setMuted(bool muted) override { isMuted = muted; }
         void setPictureSize(const QSize &size) override { pictureSize = size; }
         Events events;
-        QList<QUrl> addresses;
+        QList<QUrl> urls;
         QList<double> sought;
         QSize pictureSize;
         int unloads = 0;

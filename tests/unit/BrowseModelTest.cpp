@@ -62,7 +62,7 @@ private Q_SLOTS:
         QCOMPARE(text(0, BrowseModel::DurationRole), QString());
     }
 
-    void everyRowOfTheIdentifierThatPlaysIsMarked()
+    void everyRowOfThePlayingIdentifierIsMarked()
     {
         fill({u"a"_s, u"b"_s, u"a"_s});
         const QSignalSpy spy(m_model.get(), &BrowseModel::dataChanged);

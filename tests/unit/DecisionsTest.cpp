@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Addresses.h"
 #include "CompletionText.h"
 #include "DownloadArguments.h"
 #include "DownloadFolder.h"
 #include "RequestArguments.h"
 #include "SingleRun.h"
+#include "URLKind.h"
 
 #include <QTest>
 
@@ -20,7 +20,7 @@ DownloadRequest request()
             .speedLimit = u"0"_s,
             .quality = QualityOption::best(MediaFormat::mp4),
             .folder = u"/home/u/Downloads"_s,
-            .address = u"A"_s};
+            .url = u"A"_s};
 }
 
 const QStringList videoTail{u"--merge-output-format"_s,
@@ -38,9 +38,9 @@ class DecisionsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void mixedAddresses_data()
+    void mixedURLs_data()
     {
-        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("url");
         QTest::addColumn<bool>("isMixed");
         QTest::newRow("both") << u"https://x/watch?v=abc&list=PL1"_s << true;
         QTest::newRow("video") << u"https://x/watch?v=abc"_s << false;
@@ -50,26 +50,26 @@ private Q_SLOTS:
         QTest::newRow("anywhere") << u"v=/playlist"_s << true;
     }
 
-    void mixedAddresses()
+    void mixedURLs()
     {
-        QFETCH(QString, address);
-        QTEST(isMixedAddress(address), "isMixed");
+        QFETCH(QString, url);
+        QTEST(namesVideoAndPlaylist(url), "isMixed");
     }
 
-    void aMixedAddressIsFetchedAsTheUserChose()
+    void aMixedURLIsFetchedAsChosen()
     {
         const QString mixed = u"https://x/watch?v=abc&list=PL1"_s;
         QVERIFY(!fetchesPlaylist(mixed, false));
         QVERIFY(fetchesPlaylist(mixed, true));
     }
 
-    void aPurePlaylistIsFetchedWhateverTheUserChose()
+    void aPurePlaylistIgnoresTheUsersChoice()
     {
         QVERIFY(fetchesPlaylist(u"https://x/playlist?list=PL1"_s, false));
         QVERIFY(fetchesPlaylist(u"https://x/playlist?list=PL1"_s, true));
     }
 
-    void whatNamesNoPlaylistIsAVideoWhateverTheUserChose()
+    void withoutAPlaylistTheChoiceIsIgnored()
     {
         QVERIFY(!fetchesPlaylist(u"https://x/watch?v=abc"_s, true));
         QVERIFY(!fetchesPlaylist(u"https://x/"_s, true));
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QCOMPARE(downloadFolder({}, u"/home/u"_s, {}), u"/home/u"_s);
     }
 
-    void oneFileIsAnnouncedByNameAndMoreByNumber()
+    void severalFilesAreAnnouncedByNumber()
     {
         QCOMPARE(completionText(u"A"_s, 1), u"\"A\" downloaded successfully"_s);
         QCOMPARE(completionText(u"A"_s, 0), u"\"A\" downloaded successfully"_s);
@@ -121,7 +121,7 @@ private Q_SLOTS:
                      + videoTail);
     }
 
-    void audioWithARateIsAskedForLikeThis()
+    void audioWithARateBuildsTheseArguments()
     {
         DownloadRequest audio = request();
         audio.quality = QualityOption::best(MediaFormat::mp3);
@@ -187,21 +187,21 @@ private Q_SLOTS:
                                     u"--quiet"_s, u"A"_s}));
     }
 
-    void aRunTakesTheSelectedEntriesInTheirOrder()
+    void aRunKeepsTheOrderOfEntries()
     {
         VideoInfo playlist;
         playlist.isPlaylist = true;
         for (const QString &id : {u"a"_s, u"b"_s, u"c"_s, u"b"_s}) {
             VideoInfo entry;
             entry.id = id;
-            entry.originalURL = u"address "_s + id;
+            entry.originalURL = u"URL "_s + id;
             playlist.playlistEntries.append(entry);
         }
-        QStringList addresses;
+        QStringList urls;
         for (const DownloadTask &task : runTasks(playlist, {u"c"_s, u"b"_s, u"gone"_s}))
-            addresses.append(task.address);
+            urls.append(task.url);
         // Entries that share an id share their selection.
-        QCOMPARE(addresses, QStringList({u"address b"_s, u"address c"_s, u"address b"_s}));
+        QCOMPARE(urls, QStringList({u"URL b"_s, u"URL c"_s, u"URL b"_s}));
     }
 
     void audioOverridesWhateverQualityIsSelected()
@@ -211,7 +211,7 @@ private Q_SLOTS:
         QCOMPARE(runQuality(MediaFormat::mp3, selected).formatString, u"bestaudio/best"_s);
     }
 
-    void aRunIsAnnouncedByThePlaylistsTitleIfItHasOne()
+    void aRunIsAnnouncedByThePlaylistsTitle()
     {
         VideoInfo info;
         info.title = u"Title"_s;

@@ -143,14 +143,14 @@ private Q_SLOTS:
         QCOMPARE(pathOf("[ExtractAudio] Destination: /d/a.mp3\n"), u"/d/a.mp3"_s);
     }
 
-    void aFileThatIsThereReportsOnceThatItIsDone()
+    void anExistingFileReportsDoneOnce()
     {
         const QByteArray line = "[download] /d/a.mp4 has already been downloaded\n";
         QCOMPARE(reportsOf(line), QStringList{u"1  "_s});
         QCOMPARE(pathOf(line), u"/d/a.mp4"_s);
     }
 
-    void aFileThatIsThereIsToldAnywhereInTheLine()
+    void anExistingFileIsRecognizedAnywhereInALine()
     {
         const QByteArray line = "x [download] /d/a.mp4 has already been downloaded and merged\n";
         QCOMPARE(reportsOf(line), QStringList{u"1  "_s});
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(pathOf("[youtube] x: Downloading webpage\n"), QString());
     }
 
-    void aLineSplitAcrossReadsIsHandledOnceAndWhole()
+    void aLineSplitAcrossReadsIsHandledOnce()
     {
         Recorder recorder;
         recorder.output.append("[download]  50.0% of 1.00MiB at 1.0");
@@ -183,7 +183,7 @@ private Q_SLOTS:
         }
     }
 
-    void aLastLineWithoutLineBreakIsNeverProcessed()
+    void anUnterminatedLastLineIsIgnored()
     {
         QCOMPARE(pathOf("[download] Destination: /d/a.mp4"), QString());
     }
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(pathOf("[download] Destination: /d/\xff.mp4\n"), QString());
     }
 
-    void aFileIsHalfMadeOnlyWhileAudioIsExtracted()
+    void aFileIsIncompleteOnlyDuringExtraction()
     {
         Recorder recorder;
         recorder.output.append("[download] Destination: /d/a.webm\n");

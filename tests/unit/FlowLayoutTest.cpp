@@ -23,20 +23,20 @@ private Q_SLOTS:
         QCOMPARE(FlowLayout::sizeThatFits({}, 6, 100), QSizeF(100, 0));
     }
 
-    void withoutAWidthThereIsOneRowAndNoWidth()
+    void withoutAWidthThereIsOneRow()
     {
         const QList<QSizeF> sizes{{500, 10}, {500, 20}, {500, 15}};
         QCOMPARE(FlowLayout::computeRows({500, 500, 500}, 6, unspecified), (Rows{{0, 1, 2}}));
         QCOMPARE(FlowLayout::sizeThatFits(sizes, 6, unspecified), QSizeF(0, 20));
     }
 
-    void aChildThatIsTooWideHasARowOfItsOwn()
+    void aWideChildGetsItsOwnRow()
     {
         QCOMPARE(FlowLayout::computeRows({200, 10}, 6, 100), (Rows{{0}, {1}}));
         QCOMPARE(FlowLayout::computeRows({10, 200, 10}, 6, 100), (Rows{{0}, {1}, {2}}));
     }
 
-    void aChildThatFillsWhatIsLeftStaysOnTheRow()
+    void aFillingChildStaysOnItsRow()
     {
         QCOMPARE(FlowLayout::computeRows({40, 54}, 6, 100), (Rows{{0, 1}}));
         QCOMPARE(FlowLayout::computeRows({40, 54.5}, 6, 100), (Rows{{0}, {1}}));

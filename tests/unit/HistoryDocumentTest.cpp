@@ -35,7 +35,7 @@ class HistoryDocumentTest : public QObject
 private Q_SLOTS:
     void keysStandInTheirOrder() { QCOMPARE(encodeHistory({record()}), document); }
 
-    void anAbsentPathIsLeftOutAndStaysAbsent()
+    void anAbsentPathStaysAbsent()
     {
         HistoryItem item = record();
         item.savedPath.reset();
@@ -62,7 +62,7 @@ private Q_SLOTS:
         }
     }
 
-    void aDateThatIsNoNumberIsNotEncoded()
+    void anInvalidDateIsNotEncoded()
     {
         HistoryItem item = record();
         item.date.seconds = std::numeric_limits<double>::quiet_NaN();
@@ -106,14 +106,14 @@ private Q_SLOTS:
                  record().id);
     }
 
-    void aRecordWithoutAKeyFailsTheWholeDocument_data()
+    void aMissingKeyFailsTheWholeDocument_data()
     {
         QTest::addColumn<QByteArray>("key");
         for (const char *key : {"id", "title", "thumbnailURL", "url", "format", "quality", "date"})
             QTest::newRow(key) << QByteArray(key);
     }
 
-    void aRecordWithoutAKeyFailsTheWholeDocument()
+    void aMissingKeyFailsTheWholeDocument()
     {
         QFETCH(QByteArray, key);
         QByteArray broken = document;

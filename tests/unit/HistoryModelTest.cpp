@@ -129,7 +129,7 @@ private Q_SLOTS:
                  QByteArray("[]"));
     }
 
-    void aRowWithoutASavedPathCannotBeRevealed()
+    void aRowWithoutPathCannotBeRevealed()
     {
         HistoryItem kept = record(u"k"_s);
         kept.savedPath = m_fixture->folder.filePath(u"gone.mp4"_s);
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QVERIFY(!m_model->data(m_model->index(1), HistoryModel::CanRevealRole).toBool());
     }
 
-    void revealingSelectsTheFileAndOfAGoneOneOpensTheFolder()
+    void revealingAMissingFileOpensItsFolder()
     {
         HistoryItem item = record(u"k"_s);
         item.savedPath = m_fixture->folder.filePath(u"k.mp4"_s);
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->tool.calls().first().last(), u"https://example.org/watch?v=a"_s);
     }
 
-    void aRecordWithoutAnAddressFetchesNothingAndLosesNothing()
+    void aRecordWithoutURLFetchesNothing()
     {
         HistoryItem item = record(u"k"_s);
         item.url = u" "_s;
@@ -173,7 +173,7 @@ private Q_SLOTS:
         QCOMPARE(state().singleURL(), u"typed"_s);
     }
 
-    void aHundredThousandRecordsComeBackFromTheDocument()
+    void aHundredThousandRecordsSurviveTheDocument()
     {
         state().history = AppState::History(100'000, record(u"r"_s));
         state().saveHistory();

@@ -27,8 +27,8 @@ private Q_SLOTS:
         m_player->setPictureSize({640, 360});
         m_player->replaceCurrentItem({});
         QVERIFY(!engine());
-        m_player->replaceCurrentItem(MediaItem{m_address});
-        QCOMPARE(engine()->addresses, QList{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
+        QCOMPARE(engine()->urls, QList{m_url});
         QVERIFY(engine()->isPaused && engine()->isMuted);
         QCOMPARE(engine()->volume, 0.5);
         QCOMPARE(engine()->pictureSize, QSize(640, 360));
@@ -38,15 +38,15 @@ private Q_SLOTS:
 
     void onlyTheWebIsOpened_data()
     {
-        QTest::addColumn<QString>("address");
-        for (const char *const address : {"file:///etc/passwd", "/etc/passwd", "ftp://x/a", "word"})
-            QTest::newRow(address) << QString::fromLatin1(address);
+        QTest::addColumn<QString>("url");
+        for (const char *const url : {"file:///etc/passwd", "/etc/passwd", "ftp://x/a", "word"})
+            QTest::newRow(url) << QString::fromLatin1(url);
     }
     void onlyTheWebIsOpened()
     {
-        QFETCH(QString, address);
+        QFETCH(QString, url);
         const QSignalSpy spy(m_player.get(), &MediaPlayer::failed);
-        m_player->replaceCurrentItem(MediaItem{QUrl(address)});
+        m_player->replaceCurrentItem(MediaItem{QUrl(url)});
         QCOMPARE(spy.count(), 0); // not from inside of the call
         QVERIFY(QTest::qWaitFor([&] { return spy.count() == 1; }, 30000));
         QVERIFY(!engine());
@@ -57,16 +57,16 @@ private Q_SLOTS:
     {
         *m_desktop->engineError = u"none here"_s;
         const QSignalSpy spy(m_player.get(), &MediaPlayer::failed);
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         QVERIFY(QTest::qWaitFor([&] { return spy.count() == 1; }, 30000));
         QCOMPARE(spy.first().first().toString(), u"none here"_s);
     }
 
-    void anItemThatWasReplacedMeanwhileDoesNotFailTheNext()
+    void aReplacedItemCannotFailTheNext()
     {
         const QSignalSpy spy(m_player.get(), &MediaPlayer::failed);
         m_player->replaceCurrentItem(MediaItem{QUrl(u"file:///a"_s)});
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         QCoreApplication::processEvents();
         QCOMPARE(spy.count(), 0);
         QVERIFY(m_player->hasItem());
@@ -74,7 +74,7 @@ private Q_SLOTS:
 
     void whatTheEngineTellsIsSeen()
     {
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         engine()->events.statusChanged({.position = 3, .duration = 10, .loadedTo = 5});
         QCOMPARE(m_player->position(), 3.0);
         QCOMPARE(m_player->duration(), 10.0);
@@ -93,7 +93,7 @@ private Q_SLOTS:
     void seekingStaysWithinTheItem()
     {
         m_player->seek(5); // nothing there
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         engine()->events.statusChanged({.position = 3, .duration = 10});
         m_player->seek(-2);
         m_player->seek(99);
@@ -101,10 +101,10 @@ private Q_SLOTS:
         QCOMPARE(m_player->position(), 10.0);
     }
 
-    void atItsEndItStaysPausedAndIsPlayedAgainFromTheBeginning()
+    void playingAfterTheEndStartsOver()
     {
         const QSignalSpy spy(m_player.get(), &MediaPlayer::playedToEnd);
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         m_player->play();
         engine()->events.ended();
         QCOMPARE(spy.count(), 1);
@@ -118,10 +118,10 @@ private Q_SLOTS:
         QCOMPARE(engine()->sought.size(), 1);
     }
 
-    void untilTheEngineTellsItWaitsForTheStream()
+    void itWaitsUntilTheEngineReports()
     {
         QVERIFY(!m_player->isBuffering());
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         QVERIFY(m_player->isBuffering());
         engine()->events.statusChanged({.duration = 6});
         QVERIFY(!m_player->isBuffering());
@@ -129,23 +129,23 @@ private Q_SLOTS:
         QVERIFY(!m_player->isBuffering());
     }
 
-    void afterTheEndSeekingOrAnotherItemIsNoNewBeginning()
+    void seekingAfterTheEndDoesNotStartOver()
     {
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         engine()->events.ended();
         m_player->seek(5);
         m_player->resume();
         QCOMPARE(engine()->sought, QList<double>{5});
         engine()->events.ended();
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         QVERIFY(!m_player->hasEnded());
         m_player->resume();
         QCOMPARE(engine()->sought.size(), 1);
     }
 
-    void soughtBeyondItsEndItIsStillPlayedAgain()
+    void seekingBeyondTheEndStillAllowsReplay()
     {
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         engine()->events.statusChanged({.position = 10, .duration = 10});
         engine()->events.ended();
         m_player->seek(15);
@@ -158,7 +158,7 @@ private Q_SLOTS:
     void anItemThatBreaksIsGone()
     {
         const QSignalSpy spy(m_player.get(), &MediaPlayer::failed);
-        m_player->replaceCurrentItem(MediaItem{m_address});
+        m_player->replaceCurrentItem(MediaItem{m_url});
         engine()->events.failed(u"gone"_s);
         QCOMPARE(spy.count(), 1);
         QVERIFY(!m_player->hasItem());
@@ -167,7 +167,7 @@ private Q_SLOTS:
 private:
     RecordingDesktop::SilentEngine *engine() { return *m_desktop->engine; }
 
-    const QUrl m_address{u"http://x/a.mp4"_s};
+    const QUrl m_url{u"http://x/a.mp4"_s};
     std::unique_ptr<RecordingDesktop> m_desktop;
     std::unique_ptr<MediaPlayer> m_player;
 };

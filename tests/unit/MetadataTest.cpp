@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString address = u"https://example.org/watch?v=a"_s;
+const QString url = u"https://example.org/watch?v=a"_s;
 
 QJsonObject object(const QByteArray &json)
 {
@@ -19,7 +19,7 @@ QJsonObject object(const QByteArray &json)
 
 VideoInfo video(const QByteArray &json)
 {
-    return parseVideoInfo(object(json), address);
+    return parseVideoInfo(object(json), url);
 }
 
 QString thumbnail(const QByteArray &json)
@@ -52,7 +52,7 @@ private Q_SLOTS:
         QCOMPARE(info.duration, 61.5);
         QCOMPARE(info.uploader, u"u"_s);
         QCOMPARE(info.thumbnailURL, u"p"_s);
-        QCOMPARE(info.originalURL, address);
+        QCOMPARE(info.originalURL, url);
         QVERIFY(!info.isPlaylist);
         QVERIFY(info.playlistEntries.isEmpty());
         QVERIFY(!info.playlistTitle);
@@ -60,7 +60,7 @@ private Q_SLOTS:
 
     void withoutTitleAVideoIsUnknown() { QCOMPARE(video("{}").title, u"Unknown Title"_s); }
 
-    void withoutIdAVideoGetsOneOfItsOwn()
+    void aVideoWithoutIdGetsOne()
     {
         QCOMPARE(video("{}").id.size(), 36);
         QVERIFY(video("{}").id != video("{}").id);
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(video(formats).availableHeights, (QSet<qint64>{720, 1080}));
     }
 
-    void oneFormatThatIsNoMapSpoilsTheList()
+    void oneInvalidFormatSpoilsTheList()
     {
         QVERIFY(video(R"({"formats":[{"height":1080},5]})").availableHeights.isEmpty());
     }
@@ -138,38 +138,38 @@ private Q_SLOTS:
         QCOMPARE(thumbnail(R"({"thumbnails":[{"url":"a"},{"url":"b","width":1280}]})"), u"a"_s);
     }
 
-    void aListWithoutAddressesDoesNotFallBack()
+    void aListWithoutURLsDoesNotFallBack()
     {
         QCOMPARE(thumbnail(R"({"thumbnails":[{"width":1}],"thumbnail":"t"})"), QString());
         QCOMPARE(thumbnail(R"({"thumbnails":[],"thumbnail":"t"})"), QString());
     }
 
-    void aListThatIsNoListOfMapsFallsBack()
+    void anInvalidThumbnailListFallsBack()
     {
         QCOMPARE(thumbnail(R"({"thumbnails":[{"url":"a"},5],"thumbnail":"t"})"), u"t"_s);
         QCOMPARE(thumbnail(R"({"thumbnails":null,"thumbnail":"t"})"), u"t"_s);
         QCOMPARE(thumbnail("{}"), QString());
     }
 
-    void outputThatIsNoJsonGivesTheReadersOwnError()
+    void invalidJsonGivesTheParsersError()
     {
         for (const char *output : {"", "garbage", "{", "{}{}", "{}\n{}\n", "5"}) {
-            const auto reply = videoFromOutput(output, address);
+            const auto reply = videoFromOutput(output, url);
             QVERIFY2(std::holds_alternative<JSONReaderError>(reply), output);
             QVERIFY(!errorOf(reply).isEmpty());
             QVERIFY(!errorOf(reply).startsWith(u"Parse error: "_s));
         }
     }
 
-    void jsonThatIsNoObjectIsAParseError()
+    void jsonWithoutAnObjectIsAParseError()
     {
-        QCOMPARE(errorOf(videoFromOutput("[1]", address)),
+        QCOMPARE(errorOf(videoFromOutput("[1]", url)),
                  u"Parse error: Could not parse video JSON"_s);
     }
 
     void oneObjectIsAVideo()
     {
-        QCOMPARE(std::get<VideoInfo>(videoFromOutput("{\"title\":\"t\"}\n", address)).title,
+        QCOMPARE(std::get<VideoInfo>(videoFromOutput("{\"title\":\"t\"}\n", url)).title,
                  u"t"_s);
     }
 
@@ -181,10 +181,10 @@ private Q_SLOTS:
             R"(  {"id":"b","webpage_url":"wb"}  )"
             "\nnot json\n[1]\n"
             R"({"id":"c"})",
-            address);
+            url);
         QVERIFY(info.isPlaylist);
-        QCOMPARE(info.id, address);
-        QCOMPARE(info.originalURL, address);
+        QCOMPARE(info.id, url);
+        QCOMPARE(info.originalURL, url);
         QCOMPARE(info.title, u"Playlist (3 videos)"_s);
         QVERIFY(!info.playlistTitle);
         QVERIFY(!info.duration);
@@ -201,11 +201,11 @@ private Q_SLOTS:
         const VideoInfo info = playlistFromOutput(
             R"({"_type":"playlist","title":"Mix","entries":[{"id":"a","url":"ua"},)"
             R"({"id":"b","webpage_url":"wb"},{"id":"c"}]})",
-            address);
+            url);
         QCOMPARE(info.title, u"Mix"_s);
         QCOMPARE(info.playlistTitle, u"Mix"_s);
         QCOMPARE(info.playlistEntries.size(), 3);
-        // Inside a playlist object there is no other key for the address.
+        // Inside a playlist object there is no other key for the URL.
         QCOMPARE(info.playlistEntries[0].originalURL, u"ua"_s);
         QCOMPARE(info.playlistEntries[1].originalURL, QString());
     }
@@ -213,22 +213,22 @@ private Q_SLOTS:
     void aPlaylistObjectWithoutTitleIsCounted()
     {
         const VideoInfo info =
-            playlistFromOutput(R"({"_type":"playlist","entries":[{},{},{}]})", address);
+            playlistFromOutput(R"({"_type":"playlist","entries":[{},{},{}]})", url);
         QCOMPARE(info.title, u"Playlist (3 videos)"_s);
         QVERIFY(!info.playlistTitle);
     }
 
-    void anEntryThatIsNoMapSpoilsTheEntries()
+    void oneInvalidEntrySpoilsTheEntries()
     {
         const VideoInfo info =
-            playlistFromOutput(R"({"_type":"playlist","title":"Mix","entries":[{},5]})", address);
+            playlistFromOutput(R"({"_type":"playlist","title":"Mix","entries":[{},5]})", url);
         QVERIFY(info.playlistEntries.isEmpty());
         QCOMPARE(info.title, u"Mix"_s);
     }
 
     void anEmptyPlaylistHasNoVideos()
     {
-        const VideoInfo info = playlistFromOutput("", address);
+        const VideoInfo info = playlistFromOutput("", url);
         QCOMPARE(info.title, u"Playlist (0 videos)"_s);
         QVERIFY(info.playlistEntries.isEmpty());
         QCOMPARE(info.thumbnailURL, QString());

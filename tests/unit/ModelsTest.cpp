@@ -25,7 +25,7 @@ private Q_SLOTS:
         QCOMPARE(names, QStringList({u"Single"_s, u"Multi"_s, u"Browse"_s}));
     }
 
-    void aModeIsFoundByItsExactNameOnly()
+    void aModeNeedsItsExactName()
     {
         QCOMPARE(appModeFromRawValue(u"Browse"_s), AppMode::browse);
         QVERIFY(!appModeFromRawValue(u"single"_s));
@@ -68,7 +68,7 @@ private Q_SLOTS:
         QCOMPARE(ids, QStringList({u"best"_s, u"1080p"_s, u"720p"_s, u"480p"_s, u"360p"_s}));
     }
 
-    void theOneAudioOptionIsBuiltOnTheSpot()
+    void theAudioOptionIsBuiltOnDemand()
     {
         const QualityOption audio = QualityOption::best(MediaFormat::mp3);
         QCOMPARE(audio.id, u"mp3"_s);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(pathOf(DownloadUIStatus(Status::Failed{u"a"_s})), QString());
     }
 
-    void anEntryWithoutInfoShowsItsAddress()
+    void anEntryWithoutInfoShowsItsURL()
     {
         DownloadItem item(u"https://example.org"_s);
         QCOMPARE(item.title(), u"https://example.org"_s);

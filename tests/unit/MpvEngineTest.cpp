@@ -7,7 +7,7 @@ class MpvEngineTest : public MpvFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void aStreamIsPlayedToItsEndWithPicturesThatChange()
+    void aStreamPlaysToItsEndWithChangingPictures()
     {
         load("clip.mp4");
         QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
@@ -31,7 +31,7 @@ private Q_SLOTS:
             QVERIFY(isBlack(each));
     }
 
-    void aSizeThatBecomesAbsurdInMidStreamIsNotDecoded()
+    void anAbsurdSizeInMidStreamIsNotDecoded()
     {
         load("growing.ts");
         QTRY_VERIFY_WITH_TIMEOUT(m_ends == 1 || !m_failures.isEmpty(), patience);
@@ -42,7 +42,7 @@ private Q_SLOTS:
         }
     }
 
-    void theNumbersOfTheStreamBeforeAreNotToldOfTheNext()
+    void aNewStreamReportsNoStaleNumbers()
     {
         load("long.mp4");
         QTRY_VERIFY_WITH_TIMEOUT(m_status.duration > 7, patience);
@@ -58,7 +58,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatHasEndedStaysAndCanBePlayedAgain()
+    void anEndedStreamCanBePlayedAgain()
     {
         load("clip.mp4");
         QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_ends, 2, patience);
     }
 
-    void pausedAtItsEndItEndsWhenItGoesOn()
+    void pausedAtTheEndItEndsOnResume()
     {
         load("clip.mp4");
         QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 0.3, patience);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QVERIFY(m_failures.isEmpty());
     }
 
-    void soughtBackFromItsEndAndResumedItPlaysOn()
+    void seekingBackFromTheEndPlaysOn()
     {
         load("clip.mp4");
         QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 0.3, patience);
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(m_ends, 0);
     }
 
-    void pausedItKeepsItsPlaceAndShowsWhereItIsSought()
+    void seekingWhilePausedShowsThePicture()
     {
         m_engine->setPaused(true);
         load("clip.mp4");
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(!isBlack(m_pictures.last()));
     }
 
-    void aPlaceThatIsSoughtBeforeItBeginsIsKept()
+    void aSeekBeforeTheStartIsKept()
     {
         m_engine->setPaused(true);
         load("clip.mp4");
@@ -117,7 +117,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 1.8, patience);
     }
 
-    void whatCannotBePlayedFailsOnceWithAReason_data()
+    void anUnplayableStreamFailsOnceWithAReason_data()
     {
         QTest::addColumn<QByteArray>("path");
         QTest::addColumn<QString>("reason");
@@ -127,10 +127,10 @@ private Q_SLOTS:
         QTest::newRow("ends in the middle") << "half.mp4"_ba << u"the connection was lost"_s;
         QTest::newRow("a short one ends in the middle")
             << "short.mp4"_ba << u"the connection was lost"_s;
-        QTest::newRow("a list of others") << "list.m3u"_ba << u"it is a list of other addresses"_s;
+        QTest::newRow("a list of others") << "list.m3u"_ba << u"it is a list of other URLs"_s;
         QTest::newRow("redirects to a file") << "to-a-file"_ba << u"loading failed"_s;
     }
-    void whatCannotBePlayedFailsOnceWithAReason()
+    void anUnplayableStreamFailsOnceWithAReason()
     {
         QFETCH(QByteArray, path);
         QFETCH(QString, reason);
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QCOMPARE(m_ends, 0);
     }
 
-    void ofTwoLoadedAtOnceTheSecondIsPlayed()
+    void loadingTwiceAtOncePlaysTheSecond()
     {
         load("missing");
         load("clip.mp4");

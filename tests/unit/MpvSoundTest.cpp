@@ -12,7 +12,7 @@ class MpvSoundTest : public MpvFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void soundThatOutlastsThePictureIsHeardToItsEnd_data()
+    void soundOutlastingThePictureIsHeardToItsEnd_data()
     {
         QTest::addColumn<QByteArray>("path");
         QTest::addColumn<double>("seconds");
@@ -20,7 +20,7 @@ private Q_SLOTS:
         QTest::newRow("one picture a second for 3 s") << "slides.mp4"_ba << 3.0;
     }
 
-    void soundThatOutlastsThePictureIsHeardToItsEnd()
+    void soundOutlastingThePictureIsHeardToItsEnd()
     {
         QFETCH(QByteArray, path);
         QFETCH(double, seconds);
@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY2(samples > (seconds - 0.1) * 44100, qPrintable(QString::number(samples)));
     }
 
-    void theSoundReachesTheOutputAsLoudAsItIsWanted()
+    void theVolumeReachesTheOutput()
     {
         const int whole = loudness(1, false);
         QVERIFY2(whole > 2000, qPrintable(QString::number(whole)));

@@ -142,7 +142,7 @@ private Q_SLOTS:
         QVERIFY(boundedPicture(encoded(vast, "png"), {160, 90}).isNull());
     }
 
-    void whatAPngHoldsBesideItsPixelsIsNotUnpacked()
+    void pngTextChunksAreNotUnpacked()
     {
         const QByteArray png = encoded(picture({64, 64}), "png");
         const qsizetype behindHeader = 8 + 25;
@@ -173,7 +173,7 @@ private Q_SLOTS:
 
     void picturesMayComeFromTheWebAlone_data()
     {
-        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("url");
         QTest::addColumn<bool>("isAllowed");
         QTest::newRow("a name") << u"https://i.ytimg.com/vi/a/hq720.jpg"_s << true;
         QTest::newRow("a number") << u"http://93.184.216.34/a.png"_s << true;
@@ -216,8 +216,8 @@ private Q_SLOTS:
     }
     void picturesMayComeFromTheWebAlone()
     {
-        QFETCH(QString, address);
-        QTEST(PictureSource().isAllowed(QUrl(address)), "isAllowed");
+        QFETCH(QString, url);
+        QTEST(PictureSource().isAllowed(QUrl(url)), "isAllowed");
     }
 
     void onePlaceMayBeExcepted()

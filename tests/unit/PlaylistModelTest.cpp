@@ -35,7 +35,7 @@ private Q_SLOTS:
         QCOMPARE(text(1, PlaylistModel::ThumbnailRole), u"http://127.0.0.1/a"_s);
     }
 
-    void theHeadingIsThePlaylistsTitleOrElseTheTitle()
+    void theHeadingFallsBackToTheTitle()
     {
         VideoInfo info = StateFixture::playlist({u"a"_s});
         m_model->setInfo(info);
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->heading(), QString());
     }
 
-    void anEmptyPlaylistReads0Of0AndAllLeavesTheSelectionEmpty()
+    void anEmptyPlaylistReadsZeroAndSelectsNothing()
     {
         m_model->setInfo(StateFixture::playlist({}));
         QCOMPARE(m_model->countLine(), u"0 of 0 selected"_s);
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->countLine(), u"3 of 5 selected"_s);
     }
 
-    void theCountIsTheSelectionsAlsoWhereItKnowsOthers()
+    void theCountIncludesUnknownIdentifiers()
     {
         m_model->setInfo(StateFixture::playlist({u"a"_s}));
         state().selectedPlaylistItems = QSet({u"a"_s, u"x"_s, u"y"_s});
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->countLine(), u"1234 of 1234 selected"_s);
     }
 
-    void aChangedSelectionIsToldOnceForAllRows()
+    void aChangedSelectionNotifiesOnceForAllRows()
     {
         m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
         const QSignalSpy spy(m_model.get(), &PlaylistModel::dataChanged);

@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(preferences.blob(u"byte blob"_s), "\xff\x00\x01"_ba);
     }
 
-    void aLongBlobComesBackWholeAndShortInTheFile()
+    void aLongBlobIsCompressedAndRestored()
     {
         const QByteArray document = QByteArray("[\"a\",\"b\"]").repeated(100000);
         Preferences(m_path).setBlob(u"blob"_s, bytes(document));
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVERIFY(contentOf(m_path).size() < document.size() / 10);
     }
 
-    void aBlobThatCannotBeReadStaysUntilItIsSaved()
+    void anUnreadableBlobStaysUntilSaved()
     {
         store(R"({"blob":{"compressed":"bm90IGNvbXByZXNzZWQ="},"ours":"a"})");
         {
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QVERIFY(content.contains(R"("ours":"b")"));
     }
 
-    void aBlobThatCannotBeMadeStaysAsItWas()
+    void anUnencodableBlobStaysAsItWas()
     {
         Preferences preferences(m_path);
         preferences.setBlob(u"blob"_s, bytes("old"));
@@ -149,7 +149,7 @@ private Q_SLOTS:
         QCOMPARE(Preferences(m_path).blob(u"blob"_s), "old"_ba);
     }
 
-    void damagedFilesArePutAsideBeforeTheNextWrite_data()
+    void damagedFilesAreSetAsideBeforeWriting_data()
     {
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("cut short") << "{\"quillon.downloadDir\":\"/a\",\"quillon.hi"_ba;
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QTest::newRow("not JSON") << "downloadDir=/a"_ba;
     }
 
-    void damagedFilesArePutAsideBeforeTheNextWrite()
+    void damagedFilesAreSetAsideBeforeWriting()
     {
         QFETCH(QByteArray, content);
         store(content);
@@ -186,7 +186,7 @@ private Q_SLOTS:
         QCOMPARE(asideFiles().size(), 3);
     }
 
-    void aFolderThatCannotBeMadeLosesNothingInMemory()
+    void withoutAFolderValuesStayInMemory()
     {
         writeFile(m_folder->filePath(u"quillon"_s), "a file where the folder should be");
         Preferences preferences(m_path);
@@ -208,7 +208,7 @@ private Q_SLOTS:
         QCOMPARE(Preferences(path).string(u"a"_s), u"b"_s);
     }
 
-    void aFailedWriteIsTriedAgainAtTheEnd()
+    void aFailedWriteIsRetriedAtTheEnd()
     {
         store("in the way of the folder");
         const QString path = m_path + u"/preferences.json"_s;
@@ -260,7 +260,7 @@ private Q_SLOTS:
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    void aKillAtAnyMomentLeavesAWholeFile()
+    void aKillNeverLeavesAPartialFile()
     {
         store(R"({"number":"0"})");
         QByteArray filler(200000, '\0'); // of chance, so that it stays long in the file

@@ -22,7 +22,7 @@ private Q_SLOTS:
 
     // Modes
 
-    void theModeSwitchHasASegmentForEachMode()
+    void everyModeHasItsSegment()
     {
         ModePresenter model(state());
         QCOMPARE(ModePresenter::labels(), QStringList({u"Single"_s, u"Multi"_s, u"Browse"_s}));
@@ -47,7 +47,7 @@ private Q_SLOTS:
                  QStringList({u"MP4 (Video)"_s, u"MP3 (Audio only)"_s}));
     }
 
-    void mp3HidesTheQualitiesAndMp4ComesBackAtBest()
+    void returningFromMp3SelectsTheBestMp4()
     {
         SingleFormatQualityPresenter model(state());
         model.selectQuality(4);

@@ -174,7 +174,7 @@ private Q_SLOTS:
         QCOMPARE(controls.pauseIcon(), u"play.fill"_s);
     }
 
-    void theQueueOffersFiveQualitiesAndOneForMp3()
+    void theQueueOffersItsOwnQualities()
     {
         QueueFormatQualityPresenter model(state());
         QCOMPARE(model.qualities(),
@@ -199,11 +199,11 @@ private:
     }
     QString text(int row, int role) { return m_model->data(m_model->index(row), role).toString(); }
 
-    void fill(const QStringList &addresses)
+    void fill(const QStringList &urls)
     {
         AppState::Queue queue;
-        for (const QString &address : addresses)
-            queue.append(std::make_shared<DownloadItem>(address));
+        for (const QString &url : urls)
+            queue.append(std::make_shared<DownloadItem>(url));
         state().queue = queue;
     }
 

@@ -16,7 +16,7 @@ class RecordedOutputTest : public QObject
 private Q_SLOTS:
     void aVideosMetadata()
     {
-        const auto info = std::get<VideoInfo>(videoFromOutput(recorded("video.json"), m_address));
+        const auto info = std::get<VideoInfo>(videoFromOutput(recorded("video.json"), m_url));
         QCOMPARE(info.id, u"boat_______"_s);
         QCOMPARE(info.title, m_title);
         QCOMPARE(info.uploader, u"Harbour Workshop"_s);
@@ -27,7 +27,7 @@ private Q_SLOTS:
 
     void aPlaylist()
     {
-        const VideoInfo info = playlistFromOutput(recorded("playlist.jsonl"), m_address);
+        const VideoInfo info = playlistFromOutput(recorded("playlist.jsonl"), m_url);
         QVERIFY(info.isPlaylist);
         QCOMPARE(info.playlistEntries.size(), 3);
         QCOMPARE(info.playlistEntries.first().title, m_title);
@@ -45,7 +45,7 @@ private Q_SLOTS:
         QCOMPARE(results.first().duration, 6.0);
     }
 
-    void aStreamsAddress()
+    void aStreamsURL()
     {
         QCOMPARE(std::get<QUrl>(streamFromOutput(recorded("stream.txt"))),
                  QUrl(u"http://127.0.0.1:43787/media/video1080.mp4?"_s));
@@ -92,7 +92,7 @@ private:
         return file.readAll();
     }
 
-    const QString m_address = u"https://www.youtube.com/watch?v=boat"_s;
+    const QString m_url = u"https://www.youtube.com/watch?v=boat"_s;
     const QString m_title = u"Building a wooden boat, day 4: planking the hull"_s;
 };
 

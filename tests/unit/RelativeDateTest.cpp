@@ -14,7 +14,7 @@ class RelativeDateTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aMomentIsToldInOneAbbreviatedUnitRoundedDown_data()
+    void datesUseOneUnitRoundedDown_data()
     {
         QTest::addColumn<double>("secondsAgo");
         QTest::addColumn<QString>("text");
@@ -37,7 +37,7 @@ private Q_SLOTS:
         QTest::newRow("days ahead") << -3.0 * 86400 << u"in 3 days"_s;
     }
 
-    void aMomentIsToldInOneAbbreviatedUnitRoundedDown()
+    void datesUseOneUnitRoundedDown()
     {
         QFETCH(double, secondsAgo);
         QFETCH(QString, text);
@@ -61,7 +61,7 @@ private Q_SLOTS:
             QVERIFY(relativeDate({.seconds = odd}, now).contains(u"yr."));
     }
 
-    void aYoungMomentIsToldAnewSoonAndAnOldOneSeldom()
+    void recentDatesRefreshMoreOften()
     {
         QCOMPARE(relativeDateLifetime(3), 1000);
         QVERIFY(relativeDateLifetime(300) <= 10'000);

@@ -70,7 +70,7 @@ private Q_SLOTS:
         QCOMPARE(uploader->uploader, u"I"_s);
     }
 
-    void thumbnailsWithoutAnAddressGiveTheBuiltOne()
+    void thumbnailsWithoutAURLGiveTheBuiltOne()
     {
         const auto none = parsed("{\"id\":\"a\",\"thumbnails\":[{\"width\":1}]}");
         QCOMPARE(none->thumbnailURL, u"https://i.ytimg.com/vi/a/mqdefault.jpg"_s);
@@ -78,13 +78,13 @@ private Q_SLOTS:
         QCOMPARE(single->thumbnailURL, u"http://x/t"_s);
     }
 
-    void anIdentifierCannotChangeTheAddress()
+    void anIdentifierCannotChangeTheURL()
     {
         const auto result = parsed("{\"id\":\"a&list=b #c\"}");
         QCOMPARE(result->videoURL, u"https://www.youtube.com/watch?v=a%26list%3Db%20%23c"_s);
     }
 
-    void linesAreReadInOrderAndBadOnesSkipped()
+    void badLinesAreSkippedInOrder()
     {
         const auto results =
             resultsFromOutput(" {\"id\":\"1\"} \r\n\nnonsense\n[1]\n{\"title\":\"x\"}\n"
@@ -103,14 +103,14 @@ private Q_SLOTS:
         QCOMPARE(std::get<QUrl>(reply), QUrl(u"https://x/a?b=%20c"_s));
     }
 
-    void whatIsNoAddressIsNoStream_data()
+    void whatIsNoURLIsNoStream_data()
     {
         QTest::addColumn<QByteArray>("output");
         QTest::newRow("nothing") << QByteArray();
         QTest::newRow("blanks") << QByteArray(" \n\n ");
-        QTest::newRow("words") << QByteArray("no address here");
+        QTest::newRow("words") << QByteArray("no URL here");
     }
-    void whatIsNoAddressIsNoStream()
+    void whatIsNoURLIsNoStream()
     {
         QFETCH(QByteArray, output);
         const auto reply = streamFromOutput(output);

@@ -87,7 +87,7 @@ private Q_SLOTS:
         QVERIFY(clock.elapsed() >= 1990);
     }
 
-    void aSecondSaveIsConfirmedOnlyAsLongAsTheFirst()
+    void aSecondSaveDoesNotExtendTheConfirmation()
     {
         m_model->save();
         QSignalSpy changes(m_model.get(), &SettingsPresenter::changed);
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(state().history().size(), 30);
     }
 
-    void theChooserStartsAtTheFolderOrAtHomeWhereThereIsNone()
+    void theChooserStartsAtTheFolderOrHome()
     {
         QCOMPARE(m_model->startFolder(), QUrl::fromLocalFile(m_fixture->folder.path()));
         state().downloadDir = u"/usr/share"_s;
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(m_model->startFolder(), QUrl::fromLocalFile(homeDirectory()));
     }
 
-    void theChooserGivesAPathWithoutASlashAtItsEnd()
+    void theChosenPathHasNoTrailingSlash()
     {
         m_model->chooseFolder(QUrl(u"file:///srv/my%20videos/"_s));
         QCOMPARE(state().downloadDir(), u"/srv/my videos"_s);
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(state().downloadDir(), u"/"_s);
     }
 
-    void aFolderThatIsNotOnThisMachineChangesNothing()
+    void choosingARemoteFolderChangesNothing()
     {
         state().downloadDir = u"/srv"_s;
         m_model->chooseFolder(QUrl(u"sftp://host/videos"_s));

@@ -55,20 +55,20 @@ class ThumbnailProviderTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPictureComesInTheSizeAskedForWithRoundCorners_data()
+    void aPictureHasTheRequestedSizeAndCorners_data()
     {
         QTest::addColumn<QByteArray>("format");
         for (const char *format : {"png", "jpg", "webp"})
             QTest::newRow(format) << QByteArray(format);
     }
 
-    void aPictureComesInTheSizeAskedForWithRoundCorners()
+    void aPictureHasTheRequestedSizeAndCorners()
     {
         QFETCH(QByteArray, format);
         Server server;
         server.serve(encoded(picture(), format.constData()));
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString(), QString());
         QCOMPARE(request.image().size(), QSize(160, 90));
@@ -76,18 +76,18 @@ private Q_SLOTS:
         QCOMPARE(request.image().pixelColor(80, 45).alpha(), 255);
     }
 
-    void aPictureIsAskedForOnceAndThenComesFromMemory()
+    void aPictureIsRequestedOnceThenCached()
     {
         Server server;
         server.serve(encoded(picture(), "png"));
         ThumbnailProvider provider(server.source());
-        Request first(provider, server.address());
+        Request first(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(first.hasFinished, patience);
-        Request again(provider, server.address());
+        Request again(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(again.hasFinished, patience);
         QCOMPARE(again.image(), first.image());
         QCOMPARE(server.asked, 1);
-        Request larger(provider, server.address(), {320, 180});
+        Request larger(provider, server.url(), {320, 180});
         QTRY_VERIFY_WITH_TIMEOUT(larger.hasFinished, patience);
         QCOMPARE(larger.image().size(), QSize(320, 180));
         QCOMPARE(server.asked, 1);
@@ -108,7 +108,7 @@ private Q_SLOTS:
     {
         Server server; // says nothing
         ThumbnailProvider provider(server.source(50ms));
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
         QTRY_COMPARE_WITH_TIMEOUT(server.left, 1, patience);
@@ -120,24 +120,24 @@ private Q_SLOTS:
         server.answer = "HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n";
         server.drips = true;
         ThumbnailProvider provider(server.source(300ms));
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
     }
 
-    void aServerThatClosesTheConnectionEndsInAnError()
+    void aClosedConnectionIsAnError()
     {
         Server server;
         server.serve(encoded(picture(), "png"));
         server.answer.chop(20);
         server.closes = true;
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
     }
 
-    void aServerThatLiesAboutTheTypeEndsInAnError_data()
+    void whatIsNotAPictureIsAnError_data()
     {
         QTest::addColumn<QByteArray>("body");
         QTest::newRow("a page") << QByteArray("<html><body>hello</body></html>");
@@ -148,50 +148,50 @@ private Q_SLOTS:
         QTest::newRow("half a header") << encoded(picture(), "png").left(20);
     }
 
-    void aServerThatLiesAboutTheTypeEndsInAnError()
+    void whatIsNotAPictureIsAnError()
     {
         QFETCH(QByteArray, body);
         Server server;
         server.serve(body);
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
         QVERIFY(request.image().isNull());
     }
 
-    void aPictureUnderAWrongTypeIsShownAllTheSame()
+    void aPictureUnderAWrongTypeIsShown()
     {
         Server server;
         server.serve(encoded(picture(), "jpg"), "text/html");
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.image().size(), QSize(160, 90));
     }
 
-    void aServerThatSendsTwoHundredMegabytesIsStopped_data()
+    void twoHundredMegabytesAreNotDownloaded_data()
     {
         QTest::addColumn<QByteArray>("header");
         QTest::newRow("announced") << QByteArray("Content-Length: 209715200\r\n");
         QTest::newRow("not announced") << QByteArray("Connection: close\r\n");
     }
 
-    void aServerThatSendsTwoHundredMegabytesIsStopped()
+    void twoHundredMegabytesAreNotDownloaded()
     {
         QFETCH(QByteArray, header);
         Server server;
         server.answer = "HTTP/1.1 200 OK\r\n" + header + "\r\n";
         server.floods = true;
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QVERIFY(!request.response->errorString().isEmpty());
         QTRY_COMPARE_WITH_TIMEOUT(server.left, 1, patience);
         QVERIFY2(server.sent < 40 << 20, qPrintable(QString::number(server.sent)));
     }
 
-    void eightMebibytesAreTakenAndNotAByteMore_data()
+    void aPictureOfMoreThanEightMebibytesIsRefused_data()
     {
         QTest::addColumn<qsizetype>("size");
         QTest::addColumn<bool>("isShown");
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QTest::newRow("beyond it") << qsizetype((8 << 20) + 1) << false;
     }
 
-    void eightMebibytesAreTakenAndNotAByteMore()
+    void aPictureOfMoreThanEightMebibytesIsRefused()
     {
         QFETCH(qsizetype, size);
         QFETCH(bool, isShown);
@@ -208,7 +208,7 @@ private Q_SLOTS:
         server.answer = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body;
         server.closes = true;
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString().isEmpty(), isShown);
         QCOMPARE(request.image().isNull(), !isShown);
@@ -230,16 +230,16 @@ private Q_SLOTS:
         Server server;
         server.serve(encoded(vast, "png"));
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString(), u"Not a picture"_s);
     }
 
-    void aRequestThatIsNoLongerWantedIsDropped()
+    void aCancelledRequestIsDropped()
     {
         Server server; // says nothing
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_COMPARE_WITH_TIMEOUT(server.asked, 1, patience);
         request.response->cancel();
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
@@ -265,16 +265,16 @@ private Q_SLOTS:
         ThumbnailProvider provider;
         Request request(provider, url);
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
-        QCOMPARE(request.response->errorString(), u"Not an address of a picture"_s);
+        QCOMPARE(request.response->errorString(), u"Not a URL of a picture"_s);
     }
 
-    void aRedirectionAwayFromTheWebIsNotFollowed() { QVERIFY(!follows("file:///etc/hostname")); }
+    void redirectionsAwayFromTheWebAreRefused() { QVERIFY(!follows("file:///etc/hostname")); }
 
-    void aRedirectionToTheLocalNetworkIsNotFollowed()
+    void redirectionsToTheLocalNetworkAreRefused()
     {
         Server other;
         other.serve(encoded(picture(), "png"));
-        QVERIFY(!follows(other.address().toUtf8()));
+        QVERIFY(!follows(other.url().toUtf8()));
         QCOMPARE(other.asked, 0);
     }
 
@@ -284,7 +284,7 @@ private Q_SLOTS:
         server.serve(encoded(picture(), "png"));
         server.next = std::exchange(server.answer, redirection("/b.png"));
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         QTRY_VERIFY_WITH_TIMEOUT(request.hasFinished, patience);
         QCOMPARE(request.response->errorString(), QString());
         QCOMPARE(server.asked, 2);
@@ -300,7 +300,7 @@ private:
         Server server;
         server.answer = redirection(target);
         ThumbnailProvider provider(server.source());
-        Request request(provider, server.address());
+        Request request(provider, server.url());
         return !QTest::qWaitFor([&] { return request.hasFinished; }, 30000)
             || request.response->errorString().isEmpty();
     }

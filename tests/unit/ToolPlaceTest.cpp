@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(report.obstacle, Obstacle::none);
     }
 
-    void aToolBehindTheOwnPlaceIsNoObstacle()
+    void aToolLaterInTheOrderIsNoObstacle()
     {
         writeFile(last(), "tool");
         const ToolReport report = locateTool(places());
@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(report.obstacle, Obstacle::none);
     }
 
-    void aToolBeforeTheOwnPlaceIsAnObstacle()
+    void aToolEarlierInTheOrderIsAnObstacle()
     {
         writeFile(first(), "tool");
         writeFile(own(), ownTool());
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(renewalCommand(last()), QString());
     }
 
-    void aReleaseFileThatTheUserMayNotWriteNeedsSudo()
+    void aReadOnlyReleaseFileNeedsSudo()
     {
         QCOMPARE(selfUpdateCommand(u"/usr/local/bin/yt-dlp"_s, false),
                  u"sudo /usr/local/bin/yt-dlp -U"_s);
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QCOMPARE(ReleaseSource::official().folder.scheme(), u"https"_s);
     }
 
-    void aFinishedToolTakesItsPlaceAndIsExecutable()
+    void aFinishedToolIsInstalledExecutable()
     {
         QVERIFY(QDir(m_folder->filePath(u"own"_s)).removeRecursively()); // it is made
         ToolFolder folder(own());
@@ -204,7 +204,7 @@ private Q_SLOTS:
         QCOMPARE(ownFolder(), QStringList());
     }
 
-    void whatAKilledUpdateLeftGoesAtTheNextStart()
+    void remainsOfAKilledUpdateAreRemoved()
     {
         QVERIFY(QDir(m_folder->path()).mkpath(u"own/.quillon-update/deeper"_s));
         writeFile(m_folder->filePath(u"own/.quillon-update/packed"_s), "x");
@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(ownFolder(), QStringList());
     }
 
-    void aLinkInPlaceOfTheWorkFolderLeadsNowhere()
+    void aLinkAsWorkFolderIsNotFollowed()
     {
         writeFile(m_folder->filePath(u"last/precious"_s), "x");
         QVERIFY(QFile::link(m_folder->filePath(u"last"_s),

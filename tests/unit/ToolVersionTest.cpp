@@ -109,7 +109,7 @@ private Q_SLOTS:
         QCOMPARE(meaningOf(report, today), meaning);
     }
 
-    void aToolWithoutADateIsNeverNaggedAbout()
+    void anUndatedToolIsNeverHintedAt()
     {
         const ToolReport report = working("from my branch");
         const ToolStatus status = statusOf(report, today);
@@ -178,7 +178,7 @@ private Q_SLOTS:
             u"yt-dlp cannot run: /usr/bin/yt-dlp is a folder, which hides every other yt-dlp."_s);
     }
 
-    void whatIsInTheWayIsNamedWithWhatRenewsIt()
+    void anObstacleIsNamedWithItsRemedy()
     {
         ToolReport report = working("2023.03.04");
         report.obstacle = Obstacle::comesFirst;
@@ -241,7 +241,7 @@ private Q_SLOTS:
         QTest::newRow("cookies") << u"ERROR: could not find chrome cookies database in \"/x\""_s
                                  << false;
         QTest::newRow("hyphen")
-            << u"The address “-x” begins with a hyphen, so it is not an address"_s << false;
+            << u"The URL “-x” begins with a hyphen, so it is not a URL"_s << false;
     }
     void ageExplainsWhatIsNotExplainedOtherwise()
     {

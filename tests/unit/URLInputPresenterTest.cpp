@@ -50,7 +50,7 @@ private Q_SLOTS:
         QCOMPARE(input.buttonLabel(), u"Searching..."_s);
     }
 
-    void theButtonIsEnabledForAnyTextWhileNothingRuns()
+    void anyTextEnablesTheIdleButton()
     {
         URLInputPresenter input(state());
         QVERIFY(!input.canSubmit());
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(!input.canSubmit()); // a fetch of single mode counts everywhere
     }
 
-    void anEditResetsThePlaylistChoiceAndTheError()
+    void editingResetsThePlaylistChoiceAndError()
     {
         URLInputPresenter input(state());
         state().fetchAsPlaylist = true;
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(state().fetchError(), u"old"_s);
     }
 
-    void switchingTheModeIsNoEditAndKeepsTheTexts()
+    void switchingModesKeepsTheTexts()
     {
         URLInputPresenter input(state());
         input.edit(u"single"_s);
@@ -209,7 +209,7 @@ private Q_SLOTS:
         QVERIFY(!state().isFetching());
     }
 
-    void aMixedAddressOffersAChoiceInSingleModeOnly()
+    void aMixedURLOffersAChoiceInSingleMode()
     {
         URLInputPresenter input(state());
         input.edit(u"https://x/watch?v=a&list=b"_s);
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QVERIFY(!input.showsMixedBar());
     }
 
-    void choosingClearsWhatWasFetchedAlsoForTheActiveChoice()
+    void choosingAlwaysClearsWhatWasFetched()
     {
         URLInputPresenter input(state());
         state().singleInfo = StateFixture::video(u"a"_s);

@@ -91,7 +91,7 @@ private Q_SLOTS:
                      + derived);
     }
 
-    void everyAssignmentNotifiesOnceAlsoOfAnEqualValue()
+    void everyAssignmentNotifiesEvenIfEqual()
     {
         AppState &state = *m_fixture->state;
         const auto notifies = [&state](auto &property, auto changed) {
@@ -144,7 +144,7 @@ private Q_SLOTS:
 #undef NOTIFIES
     }
 
-    void aMixedAddressIsToldThroughBlanks()
+    void aMixedURLIsToldThroughBlanks()
     {
         AppState &state = *m_fixture->state;
         const QSignalSpy spy(&state, &AppState::singleURLChanged);
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(state.resolvedDownloadDir(), QString::fromLocal8Bit(qgetenv("HOME")) + u"/x"_s);
     }
 
-    void aFileIsRevealedAndAMissingOneOpensItsFolder()
+    void revealingAMissingFileOpensItsFolder()
     {
         AppState &state = *m_fixture->state;
         const QString file = m_fixture->folder.filePath(u"a.mp4"_s);
@@ -184,7 +184,7 @@ private Q_SLOTS:
                  QStringList{QDir::homePath() + u"/no such folder"_s});
     }
 
-    void aFinishedRunIsAnnouncedBySoundAndNotification()
+    void aFinishedRunPlaysASoundAndNotifies()
     {
         m_fixture->state->sendCompleteNotification(u"A"_s, 1);
         m_fixture->state->sendCompleteNotification(u"A"_s, 2);

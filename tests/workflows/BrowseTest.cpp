@@ -24,7 +24,7 @@ private Q_SLOTS:
 
     // Searching
 
-    void aQueryIsSearchedWithoutTheSpacesAroundItAndForAtMost25()
+    void aTrimmedQuerySearchesForTwentyFive()
     {
         state().cookiesBrowser = u"firefox"_s;
         QVERIFY(search());
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.take(), QStringList({u"browseDownloadStatuses"_s, u"history"_s}));
     }
 
-    void aBlankQueryStartsNothingAndLeavesTheError()
+    void aBlankQueryKeepsTheError()
     {
         state().browseSearchError = u"old"_s;
         state().browseSearchQuery = u" \n "_s;
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QCOMPARE(tool().calls().size(), 1);
     }
 
-    void aFailedSearchKeepsTheResultsAndTellsWhy()
+    void aFailedSearchKeepsTheResults()
     {
         QVERIFY(search());
         tool().respond("fail no");
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QVERIFY(ids().isEmpty());
     }
 
-    void theEndOfTheProgramDoesNotWaitForASearchThatHangs()
+    void quittingDoesNotWaitForAHangingSearch()
     {
         tool().respond("ignore signals\n"
                        "wait never");
@@ -130,7 +130,7 @@ private Q_SLOTS:
         QVERIFY(m_fixture->desktop.notifier->posted.first().body.contains(u"Title a"));
     }
 
-    void soundAndPictureOfOneResultAreApartAndShowTheirOwnProgress()
+    void audioAndVideoOfAResultProgressSeparately()
     {
         reportAndWait();
         state().browseDownload(result(u"a"_s), false);
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(state().history().size(), 2, patience);
     }
 
-    void theSameDownloadDoesNotRunTwiceAtOnce()
+    void theSameDownloadRunsOnlyOnce()
     {
         tool().respond("wait run");
         state().browseDownload(result(u"a"_s), false);
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(kindOf(statusOf(u"a_mp4"_s)), StatusKind::Done, patience);
     }
 
-    void aDownloadThatIsDoneKeepsItsLastFraction()
+    void aFinishedDownloadKeepsItsLastFraction()
     {
         tool().respond("print [download]  50.0% of 1MiB at 1MiB/s ETA 00:01");
         state().browseDownload(result(u"a"_s), false);
@@ -191,7 +191,7 @@ private Q_SLOTS:
         QCOMPARE(state().browseDownloadProgress().value(u"a_mp4"_s), 0.5);
     }
 
-    void aFailureIsShownAloneAndCanBeRetried()
+    void aFailedDownloadCanBeRetried()
     {
         tool().respond("fail no");
         state().browseDownload(result(u"a"_s), true);

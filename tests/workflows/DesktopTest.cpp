@@ -58,7 +58,7 @@ private Q_SLOTS:
     }
     void cleanupTestCase() { QDesktopServices::unsetUrlHandler(u"file"_s); }
 
-    void textIsEscapedForAServiceThatReadsMarkupAndForNoOther_data()
+    void textIsEscapedOnlyForServicesReadingMarkup_data()
     {
         QTest::addColumn<QStringList>("capabilities");
         QTest::addColumn<QString>("body");
@@ -67,7 +67,7 @@ private Q_SLOTS:
         QTest::newRow("does not") << QStringList{u"body"_s} << u"a <b> & c"_s;
     }
 
-    void textIsEscapedForAServiceThatReadsMarkupAndForNoOther()
+    void textIsEscapedOnlyForServicesReadingMarkup()
     {
         QFETCH(QStringList, capabilities);
         m_notifications.capabilities = capabilities;
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.Notifications"_s));
     }
 
-    void aServiceThatComesLateGetsTheNextNotification()
+    void aLateServiceGetsTheNextNotification()
     {
         m_notifications.capabilities = QStringList{u"body"_s};
         DesktopNotifier notifier;

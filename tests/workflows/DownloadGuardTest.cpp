@@ -23,7 +23,7 @@ private Q_SLOTS:
         m_tool.reset();
     }
 
-    void aFileThatIsHalfMadeAtAnOrderlyEndIsRemoved()
+    void quittingRemovesAnIncompleteFile()
     {
         m_tool->respond("write a.mp3 half\n"
                         "print [ExtractAudio] Destination: {dir}/a.mp3\n"
@@ -35,7 +35,7 @@ private Q_SLOTS:
         QVERIFY(download.outcome().isSettled());
     }
 
-    void aFileThatIsWholeAtAnOrderlyEndStays()
+    void quittingKeepsACompleteFile()
     {
         m_tool->respond("write a.mp3 whole\n"
                         "print [ExtractAudio] Destination: {dir}/a.mp3\n"
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
-    void aFileThatAFailedExtractionLeftIsRemoved()
+    void aFailedExtractionRemovesItsFile()
     {
         m_tool->respond("write a.mp3 half\n"
                         "print [ExtractAudio] Destination: {dir}/a.mp3\n"
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(download.outcome().error(), u"Download failed: No space left on device\n"_s);
     }
 
-    void aToolThatIsKilledTakesItsChildAndTheHalfMadeFileAlong()
+    void killingTheToolRemovesChildAndIncompleteFile()
     {
         m_tool->respond("write a.mp3 half\n"
                         "print [ExtractAudio] Destination: {dir}/a.mp3\n"
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
-    void aFileThatWasThereBeforeAndHasChangedSinceIsRemoved()
+    void anOverwrittenFileIsRemoved()
     {
         writeFile(m_tool->file(u"a.mp3"_s), "before");
         QVERIFY(!survives("a.mp3", "write a.mp3 half\n", audio()));
@@ -99,7 +99,7 @@ private Q_SLOTS:
             {u"-x"_s, u"-o"_s, m_tool->file(u"deeper/%(title)s.%(ext)s"_s), u"https://x/"_s}));
     }
 
-    void aPathThatLeadsOutOfTheFolderByDetoursStays()
+    void aPathOutsideTheFolderIsNotRemoved()
     {
         QVERIFY(QDir(m_tool->file(u""_s)).mkpath(u"deeper"_s));
         m_tool->respond("write a.mp3 x\n"
@@ -135,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(m_tool->file(u"a.mp3"_s)));
     }
 
-    void aTitleThatLooksLikeTheToolsOutputRemovesNothing()
+    void aTitleLikeToolOutputRemovesNothing()
     {
         // As a playlist's title is printed, line breaks included.
         writeFile(m_tool->file(u"id_ed25519"_s), "key");
@@ -149,7 +149,7 @@ private Q_SLOTS:
         }
     }
 
-    void aVideoThatIsNamedAsAConfigurationIsRemovedAndFailsTheRun_data()
+    void aVideoNamedLikeAConfigurationFailsTheRun_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("end");
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QTest::newRow("of a run that fails") << u"yt-dlp.conf"_s << QByteArray("exit 1");
         QTest::newRow("as text") << u"yt-dlp.conf.txt"_s << QByteArray("exit 0");
     }
-    void aVideoThatIsNamedAsAConfigurationIsRemovedAndFailsTheRun()
+    void aVideoNamedLikeAConfigurationFailsTheRun()
     {
         QFETCH(QString, name);
         QFETCH(QByteArray, end);
@@ -208,13 +208,13 @@ private Q_SLOTS:
         QCOMPARE(contentOf(m_tool->file(u"place"_s)).trimmed(), own.path().toUtf8());
     }
 
-    void aRelativeFolderIsBelowHomeWhereverTheProgramWasStarted()
+    void aRelativeFolderIsBelowHome()
     {
         QCOMPARE(absoluteForTool(u"Videos/a.mp4"_s), homeDirectory() + u"/Videos/a.mp4"_s);
         QCOMPARE(absoluteForTool(u"/x/y/../a.mp4"_s), u"/x/a.mp4"_s);
     }
 
-    void withoutAHomeTheToolStartsInTheRootFolder()
+    void withoutHomeTheToolStartsInRoot()
     {
         const QByteArray home = qgetenv("HOME");
         qputenv("HOME", "/nowhere/at/all");

@@ -36,7 +36,7 @@ private Q_SLOTS:
                  QStringList({u"processing"_s, u"0.5 2.50MiB/s 00:42"_s, u"processing"_s}));
     }
 
-    void aLineThatComesInTwoReadsIsProcessedOnce()
+    void aLineReadInPartsIsProcessedOnce()
     {
         // A whole line in the same write tells that the half one has been read.
         m_tool->respond("bytes [Merger] x\\n[download]  50.0% of 1.0\n"
@@ -49,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(download.reports(), QStringList({u"processing"_s, u"0.5 1MiB/s 00:01"_s}));
     }
 
-    void whatIsWrittenRightBeforeTheEndIsProcessed()
+    void outputRightBeforeTheEndIsProcessed()
     {
         m_tool->respond("repeat 3000 print [download] {i}.0% of 1MiB at 1MiB/s ETA 00:01");
         const Download download(*m_service);
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(download.outcome().count(), 1);
     }
 
-    void aLineOf64MegabytesDoesNotStopTheRun()
+    void anEnormousLineDoesNotStopTheRun()
     {
         m_tool->respond("fill 67108864 x\n"
                         "print \n"
@@ -126,11 +126,11 @@ private Q_SLOTS:
         QCOMPARE(download.outcome().value(), u"/d/a.mp4"_s);
     }
 
-    void anAddressLikeAnOptionNeverReachesTheTool()
+    void aURLLikeAnOptionNeverReachesTheTool()
     {
         const Download download(*m_service, {u"--newline"_s, u"-x"_s});
         QTRY_VERIFY_WITH_TIMEOUT(download.outcome().isSettled(), patience);
-        QVERIFY(download.outcome().error().startsWith(u"Download failed: The address"_s));
+        QVERIFY(download.outcome().error().startsWith(u"Download failed: The URL"_s));
         QVERIFY(m_tool->calls().isEmpty());
         QVERIFY(!m_service->activeProcess());
     }
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(download.outcome().error(), u"Download failed: Exit code 15"_s);
     }
 
-    void theActiveProcessMayBeSignalledAtAnyMoment()
+    void theActiveProcessCanAlwaysBeSignalled()
     {
         // Many short runs: the signal meets each stage of starting and ending.
         for (int round = 0; round < 50; ++round) {
@@ -176,7 +176,7 @@ private Q_SLOTS:
         process->send(SIGKILL);
     }
 
-    void ofAllShapesOfProgressOnlyTheFullOneIsReported()
+    void onlyTheFullProgressFormIsReported()
     {
         m_tool->respond(sample("progress-of-every-shape"));
         const Download download(*m_service);
@@ -184,7 +184,7 @@ private Q_SLOTS:
         QCOMPARE(download.reports(), QStringList{u"0.136 497.10KiB/s 00:06"_s});
     }
 
-    void theEndOfAnEarlierRunLeavesTheSlotToTheLaterOne()
+    void anEarlierRunsEndKeepsTheLatersSlot()
     {
         m_tool->respond("print [Merger] x\n"
                         "on 1 wait first\n"

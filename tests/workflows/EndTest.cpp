@@ -18,7 +18,7 @@ class EndTest : public SingleFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void theToolAndItsChildAreGoneAfterAnOrderlyEnd()
+    void quittingEndsTheToolAndItsChild()
     {
         tool().respond(sample("tool-with-a-child"));
         QVERIFY(startWithChild());
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(!isAlive(childOf(tool())));
     }
 
-    void afterAKillOfTheProgramNoToolIsLeft()
+    void killingTheProgramLeavesNoTool()
     {
         tool().respond("wait never");
         QProcess program;
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QVERIFY(tool().calls().isEmpty());
     }
 
-    void aSuccessThatMeetsTheEndIsNotRecorded()
+    void aSuccessDuringTheEndIsNotRecorded()
     {
         // The tool takes the request to end for a reason to succeed.
         tool().respond("obey SIGTERM\n"

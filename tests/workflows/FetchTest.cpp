@@ -2,7 +2,7 @@
 #include "AssignmentRecorder.h"
 #include "SingleFixture.h"
 
-/// What an address is, fetched in single mode.
+/// What a URL is, fetched in single mode.
 class FetchTest : public SingleFixture
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ private Q_SLOTS:
         QCOMPARE(tool().calls().first().last(), u"https://x/watch?v=a"_s);
     }
 
-    void aBlankAddressDoesNothingAndKeepsTheError()
+    void aBlankURLKeepsTheError()
     {
         state().fetchError = u"old"_s;
         state().singleURL = u" \n\t "_s;
@@ -33,7 +33,7 @@ private Q_SLOTS:
         QCOMPARE(state().fetchError(), u"old"_s);
     }
 
-    void aMixedAddressIsFetchedAsChosen()
+    void aMixedURLIsFetchedAsChosen()
     {
         state().singleURL = u"https://x/watch?v=abc&list=PL1"_s;
         QVERIFY(fetch());
@@ -43,7 +43,7 @@ private Q_SLOTS:
         QVERIFY(tool().calls().last().contains(u"--yes-playlist"_s));
     }
 
-    void aPlaylistAddressIsFetchedAsOneWhateverWasChosen()
+    void aPlaylistURLIsFetchedDespiteTheChoice()
     {
         state().singleURL = u"https://x/playlist?list=PL1"_s;
         QVERIFY(fetch());
@@ -100,7 +100,7 @@ print {"id":"a","url":"ua"})");
         QVERIFY(tool().calls().last().contains(u"brave"_s));
     }
 
-    void ofTwoFetchesTheOneThatEndsLastWins()
+    void theFetchThatEndsLastWins()
     {
         tool().respond(R"(on 1 wait first
 on 1 print {"title":"first"}
@@ -115,7 +115,7 @@ on 2 print {"title":"second"})");
         QTRY_COMPARE_WITH_TIMEOUT(state().singleInfo()->title, u"first"_s, patience);
     }
 
-    void aFetchThatComesBackAfterAClearStillLands()
+    void aFetchEndingAfterAClearStillCounts()
     {
         tool().respond("wait go\n" + sample("one-video"));
         state().singleURL = u"https://x/"_s;

@@ -52,7 +52,7 @@ protected:
                                          .ownPath = ownPath(),
                                          .environment = {{u"PATH"_s, u"/usr/bin:/bin"_s},
                                                          {u"HOME"_s, m_fixture->folder.path()}}},
-                              .source = {.folder = m_server->address(), .key = m_signer->key},
+                              .source = {.folder = m_server->url(), .key = m_signer->key},
                               .today = [this] { return m_today; }});
     }
     [[nodiscard]] bool begin()
@@ -69,9 +69,9 @@ protected:
     }
     QString version() const { return m_keeper->report()->version.text; }
 
-    [[nodiscard]] bool fetch(const QString &address = u"https://example.org/a"_s)
+    [[nodiscard]] bool fetch(const QString &url = u"https://example.org/a"_s)
     {
-        state().singleURL = address;
+        state().singleURL = url;
         state().fetchSingleInfo();
         return waitFor([&] { return !state().isFetching(); });
     }

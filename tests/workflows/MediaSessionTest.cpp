@@ -34,7 +34,7 @@ private Q_SLOTS:
         m_seeked.clear();
     }
 
-    void itIsOnTheBusWhileSomethingIsChosen()
+    void itIsOnTheBusWhileAVideoIsChosen()
     {
         QVERIFY(!isOnTheBus());
         QVERIFY(play(u"b"_s));
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(playerProperty(u"CanGoNext"_s), false); // it is not among the results
     }
 
-    void onlyAddressesOfTheWebArePassedOn()
+    void onlyURLsOfTheWebArePassedOn()
     {
         SearchResult odd;
         odd.id = u"x"_s;
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(state().avPlayer.volume(), before);
     }
 
-    void changesAreToldAndThePositionIsAskedFor()
+    void changesAreSignalledButNotThePosition()
     {
         QVERIFY(play(u"a"_s));
         playerProperty(u"PlaybackStatus"_s);
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QVERIFY(!isOnTheBus());
     }
 
-    void seekingIsRelativeOrForTheTrackThatPlays()
+    void seekingIsRelativeOrForThePlayingTrack()
     {
         QVERIFY(play(u"a"_s));
         reportPosition(20);
@@ -209,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(engine()->sought, QList<double>{0});
     }
 
-    void whileItLoadsAndAfterAFailureItIsStopped()
+    void loadingAndFailedCountAsStopped()
     {
         m_fixture->tool.respond("");
         state().playBrowseResult(result(u"a"_s));
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QCOMPARE(playerProperty(u"PlaybackStatus"_s), u"Stopped"_s);
     }
 
-    void anotherProgramWithTheNameIsLeftInPeace()
+    void anotherOwnerOfTheNameIsRespected()
     {
         QVERIFY(m_desktop.registerService(mprisName));
         QVERIFY(play(u"a"_s));

@@ -43,7 +43,7 @@ private Q_SLOTS:
         QVERIFY(kindOf(state().downloadStatus()) == StatusKind::Failed);
     }
 
-    void resumeAlsoContinuesWhatAnotherRunHasPushedOut()
+    void resumeAlsoContinuesADisplacedRun()
     {
         QVERIFY(startStoppable());
         const qint64 first = tool().processIdentifiers().last();
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
     }
 
-    void pauseStopsTheToolAloneAndNotItsChildren()
+    void pauseStopsTheToolButNotItsChildren()
     {
         tool().respond("child\n"
                        "print [Merger] x\n"
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(m_fixture->hasEnded(), patience);
     }
 
-    void theStartOfAQueueContinuesAPausedDownload()
+    void startingAQueueContinuesAPausedDownload()
     {
         runTwo();
         startDownload();
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QVERIFY(endBoth());
     }
 
-    void theEndOfAQueueContinuesAPausedDownloadOfBrowse()
+    void aQueuesEndContinuesAPausedBrowseDownload()
     {
         runTwo();
         state().queue = {std::make_shared<DownloadItem>(u"https://x/"_s)};
@@ -109,13 +109,13 @@ private Q_SLOTS:
         QVERIFY(endBoth());
     }
 
-    void theEndOfASingleRunContinuesAPausedDownloadOfBrowse_data()
+    void aRunsEndContinuesAPausedBrowseDownload_data()
     {
         QTest::addColumn<QByteArray>("ending");
         QTest::newRow("success") << "exit 0"_ba;
         QTest::newRow("failure") << "exit 1"_ba;
     }
-    void theEndOfASingleRunContinuesAPausedDownloadOfBrowse()
+    void aRunsEndContinuesAPausedBrowseDownload()
     {
         QFETCH(QByteArray, ending);
         runTwo(ending);
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QVERIFY(endBoth());
     }
 
-    void aResetWhilePausedLetsTheRunGoOn()
+    void resettingWhilePausedContinuesTheRun()
     {
         QVERIFY(startStoppable());
         state().togglePause();

@@ -90,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->state->historyLimit(), 50);
     }
 
-    void aNegativeHistoryLimitLoadsUnchangedAndMeansUnlimited()
+    void aNegativeHistoryLimitMeansUnlimited()
     {
         m_fixture->preferences->setInteger(u"quillon.historyLimit"_s, -3);
         m_fixture->restart();
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(state.history().size(), 61);
     }
 
-    void notificationsStoredAsTextOrNumberReadAsTrue()
+    void notificationsStoredAsTextOrNumberAreTrue()
     {
         m_fixture->preferences->setString(u"quillon.notifications"_s, u"false"_s);
         m_fixture->restart();
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->state->notificationsEnabled(), true);
     }
 
-    void settingsOfOtherKindsAreConvertedOrFallBack_data()
+    void settingsOfOtherTypesConvertOrFallBack_data()
     {
         QTest::addColumn<QByteArray>("stored");
         QTest::addColumn<QString>("text");
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QTest::newRow("object") << QByteArray(R"({"a":1})") << QString() << 50LL;
     }
 
-    void settingsOfOtherKindsAreConvertedOrFallBack()
+    void settingsOfOtherTypesConvertOrFallBack()
     {
         QFETCH(QByteArray, stored);
         QFETCH(QString, text);
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(state.history().last().title, u"23"_s);
     }
 
-    void aLoweredLimitTakesEffectAtTheNextRecord()
+    void aLoweredLimitAppliesAtTheNextRecord()
     {
         AppState &state = *m_fixture->state;
         state.historyLimit = 200;

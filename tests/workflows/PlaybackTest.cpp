@@ -73,7 +73,7 @@ private Q_SLOTS:
         QCOMPARE(recorder.take(), all);
     }
 
-    void anAddressThatComesTooLateIsIgnoredAndItsToolRunsToItsEnd()
+    void aLateStreamURLIsIgnored()
     {
         tool().respond("for */a wait late\n"
                        "print http://media/{id}.mp4");
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), 1); // by the choice of c
     }
 
-    void aSlowResolutionWhileFiveOthersAreChosenPlaysTheLast()
+    void onlyTheLastOfManyChoicesPlays()
     {
         tool().respond("wait slow\n"
                        "print http://media/{id}.mp4");
@@ -123,7 +123,7 @@ private Q_SLOTS:
             QVERIFY(!isAlive(process));
     }
 
-    void aFailedResolutionIsShownAndKeepsTheChoice()
+    void aFailedResolutionKeepsTheChoice()
     {
         tool().respond("");
         state().playBrowseResult(result(u"a"_s));
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(played(), QStringList{u"http://media/a.mp4"_s});
     }
 
-    void aStreamThatIsNotOfTheWebIsAPlayerError()
+    void aStreamOutsideTheWebIsAPlayerError()
     {
         tool().respond("print file:///etc/passwd");
         QVERIFY(play(u"a"_s));
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
     }
 
-    void aStreamThatBreaksIsAPlayerErrorAndNoEnd()
+    void aBrokenStreamIsAnErrorNotAnEnd()
     {
         QVERIFY(play(u"a"_s));
         engine()->events.failed(u"The connection was lost"_s);
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QVERIFY(!state().avPlayer.hasItem());
     }
 
-    void theEndStartsTheNextAndTheLastOneStays()
+    void theEndStartsTheNextButTheLastStays()
     {
         QVERIFY(play(u"b"_s));
         end();
@@ -192,7 +192,7 @@ private Q_SLOTS:
                                  patience);
     }
 
-    void betweenTwoNeighboursWithOneIdentifierTheEndStops()
+    void equalNeighbouringIdentifiersStopTheSuccession()
     {
         state().browseResults = AppState::Results{result(u"x"_s), result(u"x"_s), result(u"d"_s)};
         QVERIFY(play(u"x"_s));
@@ -200,7 +200,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!state().nowPlaying(), patience);
     }
 
-    void aNewSearchLeavesThePlayerRunningAndItsPlaceOpen()
+    void aNewSearchKeepsThePlayerRunning()
     {
         QVERIFY(play(u"a"_s));
         tool().respond(R"(print {"id":"z"})");
@@ -251,8 +251,8 @@ private:
     QStringList played()
     {
         QStringList found;
-        for (const QUrl &address : engine()->addresses)
-            found.append(address.toString());
+        for (const QUrl &url : engine()->urls)
+            found.append(url.toString());
         return found;
     }
 

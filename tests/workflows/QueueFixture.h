@@ -37,11 +37,11 @@ protected:
     RecordingDesktop::RecordingNotifier &notifier() { return *m_fixture->desktop.notifier; }
     std::shared_ptr<DownloadItem> item(qsizetype index) { return state().queue().at(index); }
 
-    /// Puts addresses into the queue and waits until they are known.
-    [[nodiscard]] bool add(const QStringList &addresses)
+    /// Puts URLs into the queue and waits until they are known.
+    [[nodiscard]] bool add(const QStringList &urls)
     {
-        for (const QString &address : addresses) {
-            state().addURLToQueue(address);
+        for (const QString &url : urls) {
+            state().addURLToQueue(url);
             if (!waitFor([&] {
                     return item(state().queue().size() - 1)->status()
                         == DownloadStatus(Status::Waiting{});

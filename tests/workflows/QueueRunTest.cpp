@@ -24,7 +24,7 @@ private Q_SLOTS:
                               u"currentDownloadIndex"_s, u"totalDownloadCount"_s}));
     }
 
-    void anEntryWithoutInfoIsRecordedByItsAddress()
+    void anEntryWithoutInfoIsRecordedByURL()
     {
         state().queue = {std::make_shared<DownloadItem>(u"https://x/1"_s)};
         state().startQueueDownload();
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
     }
 
-    void ofThreeOneFailsAndTheNotificationCountsThree()
+    void theNotificationAlsoCountsFailures()
     {
         QVERIFY(add({u"https://x/1"_s, u"https://x/bad"_s, u"https://x/3"_s}));
         respondToFetches("for *bad fail gone");
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(notifier().posted.first().body, u"3 files downloaded successfully"_s);
     }
 
-    void aRunOfOneAnnouncesQueueAlsoWhenItFailed()
+    void aRunOfOneAnnouncesQueueEvenFailed()
     {
         QVERIFY(add({u"https://x/1"_s}));
         tool().respond("exit 1");
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!state().isQueueDownloading(), patience);
     }
 
-    void anEntryThatWasAddedLaterIsNotPartOfTheRun()
+    void entriesAddedLaterAreNotInTheRun()
     {
         QVERIFY(add({u"https://x/1"_s}));
         respondToFetches("wait run");
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(statuses(), Kinds({StatusKind::Done, StatusKind::Waiting}));
     }
 
-    void formatQualityAndFolderAreFixedAndTheOtherSettingsRead()
+    void onlyFormatQualityAndFolderAreFixed()
     {
         QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
         respondToFetches("wait run");
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(tool().calls().size(), 2);
     }
 
-    void ofAHundredWhereEveryThirdFailsTheRunGoesOnToTheEnd()
+    void aRunOfAHundredSurvivesItsFailures()
     {
         for (int number = 0; number < 100; ++number)
             state().addURLToQueue(u"https://x/%1"_s.arg(number));
@@ -221,7 +221,7 @@ private Q_SLOTS:
         QCOMPARE(messageOf(item(99)->status()), u"Download failed: third\n"_s);
     }
 
-    void aProcessThatIsKilledFromOutsideFailsItsEntryAlone()
+    void killingAProcessFailsOnlyItsEntry()
     {
         QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
         respondToFetches("for */1 wait never");
@@ -234,7 +234,7 @@ private Q_SLOTS:
 
     // Clearing, removing, pausing
 
-    void clearingKeepsWhatIsGoingOnAndTheRunDownloadsTheRestUnseen()
+    void clearingInMidRunStillDownloadsTheRest()
     {
         QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s, u"https://x/3"_s}));
         respondToFetches("wait run");
@@ -275,7 +275,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(state().history().size(), 1, patience);
     }
 
-    void pauseStopsTheRunningToolAndTheEndUnsetsIt()
+    void pauseStopsTheToolUntilTheEnd()
     {
         QVERIFY(add({u"https://x/1"_s}));
         respondToFetches("print [Merger] x\n"
@@ -295,7 +295,7 @@ private Q_SLOTS:
         QVERIFY(!state().isPaused());
     }
 
-    void theEndOfTheProgramStartsNoFurtherEntry()
+    void quittingStartsNoFurtherEntry()
     {
         QVERIFY(add({u"https://x/1"_s, u"https://x/2"_s}));
         respondToFetches("print [Merger] x\n"

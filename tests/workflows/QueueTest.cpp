@@ -7,7 +7,7 @@ class QueueTest : public QueueFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void anAddressIsSeenAtOnceAndThenKnown()
+    void aURLShowsAtOnceAndIsThenKnown()
     {
         state().addURLToQueue(u"  https://x/watch?v=1\n"_s);
         QCOMPARE(statuses(), Kinds{StatusKind::Fetching});
@@ -24,7 +24,7 @@ private Q_SLOTS:
         QVERIFY(state().queue().isEmpty());
     }
 
-    void textOfTwoLinesIsOneAddressWhoseFetchFails()
+    void twoLinesAreOneURLThatFails()
     {
         tool().respond("fail is not a valid URL");
         state().addURLToQueue(u"https://x/1\nhttps://x/2"_s);
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QCOMPARE(messageOf(item(0)->status()), u"Failed to fetch info: is not a valid URL\n"_s);
     }
 
-    void theSameAddressTwiceIsTwoEntries()
+    void theSameURLTwiceIsTwoEntries()
     {
         QVERIFY(add({u"https://x/1"_s, u"https://x/1"_s}));
         QCOMPARE(state().queue().size(), 2);
@@ -52,18 +52,18 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds(2, StatusKind::Waiting), patience);
     }
 
-    void aPlaylistGivesWayToItsEntriesAtTheEndOfTheQueue_data()
+    void aPlaylistIsReplacedByItsEntries_data()
     {
-        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("url");
         QTest::newRow("playlist page") << u"https://x/playlist?p"_s;
         QTest::newRow("video of a playlist") << u"https://x/watch?v=1&list=2"_s;
     }
 
-    void aPlaylistGivesWayToItsEntriesAtTheEndOfTheQueue()
+    void aPlaylistIsReplacedByItsEntries()
     {
-        QFETCH(QString, address);
+        QFETCH(QString, url);
         tool().respond("for *--flat-playlist* wait list\n" + sample("fetches"));
-        state().addURLToQueue(address);
+        state().addURLToQueue(url);
         state().addURLToQueue(u"https://x/later"_s);
         QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds({StatusKind::Fetching, StatusKind::Waiting}),
                                   patience);
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds(4, StatusKind::Waiting), patience);
     }
 
-    void anEntryWithoutAddressGetsThePlaylists()
+    void anEntryWithoutURLGetsThePlaylists()
     {
         tool().respond(R"(print {"_type":"url","id":"a","title":"A"})");
         state().addURLToQueue(u"https://x/playlist?p"_s);
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(messageOf(item(0)->status()), u"Failed to fetch info: private\n"_s);
     }
 
-    void aPlaceholderThatWasRemovedWhileItFetchesStillExpands()
+    void aRemovedPlaceholderStillExpands()
     {
         tool().respond("wait list\n" + sample("fetches"));
         state().addURLToQueue(u"https://x/playlist?p"_s);
@@ -122,11 +122,11 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(state().queue().size(), 3, patience);
     }
 
-    void anAddressLikeAnOptionFailsWithAClearText()
+    void aURLLikeAnOptionFailsClearly()
     {
         state().addURLToQueue(u"--exec=x"_s);
         QTRY_COMPARE_WITH_TIMEOUT(statuses(), Kinds{StatusKind::Failed}, patience);
-        QVERIFY(messageOf(item(0)->status()).startsWith(u"Failed to fetch info: The address"_s));
+        QVERIFY(messageOf(item(0)->status()).startsWith(u"Failed to fetch info: The URL"_s));
         QVERIFY(tool().calls().isEmpty());
     }
 
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), 2); // the placeholder, and all of them at once
     }
 
-    void theEndDoesNotWaitForAFetchThatHangs()
+    void quittingDoesNotWaitForAHangingFetch()
     {
         tool().respond("ignore signals\n"
                        "wait never");
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QVERIFY(!isAlive(process));
     }
 
-    void singleModeAndTheQueueShareTitleCountAndPause()
+    void singleModeAndQueueShareTheirDisplay()
     {
         QVERIFY(add({u"https://x/1"_s}));
         state().singleInfo = StateFixture::video(u"a"_s);

@@ -25,7 +25,7 @@ private Q_SLOTS:
         m_fixture.reset();
     }
 
-    void theProgramAsksForPermissionOnceBeforeItMakesTheState()
+    void permissionIsRequestedOnceBeforeTheState()
     {
         m_app.reset();
         RecordingDesktop::RecordingNotifier &notifier = *m_fixture->desktop.notifier;
@@ -53,7 +53,7 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), 3);
     }
 
-    void fetchInfoTestsTheAddressUntrimmedAndWorksInEveryMode()
+    void fetchInfoTestsTheURLUntrimmedInEveryMode()
     {
         const QSignalSpy fetches(&app().state(), &AppState::isFetchingChanged);
         app().fetchInfo();
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!app().state().isFetching(), patience);
     }
 
-    void theMenusStartWorksWithAnEmptySelectionAndDoesNotReset()
+    void theMenusStartAllowsAnEmptySelection()
     {
         app().state().singleInfo = StateFixture::playlist({u"a"_s});
         app().state().downloadStatus = Status::Done{u"/old"_s};
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->desktop.notifier->posted.size(), 1);
     }
 
-    void theVersionReadsAsTheAboutWindowShowsIt()
+    void theVersionReadsAsAboutShowsIt()
     {
         QCOMPARE(QuillonApp::versionText(), u"Version 1.0"_s);
     }

@@ -10,7 +10,7 @@ private Q_SLOTS:
     void init() { KeeperFixture::init(); }
     void cleanup() { KeeperFixture::cleanup(); }
 
-    void aFetchIsRepeatedOnlyForTheAddressThatFailed()
+    void onlyTheURLThatFailedIsRepeated()
     {
         QVERIFY(fetch());
         QVERIFY(m_keeper->retry().isPossible());
@@ -22,7 +22,7 @@ private Q_SLOTS:
         QVERIFY(!m_keeper->retry().isPossible());
     }
 
-    void aSearchIsRepeatedOnlyForTheWordsThatFailed()
+    void onlyTheQueryThatFailedIsRepeated()
     {
         state().mode = AppMode::browse;
         state().browseSearchQuery = u"boats"_s;

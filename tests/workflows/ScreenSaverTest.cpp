@@ -78,7 +78,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
     }
 
-    void aPauseBeforeTheScreenSaverHasAnsweredIsNotForgotten()
+    void aPauseBeforeTheAnswerIsNotForgotten()
     {
         QVERIFY(play(u"a"_s));
         state().avPlayer.pause(); // its answer has not been read
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
     }
 
-    void aScreenSaverIsAskedOnceHoweverOftenThePositionIsTold()
+    void theScreenSaverIsInhibitedOnlyOnce()
     {
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));
         QVERIFY(play(u"a"_s));
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(m_screenSaver.last, before);
     }
 
-    void withoutAScreenSaverItPlaysAllTheSame()
+    void itPlaysWithoutAScreenSaver()
     {
         QVERIFY(m_desktop.unregisterService(u"org.freedesktop.ScreenSaver"_s));
         QVERIFY(play(u"a"_s));

@@ -37,7 +37,7 @@ private Q_SLOTS:
         QCOMPARE(service.ytdlpPath(), m_tool->path());
     }
 
-    void withoutAToolTheFirstPathIsUsedAndTheLaunchFailsAtOnce()
+    void withoutAToolTheLaunchFailsAtOnce()
     {
         YTDLPService service({u"/nowhere/yt-dlp"_s, u"/elsewhere/yt-dlp"_s});
         QCOMPARE(service.ytdlpPath(), u"/nowhere/yt-dlp"_s);
@@ -50,7 +50,7 @@ private Q_SLOTS:
                  qPrintable(outcome.error()));
     }
 
-    void existenceIsEnoughAndAToolThatCannotRunFailsWithTheSystemsWords()
+    void anUnrunnableToolFailsInTheSystemsWords()
     {
         QFile::setPermissions(m_tool->path(), QFile::ReadOwner);
         QCOMPARE(m_service->ytdlpPath(), m_tool->path());
@@ -71,7 +71,7 @@ private Q_SLOTS:
                               "%1/.deno/bin"_s.arg(homeDirectory())}));
     }
 
-    void aHomeWithAColonAddsNothingToThePath()
+    void aHomeWithAColonStaysOutOfPath()
     {
         const QByteArray home = qgetenv("HOME");
         qputenv("HOME", "/home/a:b");
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QCOMPARE(path, u"/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s);
     }
 
-    void aFailedLaunchIsToldFromAFailedRun()
+    void aFailedLaunchDiffersFromAFailedRun()
     {
         YTDLPService nowhere({u"/nowhere/yt-dlp"_s});
         Outcome<QString> unlaunched;
@@ -137,13 +137,13 @@ private Q_SLOTS:
         QCOMPARE(run().error(), u"Failed to fetch info: ERROR: it broke\n"_s);
     }
 
-    void aLoneLineBreakOnStandardErrorIsNotEmpty()
+    void aLineBreakOnStandardErrorCounts()
     {
         m_tool->respond("fail ");
         QCOMPARE(run().error(), u"Failed to fetch info: \n"_s);
     }
 
-    void emptyStandardErrorFallsBackToTheExitCode()
+    void withoutStandardErrorTheExitCodeIsNamed()
     {
         m_tool->respond("exit 1");
         QCOMPARE(run().error(), u"Failed to fetch info: Exit code 1"_s);
@@ -151,7 +151,7 @@ private Q_SLOTS:
         QCOMPARE(run().error(), u"Failed to fetch info: Exit code 2"_s);
     }
 
-    void standardErrorThatIsNotUtf8CountsAsEmpty()
+    void standardErrorOutsideUtf8CountsAsEmpty()
     {
         m_tool->respond("stderr bytes \\377\n"
                         "exit 3");
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(run().error(), u"Failed to fetch info: Exit code 9"_s);
     }
 
-    void aToolThatFloodsStandardErrorIsNotBlocked()
+    void floodingStandardErrorDoesNotBlock()
     {
         m_tool->respond("stderr fill 10485760 e\n"
                         "print done\n"
@@ -232,14 +232,14 @@ private Q_SLOTS:
         QVERIFY(std::holds_alternative<JSONReaderError>(outcome.reply()));
     }
 
-    void jsonThatIsNoObjectIsAParseError()
+    void jsonWithoutAnObjectIsAParseError()
     {
         m_tool->respond("print [1]");
         QCOMPARE(fetch(u"https://x/"_s, false).error(),
                  u"Parse error: Could not parse video JSON"_s);
     }
 
-    void ofMetadataThatIsNotUtf8NothingIsRead()
+    void metadataOutsideUtf8IsNotRead()
     {
         m_tool->respond("");
         const QString ofNothing = fetch(u"https://x/"_s, false).error();
@@ -267,17 +267,17 @@ private Q_SLOTS:
         QCOMPARE(fetch(u"https://x/"_s, true).error(), u"Failed to fetch info: private\n"_s);
     }
 
-    void anAddressLikeAnOptionNeverReachesTheTool()
+    void aURLLikeAnOptionNeverReachesTheTool()
     {
         for (const bool asPlaylist : {false, true}) {
             const auto outcome = fetch(u"--exec=rm"_s, asPlaylist);
-            QVERIFY(outcome.error().startsWith(u"Failed to fetch info: The address"_s));
+            QVERIFY(outcome.error().startsWith(u"Failed to fetch info: The URL"_s));
             QVERIFY(outcome.error().contains(u"--exec=rm"_s));
         }
         QVERIFY(m_tool->calls().isEmpty());
     }
 
-    void theNotFoundTextIsKeptForCallersThatLookThemselves()
+    void theNotFoundTextIsKeptForCallers()
     {
         QCOMPARE(YTDLPError::notFound().errorDescription(),
                  u"yt-dlp not found. Please install via: brew install yt-dlp"_s);

@@ -49,13 +49,13 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(preferences()));
     }
 
-    void withoutASafeSessionsFolderThePreferencesFolderIsUsed_data()
+    void anUnsafeRuntimeFolderIsNotUsed_data()
     {
         QTest::addColumn<QString>("session");
         for (const char *const kind : {"none", "missing", "relative", "shared", "foreign"})
             QTest::newRow(kind) << QString::fromLatin1(kind);
     }
-    void withoutASafeSessionsFolderThePreferencesFolderIsUsed()
+    void anUnsafeRuntimeFolderIsNotUsed()
     {
         QFETCH(QString, session);
         if (session == u"none")

@@ -33,7 +33,7 @@ private Q_SLOTS:
         QCOMPARE(state().currentDownloadTitle(), u"Title a"_s);
     }
 
-    void aRunForgetsTheReportsOfTheOneBefore()
+    void aRunForgetsEarlierReports()
     {
         tool().respond("on 1 print [download] 50% of 1MiB at 1MiB/s ETA 00:01");
         state().singleInfo = StateFixture::video(u"a"_s);
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QVERIFY(arguments.contains(m_fixture->folder.path() + u"/%(title)s.%(ext)s"_s));
     }
 
-    void mp3OverridesTheQualityAndIsRecordedAsSuch()
+    void mp3OverridesTheQualityInTheRecord()
     {
         tool().respond("print [download] Destination: /d/a.webm\n"
                        "print [ExtractAudio] Destination: /d/a.mp3");
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(notifier().posted.first().body, u"2 files downloaded successfully"_s);
     }
 
-    void theFailureOfTheSecondOfThreeStopsTheRun()
+    void aFailureStopsTheRestOfTheRun()
     {
         tool().respond("on 2 fail no");
         state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s});
@@ -125,7 +125,7 @@ private Q_SLOTS:
         QVERIFY(notifier().posted.isEmpty());
     }
 
-    void anEmptySelectionIsDoneAtOnceAndAnnouncedByTitle()
+    void anEmptySelectionIsDoneAtOnce()
     {
         VideoInfo playlist = StateFixture::playlist({u"a"_s});
         playlist.playlistTitle = u"Mix"_s;
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QVERIFY(tool().calls().isEmpty());
     }
 
-    void anEntryWithoutAddressIsPassedAsEmptyText()
+    void anEntryWithoutURLIsPassedAsEmptyText()
     {
         VideoInfo playlist = StateFixture::playlist({u"a"_s});
         playlist.playlistEntries.first().originalURL = QString();
@@ -148,17 +148,17 @@ private Q_SLOTS:
         QCOMPARE(tool().calls().first().last(), QString());
     }
 
-    void anEntrysAddressLikeAnOptionFailsTheRun()
+    void anEntrysURLLikeAnOptionFailsTheRun()
     {
         VideoInfo video = StateFixture::video(u"a"_s);
         video.originalURL = u"--exec=x"_s;
         state().singleInfo = video;
         QVERIFY(download());
-        QVERIFY(messageOf(state().downloadStatus()).startsWith(u"Download failed: The address"_s));
+        QVERIFY(messageOf(state().downloadStatus()).startsWith(u"Download failed: The URL"_s));
         QVERIFY(tool().calls().isEmpty());
     }
 
-    void settingsAreReadAfreshForEachFileAndTheFolderOnce()
+    void onlyTheFolderIsFixedForARun()
     {
         tool().respond("wait go");
         state().singleInfo = StateFixture::playlist({u"a"_s, u"b"_s});
@@ -195,7 +195,7 @@ private Q_SLOTS:
         QCOMPARE(state().downloadProgress(), 1.0);
     }
 
-    void progressLeavesTheStatusButTheDisplayFollowsTheLastCall()
+    void theDisplayFollowsProgressButTheStatusDoesNot()
     {
         const auto downloading = DownloadUIStatus(Status::Running{});
         const auto processing = DownloadUIStatus(Status::Processing{});
@@ -239,7 +239,7 @@ private Q_SLOTS:
         }
     }
 
-    void aFetchInMidRunSetsIdleWhileTheRunGoesOn()
+    void aFetchInMidRunSetsIdle()
     {
         tool().respond("on 1 wait go\n"
                        "on 1 exit 0\n"
@@ -256,7 +256,7 @@ private Q_SLOTS:
         QCOMPARE(state().history().first().title, u"Title a"_s); // not what was fetched since
     }
 
-    void aResetInMidRunClearsTheFlagsAndTheRunGoesOn()
+    void aResetInMidRunClearsTheFlags()
     {
         tool().respond("wait go");
         state().singleInfo = StateFixture::video(u"a"_s);
@@ -279,7 +279,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!state().history().isEmpty(), patience);
     }
 
-    void aSecondStartInMidRunIsNotRefused()
+    void aSecondStartInMidRunIsAllowed()
     {
         tool().respond("wait go");
         state().singleInfo = StateFixture::video(u"a"_s);

@@ -54,7 +54,7 @@ private Q_SLOTS:
     }
     void init() { m_portal.scheme = dark; }
 
-    void anAnswerThatComesLateIsTakenAllTheSame()
+    void aLateAnswerIsStillUsed()
     {
         const SystemAppearance system;
         QVERIFY(!system.isDark());
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!system.isDark(), patience);
     }
 
-    void onlyLightAndDarkAreKeptAgainstTheSystem_data()
+    void onlyLightAndDarkOverrideTheSystem_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QPair<bool, bool>>("darkInADarkAndALightSystem");
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QTest::newRow("any other") << u"sepia"_s << Both(true, false);
     }
 
-    void onlyLightAndDarkAreKeptAgainstTheSystem()
+    void onlyLightAndDarkOverrideTheSystem()
     {
         using Both = QPair<bool, bool>;
         QFETCH(QString, stored);

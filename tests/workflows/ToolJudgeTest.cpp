@@ -39,7 +39,7 @@ private Q_SLOTS:
         QCOMPARE(m_tool->calls(), QList<QStringList>{{u"--version"_s}});
     }
 
-    void theToolRunsInTheEnvironmentOfEveryRun()
+    void theToolRunsInTheUsualEnvironment()
     {
         m_tool->respond("print 2026.08.19");
         judged();
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(judged().failure, StartFailure::isFolder);
     }
 
-    void aFileThatIsNotExecutableIsNotRun()
+    void aNonExecutableFileIsNotRun()
     {
         QFile::setPermissions(m_tool->path(), QFile::ReadOwner);
         QCOMPARE(judged().failure, StartFailure::notExecutable);
@@ -77,7 +77,7 @@ private Q_SLOTS:
         environment[u"PATH"_s] = u"/usr/bin:/bin"_s;
     }
 
-    void aPythonOfItsOwnThatIsGoneIsAnotherFailure()
+    void aMissingInterpreterIsAnotherFailure()
     {
         replaceBy("#!/nowhere/venv/bin/python\nprint('2026.08.19')\n");
         const ToolReport report = judged();
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(judged().failure, StartFailure::oldPython);
     }
 
-    void anythingElseIsToldInTheToolsLastWords()
+    void otherFailuresUseTheToolsLastWords()
     {
         m_tool->respond("stderr bytes Traceback:\\n  more\\nModuleNotFoundError: No module\\n\\n\n"
                         "exit 3");
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(report.failureText, u"ModuleNotFoundError: No module"_s);
     }
 
-    void aFileThatIsNoProgramFailsInTheSystemsWords()
+    void aNonProgramFailsInTheSystemsWords()
     {
         replaceBy("\x7f"
                   "ELF that is none");
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QVERIFY(!isAlive(m_tool->processIdentifiers().first()));
     }
 
-    void aToolThatNeverStopsTalkingIsEndedAndIsOfUnknownAge()
+    void aToolThatFloodsIsEnded()
     {
         m_tool->respond("forever print 2026.08.19");
         const ToolReport report = judged();
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QVERIFY(!report.version.isDated());
     }
 
-    void aToolThatHasNotChangedIsNotAskedAgain()
+    void anUnchangedToolIsNotAskedAgain()
     {
         m_tool->respond("print 2026.08.19");
         judged();
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(last().version.text, u"2026.09.01"_s);
     }
 
-    void aToolWhoseRightsHaveChangedIsAskedAgain()
+    void changedPermissionsAreAReasonToAskAgain()
     {
         m_tool->respond("print 2026.08.19");
         judged();
@@ -197,7 +197,7 @@ private Q_SLOTS:
         QCOMPARE(last().obstacle, Obstacle::comesFirst);
     }
 
-    void aLookDuringARunWaitsForItsEnd()
+    void aLookDuringARunWaits()
     {
         m_tool->respond("wait go\n"
                         "print 2026.08.19");

@@ -49,7 +49,7 @@ private Q_SLOTS:
         QVERIFY(!m_keeper->isComplaintDue());
     }
 
-    void aChangedToolIsSeenWhenTheSettingsOpen()
+    void openingTheSettingsNoticesAChangedTool()
     {
         QVERIFY(begin());
         setTool("2026.08.01");
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_keeper->status(), ToolStatus::doesNotStart, patience);
     }
 
-    void aFailureThatAgeMayExplainIsHintedAtOnceForAVersion()
+    void ageIsHintedAtOncePerVersion()
     {
         setTool("2026.03.01", "fail ERROR: Unable to extract uploader id");
         QVERIFY(begin());
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(m_keeper->isHintDue(), patience);
     }
 
-    void aFailureOfAnotherCauseIsNotHintedAt()
+    void failuresOfOtherCausesGiveNoHint()
     {
         setTool("2026.03.01", "fail ERROR: Private video. Sign in");
         QVERIFY(begin());
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::none);
     }
 
-    void theHintGoesWithTheUpdateThatItLedTo()
+    void theHintGoesWithItsUpdate()
     {
         setTool("2026.03.01", "fail ERROR: Unable to extract");
         QVERIFY(begin());
@@ -187,7 +187,7 @@ private Q_SLOTS:
         QVERIFY(!m_keeper->isHintDue());
     }
 
-    void aFailureThatComesAfterTheUpdateMayBeRepeated()
+    void failuresAfterTheUpdateCanBeRepeated()
     {
         setTool("2023.03.04", "wait go\nexit 1");
         QVERIFY(begin());
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
     }
 
-    void aQueueThatGoesOnDoesNotHideThatTheToolIsReady()
+    void aRunningQueueKeepsTheReadyNotice()
     {
         QVERIFY(begin());
         QVERIFY(update());
@@ -210,7 +210,7 @@ private Q_SLOTS:
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
     }
 
-    void aToolThatComesFirstEndsAnUpdateAtItsBeginning()
+    void anEarlierToolEndsAnUpdateAtOnce()
     {
         QVERIFY(begin());
         QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"own"_s));
@@ -220,7 +220,7 @@ private Q_SLOTS:
         QCOMPARE(m_server->requests, QStringList());
     }
 
-    void notNowIsForgottenWithTheToolThatItWasSaidOf()
+    void notNowIsForgottenWithItsTool()
     {
         QFile::rename(m_fixture->tool.path(), m_fixture->tool.file(u"aside"_s));
         QVERIFY(begin());
@@ -235,7 +235,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(m_keeper->isComplaintDue(), patience);
     }
 
-    void whatAKilledUpdateLeftIsClearedWhenItBegins()
+    void startingClearsAKilledUpdatesRemains()
     {
         QVERIFY(QDir(m_fixture->folder.path()).mkpath(u"own/.quillon-update"_s));
         QVERIFY(begin());
@@ -243,7 +243,7 @@ private Q_SLOTS:
             !QDir(m_fixture->folder.filePath(u"own/.quillon-update"_s)).exists(), patience);
     }
 
-    void aFailedUpdateSaysWhyAndMayBeRepeated()
+    void aFailedUpdateCanBeRepeated()
     {
         m_server->answers[u"yt-dlp"_s] = {{.body = {}, .status = 404}};
         QVERIFY(begin());
@@ -256,7 +256,7 @@ private Q_SLOTS:
         QCOMPARE(m_keeper->updatePhase(), ToolKeeper::UpdatePhase::ready);
     }
 
-    void aCancelledUpdateIsAsIfItHadNotBeen()
+    void aCancelledUpdateLeavesNoTrace()
     {
         m_server->answers[u"yt-dlp"_s] = {{.body = "x", .told = 100, .isHeld = true}};
         QVERIFY(begin());

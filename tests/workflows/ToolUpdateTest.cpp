@@ -38,7 +38,7 @@ private Q_SLOTS:
         QCOMPARE(m_progress.last().part, 1.0); // it never goes back
     }
 
-    void theInstalledFormHasCompiledModulesBesideTheSources()
+    void theInstalledFormHasCompiledModules()
     {
         updated();
         QCOMPARE(entries(own()), QStringList({u"__main__.py"_s, u"__main__.pyc"_s}));
@@ -71,7 +71,7 @@ private Q_SLOTS:
 
     void theSystemsProxyIsUsed()
     {
-        qputenv("http_proxy", m_server->address().toEncoded());
+        qputenv("http_proxy", m_server->url().toEncoded());
         m_source.folder = QUrl(u"http://releases.invalid/latest/"_s);
         const UpdateOutcome outcome = updated();
         qunsetenv("http_proxy");
@@ -95,7 +95,7 @@ private Q_SLOTS:
         checkRefused(u"yt-dlp could not be downloaded: the server answered 404."_s);
     }
 
-    void aBadSignatureIsRefusedAfterASecondBeginning()
+    void aBadSignatureIsRefusedAfterARetry()
     {
         answer("SHA2-256SUMS.sig", {.body = m_signer->signatureOf("something else")});
         checkRefused(u"The new yt-dlp was not used: its signature is not good."_s);
@@ -123,14 +123,14 @@ private Q_SLOTS:
         checkRefused(u"The new yt-dlp was not used: its signature is not good."_s);
     }
 
-    void aWrongSumIsRefusedAfterASecondBeginning()
+    void aWrongSumIsRefusedAfterARetry()
     {
         answer("yt-dlp", {.body = zippedTool(versionCode("2026.08.20"))});
         checkRefused(u"The new yt-dlp was not used: it is not what was released."_s);
         QCOMPARE(m_server->requests.count(u"/yt-dlp"_s), 2);
     }
 
-    void aReleaseThatAppearsInBetweenIsTakenAtTheSecondBeginning()
+    void aReleaseAppearingMeanwhileIsTakenOnRetry()
     {
         const QByteArray newer = zippedTool(versionCode("2026.08.20"));
         const QByteArray sums = sumsOf(newer);
@@ -173,14 +173,14 @@ private Q_SLOTS:
         checkRefused(u"The new yt-dlp was not used: it does not answer."_s);
     }
 
-    void anOlderToolThanTheOneThatIsHereIsRefused()
+    void aToolOlderThanTheInstalledIsRefused()
     {
         m_present = versionFromOutput("2026.08.20");
         checkRefused(u"The new yt-dlp was not used: the latest release, 2026.08.19, is older than "
                      "what is here, 2026.08.20."_s);
     }
 
-    void aToolThatTheSiteDoesNotAnswerIsRefused()
+    void aToolTheSiteRejectsIsRefused()
     {
         offer(*m_server, *m_signer, zippedTool(versionCode("2026.01.30")));
         checkRefused(u"The new yt-dlp was not used: YouTube does not answer the latest release, "

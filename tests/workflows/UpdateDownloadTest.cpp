@@ -16,7 +16,7 @@ private Q_SLOTS:
         checkRefused(u"yt-dlp could not be downloaded: the server answered 404."_s);
     }
 
-    void aServerThatIsNotThereIsAnError()
+    void aMissingServerIsAnError()
     {
         m_server->close();
         checkRefused(u"yt-dlp could not be downloaded: Connection refused."_s);
@@ -25,8 +25,8 @@ private Q_SLOTS:
     void aRedirectToHttpIsNotFollowed()
     {
         ReleaseServer second;
-        answer("yt-dlp", {.status = 302, .location = second.address().toEncoded()});
-        checkRefused(u"yt-dlp could not be downloaded: the server leads to an unsafe address."_s);
+        answer("yt-dlp", {.status = 302, .location = second.url().toEncoded()});
+        checkRefused(u"yt-dlp could not be downloaded: the server leads to an unsafe URL."_s);
         QCOMPARE(second.requests, QStringList());
     }
 
@@ -44,7 +44,7 @@ private Q_SLOTS:
         checkRefused(u"yt-dlp could not be downloaded: nothing came for 1 seconds."_s);
     }
 
-    void aServerThatStopsInTheMiddleIsGivenUp()
+    void aStalledServerIsGivenUp()
     {
         m_source.longestSilence = 300ms;
         answer("yt-dlp", {.body = QByteArray(5000, 'x'), .told = 9000, .isHeld = true});
@@ -57,7 +57,7 @@ private Q_SLOTS:
         checkRefused(u"yt-dlp could not be downloaded: Connection closed."_s);
     }
 
-    void aBodyThatIsSaidToBeTooLongIsNotRead()
+    void anAnnouncedOversizeBodyIsNotRead()
     {
         answer("yt-dlp", {.body = "x", .told = 20'000'001, .isHeld = true});
         checkRefused(u"yt-dlp could not be downloaded: what came is too large to be yt-dlp."_s);

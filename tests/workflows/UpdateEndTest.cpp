@@ -39,8 +39,8 @@ private Q_SLOTS:
         checkOld();
     }
 
-    void aKilledUpdateLeavesTheOldToolAndIsClearedAtTheNextStart_data() { steps(); }
-    void aKilledUpdateLeavesTheOldToolAndIsClearedAtTheNextStart()
+    void aKilledUpdateLeavesTheOldTool_data() { steps(); }
+    void aKilledUpdateLeavesTheOldTool()
     {
         QFETCH(QString, step);
         prepareOld();
@@ -53,7 +53,7 @@ private Q_SLOTS:
         victim.setProcessEnvironment(environment);
         victim.start(
             QCoreApplication::applicationFilePath(),
-            {u"--update"_s, m_server->address().toString(), m_home->filePath(u"key"_s), own()});
+            {u"--update"_s, m_server->url().toString(), m_home->filePath(u"key"_s), own()});
         QVERIFY(victim.waitForStarted());
         QVERIFY(waitForStep(step));
         victim.kill();

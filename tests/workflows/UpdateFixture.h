@@ -27,7 +27,7 @@ protected:
         m_environment = {{u"PATH"_s, m_home->filePath(u"bin"_s) + u":/usr/bin:/bin"_s},
                          {u"HOME"_s, m_home->path()},
                          {u"LANG"_s, u"en_US.UTF-8"_s}};
-        m_source = {.folder = m_server->address(), .key = m_signer->key};
+        m_source = {.folder = m_server->url(), .key = m_signer->key};
         offer(*m_server, *m_signer, zippedTool(versionCode("2026.08.19")));
     }
 

@@ -61,20 +61,20 @@ private Q_SLOTS:
         QCOMPARE(m_server->requests.count(u"/yt-dlp"_s), 0);
     }
 
-    void aGpgvThatSaysYesToEverythingByItsExitCodeAloneIsNotBelieved()
+    void gpgvsExitCodeAloneIsNotBelieved()
     {
         stub(u"gpgv"_s, "exit 0");
         checkRefused(u"The new yt-dlp was not used: its signature is not good."_s);
     }
 
-    void aFolderThatCannotBeMadeIsAnError()
+    void anUncreatableFolderIsAnError()
     {
         writeFile(m_home->filePath(u".local"_s), "a file");
         const UpdateOutcome outcome = updated();
         QCOMPARE(outcome.error, u"The folder %1 could not be made."_s.arg(QFileInfo(own()).path()));
     }
 
-    void aFolderThatCannotBeWrittenIsAnError()
+    void aReadOnlyFolderIsAnError()
     {
         m_ownPath = u"/proc/yt-dlp"_s; // not even by root
         const UpdateOutcome outcome = updated();
@@ -82,7 +82,7 @@ private Q_SLOTS:
         QVERIFY2(outcome.error.startsWith(u"/proc cannot be written: "), qPrintable(outcome.error));
     }
 
-    void aDiskThatIsFullDuringTheDownloadIsAnError()
+    void aFullDiskWhileDownloadingIsAnError()
     {
         prepareOld();
         answer("yt-dlp", {.body = QByteArray(500'000, 'x')});
@@ -90,7 +90,7 @@ private Q_SLOTS:
         checkRefused(u"There is no room left on the disk for a new yt-dlp."_s);
     }
 
-    void aDiskThatIsFullWhenTheToolIsPreparedIsAnError()
+    void aFullDiskWhilePreparingIsAnError()
     {
         prepareOld();
         // Small as a zip, large as a compiled module.

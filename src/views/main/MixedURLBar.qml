@@ -3,7 +3,7 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// Lets the user choose between the video and the playlist of a mixed address.
+// Lets the user choose between the video and the playlist of a mixed URL.
 Rectangle {
     id: root
 

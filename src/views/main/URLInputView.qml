@@ -4,7 +4,7 @@ import Quillon.Presentation
 import Quillon.Shared
 
 // The mode switch, the field and its button, and under them the choice that a
-// mixed address offers.
+// mixed URL offers.
 FocusScope {
     id: root
 

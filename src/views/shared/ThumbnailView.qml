@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// A picture from an address, with the duration in its corner. Whoever uses it
+// A picture from a URL, with the duration in its corner. Whoever uses it
 // sets its size.
 Item {
     id: root
