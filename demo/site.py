@@ -129,7 +129,7 @@ def main() -> None:
     Handler.media = ensure_media(arguments.media)
     server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
     server.daemon_threads = True
-    address = f"http://127.0.0.1:{server.server_address[1]}"
+    url = f"http://127.0.0.1:{server.server_address[1]}"
     install_plugin(arguments.home, url)
     print(url, flush=True)
     try:

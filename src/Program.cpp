@@ -12,6 +12,7 @@
 #include "TerminationSignals.h"
 #include "ThumbnailProvider.h"
 #include "ToolKeeper.h"
+#include "ToolNotice.h"
 #include "ToolPresenter.h"
 
 #include <QFileInfo>
@@ -31,9 +32,9 @@ namespace {
 
 constexpr std::chrono::milliseconds restAfterFirstFrame{500};
 
-// The C library gives every thread a heap of its own, and none gives back what it once
-// took: in half an hour of work that came to 160 MB (docs/reliability.md). There is too
-// little to allocate at a time for one heap to make anybody wait.
+// The C library gives every thread a heap of its own and returns none of it: in half an
+// hour of work that added up to 160 MB (docs/reliability.md). Too little is allocated at
+// a time for threads to wait for one shared heap.
 void shareOneHeap()
 {
 #ifdef M_ARENA_MAX
@@ -41,7 +42,7 @@ void shareOneHeap()
 #endif
 }
 
-// A desktop that names no font of its own gets one that is made for screens.
+// A desktop that names no font of its own gets one made for screens.
 void chooseFont()
 {
     QFont font = QGuiApplication::font();
@@ -51,8 +52,8 @@ void chooseFont()
     }
 }
 
-// Reading the system's fonts is a good part of the start; it goes on beside the
-// loading of the views.
+// Reading the system's fonts takes a good part of the start, so it runs while the views
+// load.
 void readFontsAhead()
 {
     QThreadPool::globalInstance()->start([font = QGuiApplication::font()] {
@@ -60,7 +61,7 @@ void readFontsAhead()
     });
 }
 
-// What can wait until the window is seen.
+// What can wait until the window is visible.
 template<typename Action>
 void afterFirstFrame(const QQuickWindow &window, QObject &context, Action action)
 {
@@ -69,7 +70,7 @@ void afterFirstFrame(const QQuickWindow &window, QObject &context, Action action
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
-// In all the sizes that a desktop takes.
+// In every size that desktops ask for.
 void drawIcon()
 {
     QGuiApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
@@ -86,11 +87,13 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     QGuiApplication application(argc, argv);
     chooseFont();
 
-    // Before the preferences are read: one that is about to end may still write them.
+    // Before the preferences are read: an instance that is about to end may still write
+    // them.
     SingleInstance instance(QFileInfo(Preferences::standardPath()).path());
     if (!instance.isFirst())
         return 0;
-    readFontsAhead(); // not in one that ends at once: its fonts would go before that is done
+    readFontsAhead(); // not in an instance that ends at once: its fonts would be gone before this
+                      // is done
     Preferences &preferences = Preferences::standard();
 
     const TerminationSignals terminationSignals;
@@ -104,18 +107,20 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     ToolKeeper::Parts toolParts = ToolKeeper::Parts::standard();
     toolParts.source = setup.releases;
     ToolKeeper toolKeeper(app.state(), preferences, toolParts);
-    ToolPresenter toolModel(toolKeeper);
-    NoticePresenter notices(toolKeeper);
+    ToolPresenter toolPresenter(toolKeeper);
+    const ToolNotice toolNotice(toolKeeper);
+    NoticePresenter notices({&toolNotice});
 
     const MainWindow mainWindow(app, appearance, new ThumbnailProvider(setup.pictures),
-                                {.notices = &notices, .tool = &toolModel});
+                                {.notices = &notices, .tool = &toolPresenter});
     if (!mainWindow.window()) {
         qCritical("Quillon's window could not be made; its files are incomplete.\n%s",
                   qUtf8Printable(mainWindow.errors()));
         return 1;
     }
     afterFirstFrame(*mainWindow.window(), application, drawIcon);
-    // The first look takes a core for a moment, so it comes when the window is at rest.
+    // The first look at the tool keeps a core busy for a moment, so it waits until the
+    // window is idle.
     afterFirstFrame(*mainWindow.window(), toolKeeper, [&toolKeeper] {
         QTimer::singleShot(restAfterFirstFrame, &toolKeeper, &ToolKeeper::begin);
     });

@@ -4,13 +4,13 @@
 #include "PictureSource.h"
 #include "ToolRelease.h"
 
-/// What the program is told from outside, which nobody who uses it can change.
+/// What the program is told from outside and its users cannot change.
 struct ProgramSetup
 {
     ReleaseSource releases = ReleaseSource::official();
     PictureSource pictures = {};
 };
 
-/// Makes the program of its parts and runs it until its window is closed; returns the
-/// exit status. The composition root.
+/// The composition root: makes the parts of the program and runs it until its window is
+/// closed. Returns the exit status.
 int runProgram(int argc, char *argv[], const ProgramSetup &setup);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Program.h"
 
-/// The demonstration and the tests say where their video site is, "--local-pictures
+/// The demonstration and the tests name their video site with "--local-pictures
 /// HOST:PORT", since pictures from this machine are otherwise refused.
 int main(int argc, char *argv[])
 {

@@ -50,7 +50,7 @@ void AppState::spawn(std::function<QCoro::Task<>()> start)
 
 void AppState::postUnlessClosing(std::function<void()> action)
 {
-    // Of a state that is gone the mailbox is closed, and drops this.
+    // The mailbox of a state that is gone is closed and drops this.
     m_mailbox->post([this, action = std::move(action)] {
         if (!m_isClosing)
             action();

@@ -37,15 +37,15 @@ struct AppStateParts
     Preferences *preferences;
     PlatformServices platform;
 
-    /// The program's: the shared service, the user's preferences, the desktop.
+    /// The program's own: the shared service, the user's preferences, the desktop.
     static AppStateParts standard();
 };
 
-/// All state that the screens show, and every operation that they call. Lives
-/// on the main thread. Every assignment of a published property notifies.
+/// All state that the screens show, and every operation that they call. Lives on the main
+/// thread. Every assignment of a published property notifies.
 ///
-/// Operations that take time return at once and go on as coroutines; the
-/// destructor ends what they wait for and lets each of them finish.
+/// Operations that take time return at once and continue as coroutines; the destructor
+/// ends what they wait for and lets each of them finish.
 class AppState : public QObject
 {
     Q_OBJECT
@@ -58,7 +58,7 @@ public:
     using DownloadFractions = QMap<QString, double>;
     using History = QList<HistoryItem>;
 
-    /// On the parts of the program.
+    /// On the program's own parts.
     AppState();
     explicit AppState(AppStateParts parts);
     ~AppState() override;
@@ -82,8 +82,8 @@ public:
     PUBLISHED(AppState, QualityOption, selectedQuality, QualityOption::best(MediaFormat::mp4))
     PUBLISHED(AppState, EntrySelection, selectedPlaylistItems)
 
-    // The running download of single mode. Pause, title, index and total serve
-    // the queue, too.
+    // The running download of single mode. The queue shares pause, title, index and
+    // total.
     PUBLISHED(AppState, bool, isDownloading, false)
     PUBLISHED(AppState, double, downloadProgress, 0.0)
     PUBLISHED(AppState, QString, downloadSpeed)
@@ -166,27 +166,27 @@ public:
     void fetchSingleInfo();
     /// Downloads the fetched video, or the selected entries of a playlist.
     void startSingleDownload();
-    /// Forgets the last run. One that is going on goes on.
+    /// Forgets the last run. A run in progress continues.
     void resetDownload();
 
     // Multi mode (Queue.cpp).
     /// Puts a URL at the end of the queue and fetches what it is; a playlist
     /// gives way to its entries. Blank text does nothing.
     void addURLToQueue(const QString &url);
-    /// Downloads every entry that is not being fetched or downloaded, finished and failed
-    /// ones included. During a run, or with an empty queue, it does nothing.
+    /// Downloads every entry that is not being fetched or downloaded, including finished
+    /// and failed ones. Does nothing during a run or with an empty queue.
     void startQueueDownload();
     /// Removes every entry that is not being fetched or downloaded. A run that has
     /// already taken one still downloads it.
     void clearQueue();
-    /// Removes one entry. Its fetch or download continues without being shown.
+    /// Removes one entry. Its fetch or download continues unseen.
     void removeFromQueue(const QUuid &id);
 
     // Browse mode (Browse.cpp).
     /// Searches for the query; while a search is going on, or for a blank one, it
     /// does nothing.
     void searchYouTube();
-    /// Downloads a result at its best. The same download does not run twice at
+    /// Downloads a result in the best quality. The same download never runs twice at
     /// once; one that has ended may be repeated.
     void browseDownload(const SearchResult &result, bool isAudio);
 
@@ -196,12 +196,12 @@ public:
     /// Plays a result, or stops the one that is playing or loading.
     void playBrowseResult(SearchResult result);
     void stopPlayback();
-    /// Plays the result behind the one that has ended, if there is one.
+    /// Plays the result after the one that has ended, if there is one.
     void playNext();
 
     // Pause (Pause.cpp).
-    /// Stops the running download's process, or lets it go on. The flag flips
-    /// also when there is no process to signal.
+    /// Stops the running download's process, or lets it continue. The flag is toggled
+    /// even when there is no process to signal.
     void togglePause();
 
 private:
@@ -210,22 +210,22 @@ private:
     [[nodiscard]] QCoro::Task<> fetch(QString url, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> run(SingleRun singleRun);
     [[nodiscard]] QCoro::Task<> downloadTask(SingleRun singleRun, qsizetype position);
-    /// Makes a request of the service and tells of its failure. What awaits it while the
-    /// state closes ends there.
+    /// Makes a request of the service and reports its failure. A coroutine that awaits it
+    /// ends there once the state is closing.
     template<typename Value>
     ReplyAwaiter<Value> request(std::function<void(Completion<Value>)> start);
     ReplyAwaiter<VideoInfo> requestInfo(const QString &url, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> fetchForQueue(std::shared_ptr<DownloadItem> item);
     [[nodiscard]] QCoro::Task<> runQueue(QueueRun queueRun);
     [[nodiscard]] QCoro::Task<> downloadItem(QueueRun queueRun, qsizetype position);
-    /// What a running download reports; called on the main thread, and no more when the
-    /// state is closing.
+    /// What a running download reports. Called on the main thread, and not once the state
+    /// is closing.
     struct DownloadReports
     {
         ProgressHandler onProgress;
         ProcessingHandler onProcessing;
     };
-    /// Downloads one file, with the settings of now; yields its path, or an empty one.
+    /// Downloads one file with the current settings; yields its path, which may be empty.
     ReplyAwaiter<QString> requestDownload(const DownloadJob &job, const DownloadReports &reports);
     [[nodiscard]] QCoro::Task<> search(QString query);
     ReplyAwaiter<Results> requestSearch(const QString &query, int limit);
@@ -240,11 +240,12 @@ private:
     void showProcessing();
     void setLastReport(Report report);
     void endRun(const DownloadUIStatus &status);
-    /// Ends the pause, whoever asks for it: no process stays stopped without the flag.
+    /// Ends the pause, whoever asks for it, so that no process stays stopped without the
+    /// flag.
     void unsetPause();
 
-    /// Starts a coroutine from the event loop's next turn and looks after it;
-    /// `start` is not called when the state has begun to close.
+    /// Starts a coroutine in the event loop's next turn and looks after it; `start` is
+    /// not called once the state is closing.
     void spawn(std::function<QCoro::Task<>()> start);
     /// Any thread.
     void postUnlessClosing(std::function<void()> action);

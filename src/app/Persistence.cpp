@@ -18,8 +18,8 @@ void AppState::loadSettings()
     speedLimit = m_preferences.string(speedLimitKey).value_or(u"0"_s);
     notificationsEnabled = m_preferences.boolean(notificationsKey).value_or(true);
     cookiesBrowser = m_preferences.string(cookiesBrowserKey).value_or(u"none"_s);
-    // A stored 0 means unlimited while the program runs and is not told from an
-    // absent value when it starts.
+    // A stored 0 means unlimited while the program runs, but at the start it cannot be
+    // told from a missing value.
     const qint64 limit = m_preferences.integer(historyLimitKey);
     historyLimit = limit == 0 ? standardHistoryLimit : limit;
 }

@@ -20,9 +20,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A blob is an object with one of these members, so that it is told from text
-// and a person can still read a short one. JSON inside of JSON, with an escape
-// for every quotation mark, takes twice as long to read back as compressed.
+// A blob is an object with one of these members, which distinguishes it from text and
+// keeps a short one readable. JSON inside JSON, with every quotation mark escaped, takes
+// twice as long to read back as compressed data.
 const QString textMember = u"utf8"_s;
 const QString compressedMember = u"compressed"_s;
 constexpr QFile::Permissions ownerAlone = QFile::ReadOwner | QFile::WriteOwner;
@@ -54,7 +54,7 @@ QString numberText(double number)
     return QString::number(number, 'g', QLocale::FloatingPointShortest);
 }
 
-/// A name beside the file that is not taken.
+/// A free name beside the file.
 QString asideName(const QString &path)
 {
     const QString stamp = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmss"_s);
@@ -112,7 +112,7 @@ qint64 Preferences::integer(const QString &key) const
         return value.toString().trimmed().toLongLong();
     if (value.isBool())
         return value.toBool() ? 1 : 0;
-    // toInteger() has no answer for fractions and for what 64 bits cannot hold.
+    // toInteger() has no answer for fractions and for numbers beyond 64 bits.
     const double number = std::clamp(std::trunc(value.toDouble()), -9.0e18, 9.0e18);
     return value.toInteger(static_cast<qint64>(number));
 }
@@ -166,7 +166,8 @@ void Preferences::load()
     QFile file(m_path);
     if (!file.exists())
         return;
-    file.setPermissions(ownerAlone); // an earlier release, or whoever wrote it, may not have
+    file.setPermissions(
+        ownerAlone); // an earlier release, or another program, may have left it readable to others
     const QJsonDocument document =
         file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()) : QJsonDocument();
     m_isDamaged = !document.isObject();
@@ -191,7 +192,7 @@ void Preferences::scheduleWrite()
 {
     {
         const std::scoped_lock lock(m_mutex);
-        // As bytes: no JSON value is shared by two threads.
+        // As bytes, so that no JSON value is shared between threads.
         m_unwritten = {.values = QJsonDocument(m_values).toJson(), .blobs = m_blobs};
     }
     m_writer.post([this] { write(); });
@@ -217,7 +218,7 @@ void Preferences::write()
         const std::scoped_lock lock(m_mutex);
         content = std::exchange(m_unwritten, std::nullopt);
     }
-    // Else the write before took this change along.
+    // Otherwise an earlier write has included this change.
     if (content && !writeFile(*content))
         keepUnwritten(std::move(*content));
 }
@@ -225,7 +226,7 @@ void Preferences::write()
 void Preferences::keepUnwritten(Content content)
 {
     const std::scoped_lock lock(m_mutex);
-    if (!m_unwritten) // else something newer has come meanwhile
+    if (!m_unwritten) // otherwise there has been a newer change
         m_unwritten = std::move(content);
 }
 
@@ -240,7 +241,7 @@ bool Preferences::writeFile(const Content &content)
     }
     QDir().mkpath(QFileInfo(m_path).path());
     if (m_isDamaged) {
-        // Whatever can still be saved of it is the user's.
+        // Whatever can still be saved belongs to the user.
         if (!QFile::rename(m_path, asideName(m_path)) && QFile::exists(m_path))
             return false;
         m_isDamaged = false;
@@ -248,7 +249,7 @@ bool Preferences::writeFile(const Content &content)
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    // What somebody watches and where is nobody else's business.
+    // What somebody watches is nobody else's business.
     file.setPermissions(ownerAlone);
     file.write(QJsonDocument(values).toJson());
     return file.commit();

@@ -14,21 +14,19 @@
 #include <mutex>
 #include <optional>
 
-/// The user's preferences: a flat file of keys whose values keep their types.
-/// Used on one thread. Another thread writes the file, atomically and soon after each
-/// change; flush() waits for it. A write that fails, on a full disk for example, is not
-/// reported. It is repeated with the next change, every half minute, and by flush().
+/// The user's preferences: a flat file of keys whose values keep their types. Used on one
+/// thread. Another thread writes the file, atomically and soon after each change; flush()
+/// waits for it. A failed write, on a full disk for example, is not reported; it is
+/// retried with the next change, every half minute, and by flush().
 class Preferences
 {
     Q_DISABLE_COPY_MOVE(Preferences)
 
 public:
-    /// Makes a blob's bytes; called on any thread. Nothing: the blob stays as
-    /// it was.
+    /// Makes a blob's bytes; called on any thread. Nothing: the blob stays as it was.
     using BlobEncoder = std::function<std::optional<QByteArray>()>;
 
-    /// The store of the user who runs the program; it ends with the application
-    /// object.
+    /// The current user's store; it ends with the application object.
     static Preferences &standard();
     static QString standardPath();
 
@@ -54,7 +52,7 @@ public:
     /// the writing thread.
     void setBlob(const QString &key, BlobEncoder encode);
 
-    /// Writes what is not written yet; returns when that is done or has failed.
+    /// Writes what is still unwritten; returns when that has succeeded or failed.
     void flush();
 
 private:
@@ -80,9 +78,9 @@ private:
     std::mutex m_mutex;
     std::optional<Content> m_unwritten;
 
-    // The writing thread's, once that has begun:
+    // Belongs to the writing thread once it has started:
     bool m_isDamaged = false;
-    QJsonObject m_encodedBlobs; // as last encoded with success
+    QJsonObject m_encodedBlobs; // as last encoded successfully
 
-    Worker m_writer; // last: its thread ends before the rest goes
+    Worker m_writer; // last: its thread ends before the members above are destroyed
 };

@@ -3,8 +3,8 @@
 
 #include "AppState.h"
 
-/// The program: owns the application state for its whole life and carries the
-/// commands of the menu bar with the rules that enable them.
+/// The program: owns the application state for its whole life, and the commands of the
+/// menu bar with the rules that enable them.
 class QuillonApp : public QObject
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class QuillonApp : public QObject
     Q_PROPERTY(QString versionText READ versionText CONSTANT)
 
 public:
-    /// Asks for permission to notify, then makes the state.
+    /// Requests permission to notify, then makes the state.
     explicit QuillonApp(AppStateParts parts);
 
     [[nodiscard]] AppState &state() { return m_state; }
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] bool canStartDownload() const;
     [[nodiscard]] bool canPause() const;
     [[nodiscard]] QString pauseTitle() const;
-    /// What the About window says of the version.
+    /// The version as the About window shows it.
     [[nodiscard]] static QString versionText();
 
     Q_INVOKABLE void fetchInfo();

@@ -27,7 +27,7 @@ void Retry::repeat()
         m_state.fetchSingleInfo();
     } else if (hasFailedPlayback()) {
         const SearchResult result = *m_state.nowPlaying();
-        m_state.stopPlayback(); // chosen as it is, choosing it would only stop it
+        m_state.stopPlayback(); // as it is the chosen one, choosing it again would only stop it
         m_state.playBrowseResult(result);
     } else if (hasFailedSearch()) {
         m_state.searchYouTube();

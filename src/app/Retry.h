@@ -6,8 +6,8 @@
 
 class AppState;
 
-/// Repeats what has failed, as long as the screen still holds what it was asked for.
-/// Main thread; the state outlives it.
+/// Repeats what has failed, as long as the screen still shows what was asked for. Main
+/// thread; the state outlives it.
 class Retry : public QObject
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ class Retry : public QObject
 public:
     explicit Retry(AppState &state);
 
-    /// Whether the screen of the current mode shows the failure of a fetch, a search or a
-    /// playback of just what it holds. A download has a button of its own.
+    /// Whether the current mode's screen shows the failure of a fetch, a search or a
+    /// playback of exactly what it holds. Downloads have buttons of their own.
     [[nodiscard]] bool isPossible() const;
     void repeat();
 
@@ -26,6 +26,6 @@ private:
     [[nodiscard]] bool hasFailedPlayback() const;
 
     AppState &m_state;
-    QString m_url; // of the last fetch
-    QString m_query;   // of the last search
+    QString m_url;   // of the last fetch
+    QString m_query; // of the last search
 };

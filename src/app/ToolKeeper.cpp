@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString notNowKey = u"quillon.toolNotNow"_s;
-constexpr std::chrono::hours lookInterval{24}; // ages go on while the window stays open
+constexpr std::chrono::hours lookInterval{24}; // the tool gets older while the window stays open
 
 } // namespace
 
@@ -36,7 +36,7 @@ ToolKeeper::ToolKeeper(AppState &state, Preferences &preferences, Parts parts)
     connect(&state, &AppState::operationStarted, this, &ToolKeeper::look);
     connect(&state, &AppState::operationFailed, this,
             [this](const QString &description, bool wasLaunched) {
-                // The tool's file may be as it was when the Python that runs it is not.
+                // The tool's file may be unchanged when the Python that runs it is not.
                 if (m_judge
                     && (!wasLaunched || description.contains(u"python", Qt::CaseInsensitive)))
                     m_judge->lookAgain();
@@ -51,7 +51,7 @@ ToolKeeper::ToolKeeper(AppState &state, Preferences &preferences, Parts parts)
           &AppState::browseSearchQueryChanged, &AppState::browseSearchErrorChanged,
           &AppState::nowPlayingChanged, &AppState::playerErrorChanged})
         connect(&state, signal, this, &ToolKeeper::changed);
-    // The new tool is at work, so nobody needs to be told of it any more.
+    // The new tool is working, so its news is old.
     for (const auto signal : {&AppState::isFetchingChanged, &AppState::isBrowseSearchingChanged,
                               &AppState::isLoadingStreamChanged})
         connect(&state, signal, this, &ToolKeeper::closeNewsOfUpdate);
@@ -162,7 +162,7 @@ void ToolKeeper::showReport(const ToolReport &report)
         m_isHintDue = false;
     m_report = report;
     const QString refused = m_preferences.string(notNowKey).value_or(QString());
-    if (!refused.isEmpty() && refused != nameOf(report)) // it was said of another one
+    if (!refused.isEmpty() && refused != nameOf(report)) // it was about another tool
         m_preferences.setString(notNowKey, QString());
     Q_EMIT changed();
 }
@@ -183,7 +183,7 @@ void ToolKeeper::showOutcome(const UpdateOutcome &outcome)
 {
     m_update.reset();
     m_outcome = outcome;
-    if (outcome.isSuccess()) { // known before it is looked at
+    if (outcome.isSuccess()) { // known before the tool is looked at
         m_report.emplace();
         m_report->path = m_parts.places.ownPath;
         m_report->exists = true;

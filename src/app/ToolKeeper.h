@@ -16,7 +16,7 @@ class Mailbox;
 class Preferences;
 class QSocketNotifier;
 
-/// Knows the tool's condition, and renews it when the user wants that. Watches the
+/// Knows the tool's condition, and updates it when the user wants that. Watches the
 /// state's operations, which know nothing of it. Main thread.
 class ToolKeeper : public QObject
 {
@@ -29,7 +29,7 @@ public:
         ReleaseSource source;
         std::function<QDate()> today;
 
-        /// The program's.
+        /// The program's own.
         static Parts standard();
     };
     enum class UpdatePhase { none, running, ready, failed };
@@ -38,35 +38,35 @@ public:
     ToolKeeper(AppState &state, Preferences &preferences, Parts parts);
     ~ToolKeeper() override;
 
-    /// From here on the tool is looked at. Nothing of that is on the way of anybody, but
-    /// a start is quicker without it.
+    /// From here on the tool is watched. None of that delays anything, but a start is
+    /// quicker without it.
     void begin();
 
-    /// The tool as last judged; nothing before that.
+    /// The tool as last judged; nothing before the first judgement.
     [[nodiscard]] const std::optional<ToolReport> &report() const { return m_report; }
     [[nodiscard]] QDate today() const { return m_parts.today(); }
     /// `unknown` before the tool has been judged.
     [[nodiscard]] ToolStatus status() const;
     [[nodiscard]] bool canUpdate() const;
 
-    /// Whether the user is to be told that the tool is of no use.
+    /// Whether to tell the user that the tool is unusable.
     [[nodiscard]] bool isComplaintDue() const;
-    /// Whether the user is to be told that the tool is old: something has failed that this
-    /// may explain. Once for a version.
+    /// Whether to tell the user that the tool is old: something has failed for which this
+    /// may be the reason. Once per version.
     [[nodiscard]] bool isHintDue() const { return m_isHintDue && status() == ToolStatus::old; }
-    /// Nothing more of this tool, until it is another one.
+    /// No more about this tool until it changes.
     void notNow();
     /// Takes notNow() back.
     void remind();
 
     [[nodiscard]] UpdatePhase updatePhase() const { return m_phase; }
     [[nodiscard]] const UpdateProgress &updateProgress() const { return m_progress; }
-    /// What has come of the update that has ended.
+    /// How the update that has ended turned out.
     [[nodiscard]] const UpdateOutcome &updateOutcome() const { return m_outcome; }
-    /// Puts the latest release in its place; while that goes on, does nothing.
+    /// Installs the latest release; does nothing while that is in progress.
     void update();
     void cancelUpdate();
-    /// Forgets how the last update has ended.
+    /// Forgets how the last update ended.
     void closeUpdate();
 
     [[nodiscard]] Retry &retry() { return m_retry; }

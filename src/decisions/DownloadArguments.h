@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-/// What one download is made of.
+/// What one download consists of.
 struct DownloadRequest
 {
     QString cookiesBrowser;

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-/// The folder that the user's setting means: "~" and "~/…" are the home folder
-/// and what is below it, nothing is the first of the standard folders for
-/// downloads, else the home folder. Whether it exists is the downloader's matter.
+/// The folder that the user's setting means. "~" and "~/…" start at the home folder; an
+/// empty setting means the first of the standard download folders, else the home folder.
+/// Whether it exists is left to the downloader.
 QString downloadFolder(const QString &setting, const QString &home, const QStringList &downloads);

@@ -6,7 +6,7 @@
 
 #include <QString>
 
-/// What a download is of.
+/// What a download is about.
 struct DownloadTask
 {
     QString url;
@@ -26,5 +26,6 @@ struct DownloadJob
 QualityOption runQuality(MediaFormat format, const QualityOption &selected);
 
 /// The record of a finished file, dated now; an empty path counts as none. The path of an
-/// MP3 names the file that the sound was taken from: that is what the tool reports.
+/// MP3 names the file that the audio was extracted from, since that is what the tool
+/// reports.
 HistoryItem historyRecord(const DownloadJob &job, const QString &savedPath);

@@ -10,7 +10,7 @@
 
 using QueueItems = QList<std::shared_ptr<DownloadItem>>;
 
-/// All that a run of the queue needs, fixed at its start.
+/// All that a run of the queue needs, fixed when it starts.
 struct QueueRun
 {
     QueueItems items;
@@ -18,17 +18,15 @@ struct QueueRun
     QString folder;
 };
 
-/// Whether something is going on with an entry: it is fetched, downloaded or
-/// processed.
+/// Whether an entry is busy: it is being fetched, downloaded or processed.
 bool isActive(const DownloadStatus &status);
 
-/// The entries with which something is going on, and the others: those that a
-/// run takes, and clearing removes.
+/// The busy entries, and the others, which a run takes and clearing removes.
 QueueItems active(const QueueItems &queue);
 QueueItems inactive(const QueueItems &queue);
 
-/// The queue without the playlist's placeholder and with its entries at the end.
-/// An entry without a URL gets the placeholder's.
+/// The queue with the playlist's placeholder replaced by its entries, at the end. An
+/// entry without a URL gets the placeholder's.
 QueueItems expanded(const QueueItems &queue, const std::shared_ptr<DownloadItem> &placeholder,
                     const VideoInfo &playlist);
 

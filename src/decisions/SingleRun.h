@@ -8,18 +8,18 @@
 #include <QSet>
 #include <QString>
 
-/// All that a single-mode run needs, fixed at its start.
+/// All that a single-mode run needs, fixed when it starts.
 struct SingleRun
 {
     QList<DownloadTask> tasks;
     QualityOption quality;
     QString folder;
-    QString title; ///< what its end is announced by
+    QString title; ///< what its end is announced with
 };
 
 /// One task for a video; for a playlist one for each selected entry, in the
 /// playlist's order.
 QList<DownloadTask> runTasks(const VideoInfo &info, const QSet<QString> &selectedEntries);
 
-/// What the end of a run is announced by.
+/// What the end of a run is announced with.
 QString runTitle(const VideoInfo &info);

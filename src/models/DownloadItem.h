@@ -10,8 +10,8 @@
 
 #include <optional>
 
-/// One entry of the queue. It is shared: the queue shows it while a run works
-/// on it, and a run goes on with it when it has left the queue.
+/// One entry of the queue. It is shared: the queue shows it while a run works on it, and
+/// the run keeps it when it has left the queue.
 class DownloadItem : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     PUBLISHED(DownloadItem, std::optional<VideoInfo>, info)
     PUBLISHED(DownloadItem, DownloadStatus, status, DownloadStatus(Status::Waiting{}))
 
-    /// The video's title, or the URL while nothing more is known.
+    /// The video's title, or its URL until that is known.
     [[nodiscard]] QString title() const;
     /// The video's formatted duration, or the empty text.
     [[nodiscard]] QString duration() const;

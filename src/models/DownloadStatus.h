@@ -7,7 +7,7 @@
 
 #include <variant>
 
-/// What can be said of a download.
+/// The states of a download.
 namespace Status {
 
 struct Idle

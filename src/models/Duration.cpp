@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 QString clockText(double seconds)
 {
-    // A tool that prints garbage may print more seconds than a 64-bit number holds.
+    // Garbage from the tool may be more seconds than a 64-bit number holds.
     constexpr double longest = 9e15;
     const auto total =
         std::isnan(seconds) ? 0 : static_cast<qint64>(std::clamp(seconds, 0.0, longest));

@@ -14,7 +14,7 @@
 
 namespace {
 
-// Qt's own JSON writer sorts the keys of an object; here their order is fixed.
+// Qt's own JSON writer sorts the keys of an object; here the order is fixed.
 
 void appendString(QByteArray &json, const QString &text)
 {
@@ -68,7 +68,7 @@ void appendRecord(QByteArray &json, const HistoryItem &item)
     json.append('}');
 }
 
-// QUuid takes braces and other forms too, and answers garbage with the null UUID.
+// QUuid also accepts braces and other forms, and turns garbage into the null UUID.
 bool isIdentifier(const QString &text)
 {
     constexpr qsizetype length = 36;

@@ -14,6 +14,6 @@
 /// May be called on any thread.
 std::optional<QByteArray> encodeHistory(const QList<HistoryItem> &history);
 
-/// The records of such a document. Nothing when it is no JSON array of objects
-/// or any record lacks a key or holds a value of another kind.
+/// The records of such a document. Nothing when it is not a JSON array of objects, or
+/// when any record lacks a key or holds a value of another type.
 std::optional<QList<HistoryItem>> decodeHistory(const QByteArray &document);

@@ -3,6 +3,6 @@
 
 #include <QString>
 
-/// A fraction as whole per cent, cut off rather than rounded, with its sign:
-/// 0.999 is "99%", so that 100% is read only when it is true.
+/// A fraction as a whole percentage with its sign, cut off rather than rounded: 0.999 is
+/// "99%", so that "100%" is always true.
 QString percentText(double fraction);

@@ -5,11 +5,10 @@
 
 #include <utility>
 
-/// One observable property of a QObject: storage, and the signal that tells of
-/// every assignment, also of one with an equal value. Screens and tests count
-/// on that signal, which is why neither MEMBER nor bindable properties serve.
-/// The call operators are what moc's READ and WRITE call. One thread only: the
-/// owner's.
+/// One observable property of a QObject: its storage, and the signal that follows every
+/// assignment, even of an equal value. Screens and tests rely on that signal, which is
+/// why neither MEMBER nor bindable properties will do. The call operators are what moc's
+/// READ and WRITE call. Used on the owner's thread only.
 template<typename Owner, typename Value, auto changed>
 class Published
 {

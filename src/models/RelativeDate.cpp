@@ -18,7 +18,7 @@ constexpr double week = 7 * day;
 constexpr double month = 30.436875 * day; // a twelfth of the Gregorian year
 constexpr double year = 365.2425 * day;
 
-// Beyond it nobody reads the number.
+// Nobody reads larger numbers.
 constexpr double longest = 1e12 * year;
 
 struct Unit

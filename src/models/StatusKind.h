@@ -3,8 +3,8 @@
 
 #include <QObject>
 
-/// The statuses of downloads by name, for screens. `Paused` is what a screen makes of
-/// `Downloading` while the pause is on.
+/// The kinds of download status, for screens. `Paused` is how a screen shows
+/// `Downloading` during a pause.
 namespace StatusKind {
 Q_NAMESPACE
 

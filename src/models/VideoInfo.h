@@ -8,7 +8,7 @@
 
 #include <optional>
 
-/// What is known of one video, or of one playlist with its entries.
+/// What is known about a video, or about a playlist with its entries.
 struct VideoInfo
 {
     Q_GADGET

@@ -25,11 +25,11 @@ void DesktopFileViewer::call(const QString &method, const QString &path,
                              const QString &fallbackFolder)
 {
     const BusObject manager(QDBusConnection::sessionBus(), u"org.freedesktop.FileManager1"_s,
-                            u"/org/freedesktop/FileManager1"_s,
-                            u"org.freedesktop.FileManager1"_s);
+                            u"/org/freedesktop/FileManager1"_s, u"org.freedesktop.FileManager1"_s);
     const QStringList urls{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)};
     manager.call(method, {urls, QString()}, this, [fallbackFolder](const QDBusMessage &reply) {
-        // A file would be opened by whatever program it names.
+        // Only ever a folder: a file would be opened by whatever program is registered
+        // for it.
         if (reply.type() == QDBusMessage::ErrorMessage && QFileInfo(fallbackFolder).isDir())
             QDesktopServices::openUrl(QUrl::fromLocalFile(fallbackFolder));
     });

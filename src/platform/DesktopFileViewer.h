@@ -5,8 +5,8 @@
 
 #include <QObject>
 
-/// The file manager over the session bus; where none answers, the desktop's way
-/// of opening a folder.
+/// The file manager, over the session bus; where none answers, the desktop's way of
+/// opening a folder.
 class DesktopFileViewer : public QObject, public FileViewer
 {
     Q_OBJECT

@@ -3,7 +3,7 @@
 
 #include "Folders.h"
 
-/// The folders that the user's desktop names.
+/// The user's standard folders, as the desktop names them.
 class DesktopFolders : public Folders
 {
 public:

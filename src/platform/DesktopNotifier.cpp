@@ -35,7 +35,7 @@ void DesktopNotifier::askCapabilities(const std::function<void()> &then)
     notifications().call(u"GetCapabilities"_s, {}, this, [this, then](const auto &message) {
         const QDBusReply<QStringList> reply(message);
         if (!reply.isValid())
-            return; // no service now; one that starts later is asked by the next post
+            return; // no service yet; the next post asks again
         m_readsMarkup = reply.value().contains(u"body-markup"_s);
         then();
     });
@@ -49,7 +49,7 @@ void DesktopNotifier::send(const UserNotification &notification) const
         {u"desktop-entry"_s, u"quillon"_s},
         {u"x-quillon-identifier"_s, notification.identifier},
     };
-    notifications().call(u"Notify"_s,
-                         {u"Quillon"_s, 0U, u"quillon"_s, notification.title, body, QStringList(),
-                          hints, -1});
+    notifications().call(
+        u"Notify"_s,
+        {u"Quillon"_s, 0U, u"quillon"_s, notification.title, body, QStringList(), hints, -1});
 }

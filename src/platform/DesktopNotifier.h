@@ -8,9 +8,9 @@
 #include <functional>
 #include <optional>
 
-/// Notifications over the session bus. There is no permission to ask for; what
-/// is asked at start is whether the service reads its text as markup. Without a
-/// service nothing is shown.
+/// Notifications over the session bus. There is no permission to request; at the start
+/// the service is asked whether it reads text as markup. Without a service nothing is
+/// shown.
 class DesktopNotifier : public QObject, public Notifier
 {
     Q_OBJECT
@@ -23,5 +23,5 @@ private:
     void askCapabilities(const std::function<void()> &then);
     void send(const UserNotification &notification) const;
 
-    std::optional<bool> m_readsMarkup; // while unknown, nothing is sent
+    std::optional<bool> m_readsMarkup; // nothing is sent while this is unknown
 };

@@ -10,9 +10,9 @@
 
 using namespace Qt::StringLiterals;
 
-/// Loaded with the first sound: the library brings five others, which would make the
-/// program's start longer. Connecting to a sound server may take its time, so all of
-/// this runs on a pool thread, one call at a time.
+/// Loaded with the first sound: the library brings five others along, which would slow
+/// down the start. Connecting to a sound server may take a while, so all of this runs on
+/// a pool thread, one call at a time.
 class DesktopSoundPlayer::Player
 {
 public:

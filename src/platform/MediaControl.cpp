@@ -50,7 +50,7 @@ void MediaControl::hide()
 void MediaControl::appear()
 {
     m_bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
-    // Another of this program's, on preferences of its own, may have the name.
+    // Another Quillon, on preferences of its own, may have the name.
     const QString own = busName + u".instance%1"_s.arg(QCoreApplication::applicationPid());
     for (const QString &name : {busName, own}) {
         if (m_bus.registerService(name)) {

@@ -6,7 +6,7 @@
 
 class MprisPlayer;
 
-/// What the desktop is told of the item that is chosen.
+/// What the desktop is told about the chosen item.
 struct NowPlaying
 {
     QString id; ///< of the item
@@ -16,7 +16,7 @@ struct NowPlaying
     QString url;
     double duration = 0;     ///< seconds; 0 while it is unknown
     double volume = 1;       ///< from 0 to 1
-    bool isPlayable = false; ///< nothing to pause or seek in without this
+    bool isPlayable = false; ///< otherwise there is nothing to pause or seek in
     bool isPaused = false;
     bool hasNext = false;
     bool hasPrevious = false;
@@ -24,9 +24,8 @@ struct NowPlaying
     bool operator==(const NowPlaying &other) const = default;
 };
 
-/// The desktop's media control and its media keys, by MPRIS on the session bus.
-/// It is on the bus only while something is shown; without a bus it does nothing.
-/// Main thread.
+/// The desktop's media control and media keys, by MPRIS on the session bus. It is on the
+/// bus only while something is shown; without a bus it does nothing. Main thread.
 class MediaControl : public QObject
 {
     Q_OBJECT
@@ -37,14 +36,14 @@ public:
 
     void show(const NowPlaying &nowPlaying);
     void hide();
-    /// Seconds; told to whoever asks.
+    /// Seconds; read on request.
     void setPosition(double position) { m_position = position; }
 
     [[nodiscard]] const NowPlaying &shown() const { return m_shown; }
     [[nodiscard]] double position() const { return m_position; }
 
 Q_SIGNALS:
-    // What the user wants.
+    // What the user asks for.
     void playRequested();
     void pauseRequested();
     void togglePauseRequested();
@@ -64,7 +63,7 @@ private:
 
     QDBusConnection m_bus;
     MprisPlayer *m_player; // owned by this, as its child
-    QString m_name;        // on the bus; empty while it is not there
+    QString m_name;        // on the bus; empty while it is not registered
     NowPlaying m_shown;
     double m_position = 0;
 };

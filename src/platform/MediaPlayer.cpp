@@ -37,7 +37,7 @@ void MediaPlayer::replaceCurrentItem(const std::optional<MediaItem> &item)
     m_hasEnded = false;
     ++m_itemNumber;
     m_picture = QImage();
-    m_status = {.isBuffering = m_hasItem}; // until the engine says more
+    m_status = {.isBuffering = m_hasItem}; // until the engine reports
     Q_EMIT itemChanged();
     Q_EMIT statusChanged();
     Q_EMIT pictureChanged();
@@ -58,7 +58,7 @@ void MediaPlayer::replaceCurrentItem(const std::optional<MediaItem> &item)
         failLater(error);
 }
 
-// Not from inside of the call that brings the item.
+// Not from inside the call that sets the item.
 void MediaPlayer::failLater(const QString &error)
 {
     QTimer::singleShot(0, this, [this, error, number = m_itemNumber] {
@@ -88,10 +88,10 @@ void MediaPlayer::seek(double position)
         return;
     const double last = m_status.duration > 0 ? m_status.duration : position;
     const double target = std::clamp(position, 0.0, std::max(0.0, last));
-    // There it is already, and stays ready to be played again.
+    // It has arrived already, and can be played again.
     if (m_hasEnded && m_status.duration > 0 && target >= m_status.duration)
         return;
-    m_status.position = target; // at once, for the one who drags
+    m_status.position = target; // at once, for a user who drags
     m_hasEnded = false;
     m_engine->seek(target);
     Q_EMIT statusChanged();

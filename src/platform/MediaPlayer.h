@@ -13,8 +13,7 @@ struct MediaItem
     QUrl url;
 };
 
-/// The one media player of the program. Its engine is loaded with the first item.
-/// Main thread.
+/// The program's one media player. Its engine is loaded with the first item. Main thread.
 class MediaPlayer : public QObject
 {
     Q_OBJECT
@@ -40,7 +39,7 @@ public:
     // What the player's controls show and change.
     [[nodiscard]] bool hasItem() const { return m_hasItem; }
     [[nodiscard]] bool isPaused() const { return m_isPaused; }
-    /// Whether it has been played to its end and nothing has been done with it since.
+    /// Whether it was played to its end and has not been touched since.
     [[nodiscard]] bool hasEnded() const { return m_hasEnded; }
     [[nodiscard]] bool isBuffering() const { return m_status.isBuffering; }
     [[nodiscard]] double position() const { return m_status.position; }
@@ -48,13 +47,13 @@ public:
     [[nodiscard]] double loadedTo() const { return m_status.loadedTo; }
     [[nodiscard]] double volume() const { return m_volume; }
     [[nodiscard]] bool isMuted() const { return m_isMuted; }
-    /// What is to be seen now; null without an item.
+    /// The current picture; null without an item.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
 
-    /// Goes on, from the beginning again if it has ended.
+    /// Continues, from the beginning if it has ended.
     void resume();
     Q_INVOKABLE void togglePause();
-    /// To so many seconds from the beginning, within the item.
+    /// Seeks to a position in seconds, within the item.
     Q_INVOKABLE void seek(double position);
     void setVolume(double volume);
     void setMuted(bool isMuted);
@@ -64,13 +63,13 @@ public:
 Q_SIGNALS:
     /// The item has been played to its end. It stays, paused.
     void playedToEnd();
-    /// The item cannot be opened, or has broken off; it is gone.
+    /// The item cannot be opened or has broken off; it is gone.
     void failed(const QString &message);
     void itemChanged();
     void statusChanged();
     void soundChanged();
     void pictureChanged();
-    /// Somebody has moved the position, in seconds.
+    /// The user has moved the position, in seconds.
     void sought(double position);
 
 private:

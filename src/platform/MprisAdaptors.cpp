@@ -17,7 +17,7 @@ qlonglong unitsOf(double seconds)
     return std::llround(seconds * unitsPerSecond);
 }
 
-/// Who reads it may open it, whatever it is.
+/// Whoever reads it may open it, whatever it is.
 bool isOfTheWeb(const QString &url)
 {
     const QString scheme = QUrl(url).scheme();
@@ -85,7 +85,7 @@ double MprisPlayer::volume() const
 
 void MprisPlayer::setVolume(double volume)
 {
-    if (std::isfinite(volume)) // bounds do not hold what is no number
+    if (std::isfinite(volume)) // NaN passes through bounds
         Q_EMIT m_control.volumeRequested(volume);
 }
 
@@ -168,14 +168,14 @@ void MprisPlayer::Seek(qlonglong offset)
 void MprisPlayer::SetPosition(const QDBusObjectPath &track, qlonglong position)
 {
     const double target = static_cast<double>(position) / unitsPerSecond;
-    // One that comes late is meant for what was played before.
+    // A late request is meant for the previous track.
     if (canSeek() && track == this->track() && target >= 0 && target <= m_control.shown().duration)
         Q_EMIT m_control.seekRequested(target);
 }
 
 QDBusObjectPath MprisPlayer::track() const
 {
-    // An object's path takes letters and digits alone.
+    // Object paths consist of letters, digits and underscores.
     const QByteArray name = "id" + m_control.shown().id.toUtf8().toHex();
     return QDBusObjectPath(u"/quillon/track/"_s + QString::fromLatin1(name));
 }

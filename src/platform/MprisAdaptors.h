@@ -6,8 +6,8 @@
 #include <QDBusAbstractAdaptor>
 #include <QDBusObjectPath>
 
-/// The two D-Bus interfaces of a media player, in the words of the desktop's own
-/// description of them (MPRIS 2.2). They only translate.
+/// The two D-Bus interfaces of a media player, named as in MPRIS 2.2. They only
+/// translate.
 class MprisRoot : public QDBusAbstractAdaptor
 {
     Q_OBJECT
@@ -71,7 +71,7 @@ public:
     [[nodiscard]] bool canSeek() const;
     [[nodiscard]] bool canControl() const { return true; }
 
-    /// What the desktop is told of when it changes; the position is asked for.
+    /// The properties whose changes are signalled; the position is read on request.
     [[nodiscard]] QVariantMap properties() const;
 
 public Q_SLOTS:

@@ -10,13 +10,13 @@ struct UserNotification
     QString body; ///< plain text
 };
 
-/// The desktop's notifications. Main thread; nothing here fails visibly.
+/// The desktop's notifications. Main thread; failures are silent.
 class Notifier
 {
 public:
     virtual ~Notifier() = default;
 
-    /// Once at start, before the first post.
+    /// Once at the start, before the first post.
     virtual void requestPermission() = 0;
 
     /// Shows a notification now, with the desktop's default sound.

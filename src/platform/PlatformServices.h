@@ -9,7 +9,7 @@
 
 #include <memory>
 
-/// What the application state asks of the desktop; tests put stand-ins here.
+/// What the application state needs of the desktop; tests replace it with stand-ins.
 struct PlatformServices
 {
     std::shared_ptr<Notifier> notifier;
@@ -18,6 +18,6 @@ struct PlatformServices
     std::shared_ptr<Folders> folders;
     PlayerEngineFactory playerEngine;
 
-    /// Those of the desktop that the program runs on.
+    /// Those of the real desktop.
     static PlatformServices desktop();
 };

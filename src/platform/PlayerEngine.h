@@ -8,32 +8,32 @@
 #include <functional>
 #include <memory>
 
-/// What a player is at.
+/// The state of a player.
 struct PlayerStatus
 {
     bool isBuffering = false; ///< waits for the stream
     double position = 0;      ///< seconds
     double duration = 0;      ///< seconds; 0 while it is unknown
-    double loadedTo = 0;      ///< seconds; how far it could play without the stream
+    double loadedTo = 0;      ///< seconds; how far it could play without the network
 
     bool operator==(const PlayerStatus &other) const = default;
 };
 
-/// What plays a stream, behind MediaPlayer. It is loaded when it is first needed, so
-/// nothing but this header is known of it. All calls are made on the thread that
-/// made it, where the events are told, too, never from inside of a call.
+/// What plays a stream behind MediaPlayer. It is loaded when it is first needed, so the
+/// program knows nothing but this header. All calls are made on the thread that made it;
+/// events arrive there, too, never from inside a call.
 class PlayerEngine
 {
     Q_DISABLE_COPY_MOVE(PlayerEngine)
 
 public:
-    /// What it tells, of the URL that was loaded last alone.
+    /// Events, about the stream that was loaded last only.
     struct Events
     {
         std::function<void(const PlayerStatus &)> statusChanged;
         std::function<void(const QImage &)> pictureChanged;
         std::function<void()> ended;
-        /// With a text for the user; nothing is played any more.
+        /// With a text for the user; nothing plays any more.
         std::function<void(const QString &)> failed;
     };
 
@@ -49,7 +49,7 @@ public:
     /// From 0 to 1.
     virtual void setVolume(double volume) = 0;
     virtual void setMuted(bool isMuted) = 0;
-    /// How large the picture is wanted, in pixels of the screen.
+    /// The size wanted for the picture, in pixels of the screen.
     virtual void setPictureSize(const QSize &size) = 0;
 };
 

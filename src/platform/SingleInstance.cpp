@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int answerTimeout = 1000; // ms
-constexpr int endTimeout = 5000;    // ms; longer than an orderly end takes
+constexpr int endTimeout = 5000;    // ms; longer than an orderly exit takes
 
 QString nameFor(const QString &preferencesFolder)
 {
@@ -24,8 +24,8 @@ QString nameFor(const QString &preferencesFolder)
     return u"/quillon-"_s + QString::fromLatin1(key);
 }
 
-/// Where nobody else can put anything: the session's folder, if there is one as it should
-/// be, else that of the preferences.
+/// Where nobody else can create files: the session's runtime folder if it is private,
+/// else that of the preferences.
 QString safeFolder(const QString &preferencesFolder)
 {
     QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
@@ -54,7 +54,8 @@ SingleInstance::SingleInstance(const QString &preferencesFolder, const QString &
     m_lock.setStaleLockTime(0); // held as long as its process lives
     m_isFirst = m_lock.tryLock();
     if (!m_isFirst && m_lock.error() != QLockFile::LockFailedError) {
-        // Who cannot write there cannot spoil the preferences of another one either.
+        // Without write access nobody can spoil the preferences of another instance
+        // either.
         qWarning("Quillon cannot tell whether another one runs: %s cannot be written",
                  qUtf8Printable(preferencesFolder));
         m_isFirst = true;
@@ -68,7 +69,7 @@ SingleInstance::SingleInstance(const QString &preferencesFolder, const QString &
         if (!m_isFirst)
             return;
     }
-    QLocalServer::removeServer(m_socketName); // what a crash left
+    QLocalServer::removeServer(m_socketName); // left by a crash
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     m_server.listen(m_socketName);
     connect(&m_server, &QLocalServer::newConnection, this, [this] {

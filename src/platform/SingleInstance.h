@@ -5,8 +5,8 @@
 #include <QLockFile>
 #include <QObject>
 
-/// Keeps a user to one running program for each folder of preferences, since
-/// two would overwrite each other's. Main thread.
+/// Allows one running program per folder of preferences, since two would overwrite each
+/// other's. Main thread.
 class SingleInstance : public QObject
 {
     Q_OBJECT
@@ -14,15 +14,16 @@ class SingleInstance : public QObject
 public:
     explicit SingleInstance(const QString &preferencesFolder);
 
-    /// Whether this is the one. If not, the one that runs has been asked to come
-    /// forward.
+    /// Whether this is the first instance. If not, the first has been asked to come to
+    /// the front.
     [[nodiscard]] bool isFirst() const { return m_isFirst; }
 
-    /// This one is about to end: a start from now on waits for that and is first.
+    /// This instance is about to end: one that starts from now on waits for it and is
+    /// first.
     void stopListening() { m_server.close(); }
 
 Q_SIGNALS:
-    /// A second start was made.
+    /// The program was started again.
     void activationRequested();
 
 private:

@@ -16,7 +16,7 @@ SleepInhibitor::SleepInhibitor(const QDBusConnection &bus)
 void SleepInhibitor::setInhibited(bool isInhibited)
 {
     if (m_isWanted == isInhibited)
-        return; // a service that has refused is not asked at every step
+        return; // a service that has refused is not asked again with every change
     m_isWanted = isInhibited;
     follow();
 }
@@ -39,7 +39,7 @@ void SleepInhibitor::inhibit()
         if (!reply.isValid())
             return;
         m_cookie = reply.value();
-        follow(); // it may not be wanted any more
+        follow(); // it may no longer be wanted
     });
 }
 

@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// Keeps the screen from sleeping, by the desktop's screen saver service. Without
-/// one nothing happens; it also forgets a program that has ended. Main thread.
+/// Keeps the screen awake, through the desktop's screen saver service, which forgets
+/// programs that have ended. Does nothing without one. Main thread.
 class SleepInhibitor : public QObject
 {
     Q_OBJECT

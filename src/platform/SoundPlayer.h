@@ -7,6 +7,6 @@ class SoundPlayer
 public:
     virtual ~SoundPlayer() = default;
 
-    /// The sound of something that has been completed.
+    /// The sound for something completed.
     virtual void playCompletion() = 0;
 };

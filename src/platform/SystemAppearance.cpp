@@ -21,8 +21,7 @@ const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
 const QString appearanceGroup = u"org.freedesktop.appearance"_s;
 const QString interfaceGroup = u"org.gnome.desktop.interface"_s;
 
-// A window that opens in the wrong colours and changes them is worse than one
-// that opens this much later.
+// Opening this much later is better than opening in the wrong colours and changing them.
 constexpr int portalTimeout = 100; // ms
 
 using SettingGroups = QMap<QString, QVariantMap>;
@@ -114,7 +113,7 @@ void SystemAppearance::readSettings()
     const QVariantList arguments{QStringList{appearanceGroup, interfaceGroup}};
     const QDBusMessage reply = portal.callAndWait(method, arguments, portalTimeout);
     handleSettings(reply);
-    // The desktop may only be starting its portal.
+    // The desktop may still be starting its portal.
     if (QDBusError(reply).type() == QDBusError::NoReply) {
         portal.call(method, arguments, this,
                     [this](const QDBusMessage &late) { handleSettings(late); });

@@ -9,21 +9,21 @@
 class QDBusMessage;
 class QDBusVariant;
 
-/// How the user wants programs to look, and every change of it: what the
-/// desktop portal tells, else what the toolkit knows. Main thread.
+/// How the user wants programs to look, as the desktop portal or else the toolkit reports
+/// it. Main thread.
 class SystemAppearance : public QObject
 {
     Q_OBJECT
     Q_MOC_INCLUDE(<QDBusVariant>)
 
 public:
-    /// Asks the portal, and waits for its answer at most as long as nobody notices;
-    /// one that comes later is a change.
+    /// Asks the portal, and waits for its answer no longer than anyone would notice; a
+    /// later answer counts as a change.
     SystemAppearance();
 
     [[nodiscard]] bool isDark() const;
 
-    /// The desktop's accent colour; invalid where it tells none.
+    /// The desktop's accent colour; invalid where it has none.
     [[nodiscard]] QColor accent() const { return m_accent; }
 
     /// Whether the user wants no animations.

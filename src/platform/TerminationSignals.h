@@ -5,8 +5,8 @@
 
 #include <memory>
 
-/// Makes SIGINT, SIGTERM and SIGHUP close the program as its window does, so
-/// that nothing is left behind by the end of a session. One at a time.
+/// Makes SIGINT, SIGTERM and SIGHUP close the program just as its window does, so that
+/// the end of a session leaves nothing behind. One at a time.
 class TerminationSignals
 {
     Q_DISABLE_COPY_MOVE(TerminationSignals)

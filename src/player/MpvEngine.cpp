@@ -32,18 +32,18 @@ constexpr Observed observed[] = {
     {endReached, MPV_FORMAT_FLAG},
 };
 
-// How far before its end, in seconds, a stream may stop and still count as played:
-// sound and picture are seldom of one length. The position is that of the last picture,
-// which in short streams was measured to be up to 0.6 before the end.
+// A stream may stop this many seconds before its end and still count as played, since
+// audio and video are seldom equally long. The position is that of the last picture,
+// which was measured to be up to 0.6 s before the end in short streams.
 double endTolerance(double duration)
 {
     return std::clamp(0.25 + duration / 20, 0.6, 2.0);
 }
 
-// How fine the position is told; a bar shows no more.
+// How finely the position is reported; a bar cannot show more.
 constexpr double positionStep = 0.1; // seconds
 
-// The reason of a failure is logged a moment after the failure itself.
+// The reason for a failure is logged a moment after the failure itself.
 constexpr auto reasonDelay = 100ms;
 
 qint64 entryOf(const mpv_event_command &reply)
@@ -90,7 +90,7 @@ MpvEngine::~MpvEngine()
 
 bool MpvEngine::start(QString &error, const std::vector<MpvOption> &options)
 {
-    // mpv refuses a locale with a decimal comma.
+    // mpv refuses locales with a decimal comma.
     std::setlocale(LC_NUMERIC, "C");
     m_mpv = mpv_create();
     const auto set = [this](const MpvOption &option) { return setOption(option); };
@@ -139,14 +139,14 @@ void MpvEngine::unload()
 void MpvEngine::setPaused(bool isPaused)
 {
     setFlag("pause", isPaused);
-    // An end that was reached while it was paused has not been told.
+    // An end reached during a pause has not been reported.
     if (!isPaused)
         mpv_get_property_async(m_mpv, m_loadNumber, endReached, MPV_FORMAT_FLAG);
 }
 
 void MpvEngine::seek(double position)
 {
-    // Before it has begun to play, mpv forgets it.
+    // Before playback has begun, mpv would forget it.
     m_seekLater = m_hasBegun ? std::nullopt : std::optional(position);
     m_status.position = position;
     if (m_hasBegun)
@@ -186,7 +186,7 @@ void MpvEngine::setFlag(const char *property, bool value)
 
 void MpvEngine::readEvents()
 {
-    m_isAwake = false; // before reading: what comes later wakes it again
+    m_isAwake = false; // before reading: later events set it again
     while (true) {
         const mpv_event *const event = mpv_wait_event(m_mpv, 0);
         if (event->event_id == MPV_EVENT_NONE)
@@ -205,11 +205,11 @@ void MpvEngine::take(const mpv_event &event)
         break;
     case MPV_EVENT_START_FILE:
         m_startedEntry = static_cast<const mpv_event_start_file *>(event.data)->playlist_entry_id;
-        m_status = {}; // what was told before is of another
+        m_status = {}; // the earlier reports were about another stream
         break;
     case MPV_EVENT_PLAYBACK_RESTART:
         m_hasBegun = isCurrent();
-        m_picture->drawAgain(); // what was drawn before may have been of another
+        m_picture->drawAgain(); // the earlier picture may have been of another stream
         if (m_hasBegun && m_seekLater)
             seek(*m_seekLater);
         break;
@@ -220,7 +220,7 @@ void MpvEngine::take(const mpv_event &event)
         handleProperty(*static_cast<const mpv_event_property *>(event.data));
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
-        // Else it has been sought elsewhere, where mpv may not have arrived yet.
+        // Otherwise mpv may not yet have arrived where the user has sought since.
         if (event.error >= 0 && event.reply_userdata == m_loadNumber && isNearEnd())
             handleProperty(*static_cast<const mpv_event_property *>(event.data));
         break;
@@ -263,7 +263,7 @@ void MpvEngine::handleEndReached(bool isReached)
     m_isAtEnd = isReached;
     if (!isReached)
         return;
-    // A connection that is lost looks like an end, too.
+    // A lost connection looks like an end, too.
     if (!isNearEnd()) {
         m_complaint = u"the connection was lost"_s;
         m_failure.start();
@@ -285,7 +285,7 @@ void MpvEngine::handleEnd(const mpv_event_end_file &end)
     if (end.playlist_entry_id != m_entry || end.reason == MPV_END_FILE_REASON_STOP
         || end.reason == MPV_END_FILE_REASON_QUIT)
         return;
-    // Played to its end it would have stayed open.
+    // A stream played to its end would have stayed open.
     if (end.reason == MPV_END_FILE_REASON_REDIRECT) {
         m_complaint = u"it is a list of other URLs"_s;
         command({"stop"});
@@ -326,7 +326,7 @@ void MpvEngine::forget()
     m_complaint.clear();
 }
 
-// On the thread that draws. At most one picture is on its way.
+// On the drawing thread. At most one picture is on its way.
 void MpvEngine::passOn(const QImage &picture)
 {
     const std::scoped_lock lock(m_pictureMutex);

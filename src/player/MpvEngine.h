@@ -24,8 +24,8 @@ class MpvEngine : public PlayerEngine
     Q_DISABLE_COPY_MOVE(MpvEngine)
 
 public:
-    /// Nothing if mpv does not start, which `error` explains. Options that are given
-    /// take the place of the program's own.
+    /// Nothing if mpv does not start; `error` then says why. The given options replace
+    /// the program's own.
     static std::unique_ptr<MpvEngine> create(Events events, QString &error,
                                              const std::vector<MpvOption> &options = {});
     ~MpvEngine() override;
@@ -71,16 +71,16 @@ private:
     bool m_hasBegun = false;
     std::optional<double> m_seekLater;
     quint64 m_loadNumber = 0;
-    qint64 m_entry = -1;        // mpv's number of what was loaded last
-    qint64 m_startedEntry = -1; // and of what it is at
-    QString m_complaint;        // the last that the stream's reader had
+    qint64 m_entry = -1;        // mpv's number for what was loaded last
+    qint64 m_startedEntry = -1; // and for what it is playing
+    QString m_complaint;        // the last one that the reader of the stream had
     QTimer m_failure;
 
     std::mutex m_pictureMutex;
-    QImage m_newPicture; // the newest that has not been told
+    QImage m_newPicture; // the newest one not yet reported
     std::atomic<bool> m_isAwake = false;
 
-    // Shared with the threads of mpv's that may still wake it.
+    // Shared with those of mpv's threads that may still call back.
     const std::shared_ptr<Mailbox> m_mailbox;
     const std::unique_ptr<QSocketNotifier> m_delivery;
 };

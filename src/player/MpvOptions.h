@@ -8,8 +8,8 @@ struct MpvOption
     const char *value;
 };
 
-// Nothing of the user's own mpv, no drawing over the picture, no help by other
-// programs; only the web, also behind redirects and in playlists.
+// Nothing from the user's own mpv configuration, nothing drawn over the picture, no
+// helper programs; only the web, also behind redirects and in playlists.
 inline constexpr MpvOption mpvOptions[] = {
     {"config", "no"},
     {"load-scripts", "no"},
@@ -36,9 +36,9 @@ inline constexpr MpvOption mpvOptions[] = {
     // A little more than 8K. A stream may claim any size, and each picture of 12,000 by
     // 12,000 would take more than a gigabyte.
     {"vd-lavc-o", "max_pixels=40000000"},
-    // Without the last one a machine without sound plays nothing at all.
+    // Without the last one, a machine without sound plays nothing at all.
     {"ao", "pipewire,pulse,alsa,null"},
-    // What has ended stays to be seen.
+    // What has ended stays visible.
     {"keep-open", "yes"},
     {"keep-open-pause", "no"},
 };

@@ -89,7 +89,7 @@ void MpvPicture::run()
 
 QImage MpvPicture::draw(const QSize &size) const
 {
-    constexpr size_t alignment = 64; // what mpv is fastest with
+    constexpr size_t alignment = 64; // the format that is fastest for mpv
     const size_t rowBytes =
         (static_cast<size_t>(size.width()) * 4 + alignment - 1) & ~(alignment - 1);
     QImage image(static_cast<int>(rowBytes / 4), size.height(), QImage::Format_RGB32);

@@ -18,8 +18,8 @@ class MpvPicture
     Q_DISABLE_COPY_MOVE(MpvPicture)
 
 public:
-    /// `taken` is called on that thread with each new picture. The handle outlives
-    /// this. `isValid()` tells whether it has worked.
+    /// `taken` is called on that thread with each new picture. The handle outlives this
+    /// object. `isValid()` tells whether construction succeeded.
     MpvPicture(mpv_handle *mpv, std::function<void(const QImage &)> taken);
     ~MpvPicture();
 
@@ -42,5 +42,5 @@ private:
     bool m_hasNews = false;
     bool m_mustDraw = false;
     bool m_isOver = false;
-    std::thread m_thread; // last: it uses the rest
+    std::thread m_thread; // last: it uses the members above
 };

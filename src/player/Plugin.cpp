@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MpvEngine.h"
 
-/// What the program looks for in this library.
+/// The symbol that the program looks up in this library.
 extern "C" Q_DECL_EXPORT PlayerEngine *makePlayerEngine(PlayerEngine::Events &events,
                                                         QString &error)
 {

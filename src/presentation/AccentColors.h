@@ -6,6 +6,6 @@
 /// Contrast of two opaque colours from 1 to 21, by WCAG 2.
 double contrastRatio(const QColor &a, const QColor &b);
 
-/// The colour, made darker or lighter as far as needed to be read on that
-/// background: a contrast of at least 4.5.
+/// The colour, darkened or lightened as far as needed to be legible on that background: a
+/// contrast of at least 4.5.
 QColor readableOn(const QColor &color, const QColor &background);

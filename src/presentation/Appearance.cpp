@@ -14,7 +14,7 @@ const QString systemScheme = u"system"_s;
 const QString lightScheme = u"light"_s;
 const QString darkScheme = u"dark"_s;
 
-// The surfaces that accented text stands on: the harder of window and card.
+// The surfaces that accented text stands on: the less favourable of window and card.
 constexpr QRgb darkSurface = 0xff2a2a2d;
 constexpr QRgb lightSurface = 0xffececee;
 

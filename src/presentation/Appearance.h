@@ -9,8 +9,8 @@
 class Preferences;
 class SystemAppearance;
 
-/// How the window looks: the user's choice of light, dark or the system's way,
-/// and what the desktop says of it. The choice is stored when it changes.
+/// How the window looks: the user's choice of light, dark or system, and the desktop's
+/// own setting. The choice is stored when it changes.
 class Appearance : public QObject
 {
     Q_OBJECT
@@ -27,8 +27,7 @@ class Appearance : public QObject
 public:
     Appearance(Preferences &preferences, const SystemAppearance &system);
 
-    /// "system", "light", "dark", or whatever else is stored, which counts as
-    /// "system".
+    /// "system", "light", "dark", or whatever else is stored, which counts as "system".
     [[nodiscard]] QString colorSchemeRaw() const;
     [[nodiscard]] QString themeIcon() const;
     [[nodiscard]] bool isDark() const;
@@ -37,7 +36,7 @@ public:
     [[nodiscard]] bool hasAccent() const;
     /// The desktop's accent, readable on the window's background.
     [[nodiscard]] QColor accentText() const;
-    /// The desktop's accent as a fill under white text.
+    /// The desktop's accent as a background for white text.
     [[nodiscard]] QColor accentFill() const;
 
     /// From system to light, to dark, and back.

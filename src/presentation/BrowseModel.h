@@ -6,8 +6,7 @@
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
-/// What a search has found, as rows, and what stands in their place while there
-/// are none.
+/// What a search has found, as rows, or what takes their place while there are none.
 class BrowseModel : public QAbstractListModel
 {
     Q_OBJECT

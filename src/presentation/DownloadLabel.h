@@ -3,5 +3,5 @@
 
 #include <QString>
 
-/// What the button for so many videos reads.
+/// The download button's text for this many videos.
 QString downloadLabel(qsizetype count);

@@ -6,8 +6,8 @@
 
 #include <QtQml/qqmlregistration.h>
 
-/// The download section of single mode. It shows the displayed status, not the
-/// workflow's own.
+/// The download section of single mode. It shows the displayed status, not the one that
+/// the workflow keeps.
 class DownloadSectionPresenter : public StatePresenter
 {
     Q_OBJECT
@@ -51,9 +51,9 @@ public:
     [[nodiscard]] double progress() const { return state().downloadProgress(); }
     [[nodiscard]] QString percent() const;
     [[nodiscard]] QString speed() const;
-    /// "ETA" and the remaining time; empty while that is unknown.
+    /// "ETA" and the remaining time; empty while it is unknown.
     [[nodiscard]] QString remaining() const;
-    /// Speed and remaining time as a screen reader says them.
+    /// Speed and remaining time as a screen reader speaks them.
     [[nodiscard]] QString description() const;
 
     Q_INVOKABLE void download();

@@ -6,8 +6,8 @@
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
-/// A choice of format and quality. Every quality is offered, whatever heights
-/// the site has: the tool takes the best that there is below it.
+/// A choice of format and quality. Every quality is offered, whatever the video has: the
+/// tool takes the best available below it.
 class FormatQualityPresenter : public StatePresenter
 {
     Q_OBJECT
@@ -23,11 +23,12 @@ public:
     [[nodiscard]] static QStringList formats();
     [[nodiscard]] QStringList qualities() const;
     [[nodiscard]] int selectedFormat() const;
-    /// -1 when the selected quality is none of those offered.
+    /// -1 when the selected quality is not among those offered.
     [[nodiscard]] int selectedQuality() const;
     [[nodiscard]] bool showsQualities() const;
 
-    /// Also resets the quality to the format's best, even if it was selected.
+    /// Also resets the quality to the format's best, even when that format was already
+    /// selected.
     Q_INVOKABLE void selectFormat(int index);
     Q_INVOKABLE void selectQuality(int index);
 

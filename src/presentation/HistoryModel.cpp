@@ -102,7 +102,7 @@ void HistoryModel::follow()
     scheduleDates();
 }
 
-// True when the rows so far, but perhaps for the oldest, stand behind new ones.
+// True when the current rows, except perhaps for the oldest, follow new ones.
 bool HistoryModel::insertNewest(const AppState::History &records)
 {
     if (m_records.isEmpty() || records.isEmpty())

@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
-/// The finished downloads as rows. Follows the state row by row: a new record is
-/// one insertion, whatever the length.
+/// The finished downloads as rows. Follows the state row by row: a new record is one
+/// insertion, however long the history is.
 class HistoryModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -20,10 +20,10 @@ public:
     enum Role {
         TitleRole = Qt::UserRole,
         ThumbnailRole,
-        PlaceholderRole, ///< the symbol shown without a picture
-        DateRole,        ///< relative to now; kept true by a timer
+        PlaceholderRole, ///< the symbol in place of a missing picture
+        DateRole,        ///< relative to now; updated by a timer
         DetailsRole,     ///< format and quality
-        CanRevealRole,   ///< whether it is known where the file is
+        CanRevealRole,   ///< whether the file's place is known
     };
 
     /// The state outlives the model.
@@ -35,11 +35,11 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// Shows the saved file of a row.
+    /// Shows a row's saved file.
     Q_INVOKABLE void reveal(int row);
-    /// Fetches a row's URL anew, in single mode.
+    /// Fetches a row's URL again, in single mode.
     Q_INVOKABLE void refetch(int row);
-    /// Forgets all records, also on disk.
+    /// Removes all records, also on disk.
     Q_INVOKABLE void clearAll();
 
 Q_SIGNALS:

@@ -5,8 +5,8 @@
 #include "PlayerPanelPresenter.h"
 #include "SleepInhibitor.h"
 
-/// Shows the desktop what is played, does what its media keys ask for as the
-/// panel's buttons would, and keeps the screen awake while a picture moves.
+/// Shows the desktop what is playing, handles its media keys as the panel's buttons
+/// would, and keeps the screen awake while a video plays.
 class MediaSession : public QObject
 {
     Q_OBJECT

@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QObject>
+#include "Notice.h"
+
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
-class ToolKeeper;
-
-/// What stands in the one slot for notices, at the lower edge of the window. Of several
-/// that are due the first of this order: an update, a tool that is of no use, a tool that
-/// is old.
+/// What stands in the one slot for notices, at the lower edge of the window: the notice of
+/// the first source that has one.
 class NoticePresenter : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The screens share one.")
-    Q_PROPERTY(Kind kind READ kind NOTIFY kindChanged)
     Q_PROPERTY(bool isShown READ isShown NOTIFY kindChanged)
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
     Q_PROPERTY(QString text READ text NOTIFY changed)
@@ -29,29 +26,20 @@ class NoticePresenter : public QObject
     Q_PROPERTY(QString dismissText READ dismissText NOTIFY changed)
 
 public:
-    enum class Kind { none, updating, updated, updateFailed, uselessTool, oldTool };
-    Q_ENUM(Kind)
+    /// The sources outlive it.
+    explicit NoticePresenter(QList<const NoticeSource *> sources);
 
-    /// The keeper outlives it.
-    explicit NoticePresenter(ToolKeeper &keeper);
-
-    [[nodiscard]] Kind kind() const { return m_kind; }
-    [[nodiscard]] bool isShown() const { return m_kind != Kind::none; }
-    /// What is said once, when the notice comes.
-    [[nodiscard]] QString title() const { return m_title; }
-    /// What is read; with an update it tells how far that is.
-    [[nodiscard]] QString text() const;
-    [[nodiscard]] QString symbol() const;
-    [[nodiscard]] QString tone() const;
-    [[nodiscard]] bool isBusy() const { return kind() == Kind::updating; }
-    /// From 0 to 1; less than 0 where there is none.
-    [[nodiscard]] double progress() const;
-    /// A line for a shell that the user may copy; empty where there is none.
-    [[nodiscard]] QString command() const;
+    [[nodiscard]] bool isShown() const { return !m_notice.kind.isEmpty(); }
+    [[nodiscard]] QString title() const { return m_notice.title; }
+    [[nodiscard]] QString text() const { return m_notice.text; }
+    [[nodiscard]] QString symbol() const { return m_notice.symbol; }
+    [[nodiscard]] QString tone() const { return m_notice.tone; }
+    [[nodiscard]] bool isBusy() const { return m_notice.isBusy; }
+    [[nodiscard]] double progress() const { return m_notice.progress; }
+    [[nodiscard]] QString command() const { return m_notice.command; }
     [[nodiscard]] QString copyText() const;
-    /// What the notice offers; empty where there is nothing to be done here.
-    [[nodiscard]] QString actionText() const;
-    [[nodiscard]] QString dismissText() const;
+    [[nodiscard]] QString actionText() const { return m_notice.actionText; }
+    [[nodiscard]] QString dismissText() const { return m_notice.dismissText; }
 
     Q_INVOKABLE void act();
     Q_INVOKABLE void dismiss();
@@ -63,12 +51,10 @@ Q_SIGNALS:
     void titleChanged();
 
 private:
-    [[nodiscard]] Kind kindDue() const;
-    [[nodiscard]] QString titleDue() const;
+    [[nodiscard]] Notice firstDue() const;
     void update();
 
-    ToolKeeper &m_keeper;
-    Kind m_kind = Kind::none;
-    QString m_title;
-    QTimer m_copied; // runs while it is told that the command has been copied
+    const QList<const NoticeSource *> m_sources;
+    Notice m_notice;
+    QTimer m_copied; // runs while the button says that the command has been copied
 };

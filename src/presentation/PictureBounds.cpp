@@ -11,16 +11,17 @@ namespace {
 
 // A little more than the largest pictures of video sites have.
 constexpr qint64 mostPixels = 40'000'000;
-// A progressive JPEG has about ten. Each is as much work as the picture has pixels.
+// A progressive JPEG has about ten. Each costs as much as the picture has pixels.
 constexpr int mostScans = 100;
 constexpr qint64 mostScannedPixels = 160'000'000;
 constexpr int mostCountedScans = 1000;
-// How often the size shown a picture may be as wide or as high, filling it.
+// How many times wider or higher than the requested size a picture may be after filling
+// it.
 constexpr int largestExcess = 8;
 
 const QByteArray pngStart("\x89PNG\r\n\x1a\n");
 
-/// Qt's name for the format; empty for one that is not taken.
+/// Qt's name for the format; empty for formats that are refused.
 QByteArray formatOf(const QByteArray &bytes)
 {
     if (bytes.startsWith("\xff\xd8\xff"))
@@ -58,7 +59,7 @@ QImage boundedPicture(const QByteArray &bytes, QSize size)
     const QSize original = reader.size();
     if (!isWithinBounds(original, format, bytes))
         return {};
-    // A long thin strip, filling the size, would be huge.
+    // A long thin strip would become huge when it fills the size.
     const QSize scaled = original.scaled(size, Qt::KeepAspectRatioByExpanding);
     if (scaled.width() > largestExcess * size.width()
         || scaled.height() > largestExcess * size.height())
@@ -75,8 +76,8 @@ int jpegScans(const QByteArray &bytes)
     qsizetype position = 0;
     while ((position = bytes.indexOf('\xff', position)) >= 0 && position + 1 < bytes.size()
            && scans < mostCountedScans) {
-        // Counted wherever it stands, also where a careful reader would pass it over: what
-        // the decoder takes for one must not be missed.
+        // Counted wherever it stands, even where a careful reader would skip it: nothing
+        // that the decoder accepts may be missed.
         if (bytes[position + 1] == startOfScan)
             ++scans;
         position += bytes[position + 1] == stuffing ? 2 : 1;

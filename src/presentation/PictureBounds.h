@@ -5,16 +5,15 @@
 #include <QImage>
 #include <QSize>
 
-/// The picture in these bytes, at least as large as the size, which it fills; null for
-/// what is no JPEG, PNG or WebP by its first bytes, and for what would take longer than
-/// about a second. A decoding cannot be given up, so the bounds are looked at before.
-/// Any thread.
+/// The picture in these bytes, large enough to fill the size; null for anything that is
+/// not a JPEG, PNG or WebP by its first bytes, or would take longer than about a second.
+/// Decoding cannot be interrupted, so the bounds are checked first. Any thread.
 QImage boundedPicture(const QByteArray &bytes, QSize size);
 
-/// How often a JPEG draws its whole picture over; each time costs about as much as the
-/// first. No more is counted than 1000.
+/// How many passes over the whole picture a JPEG makes; each costs about as much as the
+/// first. Counts no further than 1000.
 int jpegScans(const QByteArray &bytes);
 
-/// A PNG with nothing in it but what its pixels need; empty if it is none. What else it
-/// may hold, compressed, unpacks to a thousand times its size.
+/// A PNG reduced to what its pixels need; empty if it is not a PNG. Other chunks may be
+/// compressed, and unpack to a thousand times their size.
 QByteArray barePng(const QByteArray &bytes);

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// As registered for this machine, private networks, links, tests and groups.
+/// The ranges registered for this machine, private networks, links, tests and groups.
 bool isLocal(const QHostAddress &address)
 {
     static const QList<std::pair<QHostAddress, int>> ranges = [] {

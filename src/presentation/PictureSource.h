@@ -6,17 +6,17 @@
 
 #include <chrono>
 
-/// Where pictures may come from. Their URLs are chosen by web pages, which must not
-/// make the program ask the user's own network for anything. What a name resolves to is
-/// not looked at.
+/// Where pictures may come from. Their URLs are chosen by web pages, which must not make
+/// the program send requests into the user's own network. Host names are not resolved for
+/// this.
 struct PictureSource
 {
-    /// For one picture, from being asked for to being there.
+    /// For one picture, from its request to its end.
     std::chrono::milliseconds patience = std::chrono::seconds(30);
-    /// "host:port" that is allowed all the same: the demonstration's video site.
+    /// "host:port", allowed nevertheless: the demonstration's video site.
     QString exception = {};
 
-    /// Whether it is of the web, http or https, and neither this machine's nor of a private
-    /// network as far as the URL itself tells.
+    /// Whether it is http or https, and neither on this machine nor on a private network
+    /// as far as the URL itself shows.
     [[nodiscard]] bool isAllowed(const QUrl &url) const;
 };

@@ -6,9 +6,9 @@
 
 #include <QtQml/qqmlregistration.h>
 
-/// The player above the results: what is chosen, where it stands among them, and
-/// what can be done with it. When nothing is chosen any more it tells of that alone: what
-/// leaves the screen keeps its looks.
+/// The player above the results: what is chosen, its place among the results, and what
+/// can be done with it. When nothing is chosen any more, only that change is reported, so
+/// that what leaves the screen keeps its appearance.
 class PlayerPanelPresenter : public StatePresenter
 {
     Q_OBJECT
@@ -35,9 +35,9 @@ public:
     [[nodiscard]] bool isLoading() const { return state().isLoadingStream(); }
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString errorText() const;
-    /// Such as "2 / 25"; without a number where it is not among the results.
+    /// Such as "2 / 25"; without a number if it is not among the results.
     [[nodiscard]] QString place() const;
-    /// How far the stream is played, and how long it is, as on a clock.
+    /// The position and the length, as on a clock.
     [[nodiscard]] QString elapsed() const;
     [[nodiscard]] QString total() const;
     [[nodiscard]] bool hasPrevious() const;

@@ -43,7 +43,7 @@ QSGNode *PlayerViewRepresentable::updatePaintNode(QSGNode *node, UpdatePaintNode
         image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureIsOpaque));
         m_hasNewPicture = false;
     }
-    // While the size changes, the picture that is there is fitted in.
+    // While the size changes, the last picture is fitted in.
     const QSizeF size = QSizeF(picture.size()).scaled(this->size(), Qt::KeepAspectRatio);
     image->setRect(
         QRectF(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size));

@@ -6,8 +6,8 @@
 #include <QPointer>
 #include <QQuickItem>
 
-/// Shows what the player plays, whole and in the middle, on black. There may be
-/// several; each asks for the picture as large as it is itself.
+/// Shows the player's picture, whole and centred on black. There may be several; each
+/// requests the picture in its own size.
 class PlayerViewRepresentable : public QQuickItem
 {
     Q_OBJECT

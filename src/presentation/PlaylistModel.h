@@ -6,8 +6,8 @@
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
-/// The entries of one playlist as cards, and which of them are selected. The
-/// selection itself is the state's; entries of one id share theirs.
+/// The entries of one playlist as cards, and which of them are selected. The selection
+/// itself belongs to the state; entries with the same id share it.
 class PlaylistModel : public QAbstractListModel
 {
     Q_OBJECT

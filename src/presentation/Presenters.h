@@ -42,7 +42,7 @@ public:
     /// The state outlives them.
     explicit Presenters(AppState &state);
 
-    /// From here on they are the engine's singleton, and outlive it.
+    /// Makes them the engine's singleton, which they outlive.
     void offerTo(QQmlEngine &engine);
     static Presenters *create(QQmlEngine *qml, QJSEngine *js);
 

@@ -8,7 +8,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
-// What QML is told of types that need not know of QML.
+// Registers types with QML that know nothing of QML themselves.
 
 namespace StatusKindForQml {
 Q_NAMESPACE

@@ -5,7 +5,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
-/// A run of the queue: starting, pausing, and how far it is.
+/// A run of the queue: its start, its pause and its progress.
 class QueueControlsPresenter : public StatePresenter
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] bool isPaused() const { return state().isPaused(); }
     [[nodiscard]] QString pauseIcon() const;
     [[nodiscard]] QString pauseHelp() const;
-    /// The running entry's place in the run, and how many the run has.
+    /// The running entry's place in the run, and the run's length.
     [[nodiscard]] QString position() const;
     [[nodiscard]] QString title() const;
 

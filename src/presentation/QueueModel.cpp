@@ -120,7 +120,7 @@ void QueueModel::follow()
         Q_EMIT countChanged();
 }
 
-// From the end, by as few removals as there are gaps.
+// From the end, with one removal for each gap.
 void QueueModel::removeMissing(const AppState::Queue &queue)
 {
     QSet<const DownloadItem *> kept;

@@ -7,8 +7,8 @@
 #include <QHash>
 #include <QtQml/qqmlregistration.h>
 
-/// The queue as rows. A report of one entry changes that row alone, whatever the
-/// queue's length; entries that come and go are insertions and removals.
+/// The queue as rows. A report about one entry changes only that row, however long the
+/// queue is; entries that come and go are insertions and removals.
 class QueueModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -23,11 +23,11 @@ public:
     enum Role {
         TitleRole = Qt::UserRole,
         ThumbnailRole,
-        PlaceholderRole, ///< the symbol where there is no picture
-        StatusLineRole,  ///< what is to be said of the status beside its badge, on one line
-        StatusTextRole,  ///< the same with all its lines
+        PlaceholderRole, ///< the symbol in place of a missing picture
+        StatusLineRole,  ///< what the row says beside the badge, on one line
+        StatusTextRole,  ///< the same with all of its lines
         BadgeRole,       ///< a StatusLook
-        CanRevealRole,   ///< whether it is known where the file is
+        CanRevealRole,   ///< whether the file's place is known
     };
 
     /// The state outlives the model.
@@ -36,7 +36,7 @@ public:
     [[nodiscard]] int count() const { return static_cast<int>(m_items.size()); }
     /// How many entries are waiting.
     [[nodiscard]] int readyCount() const { return m_readyCount; }
-    /// Counts waiting entries alone, although a run takes finished ones, too.
+    /// Counts only waiting entries, although a run takes finished ones, too.
     [[nodiscard]] QString downloadButtonLabel() const;
     [[nodiscard]] bool canDownload() const;
 
@@ -44,7 +44,7 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// Shows the saved file of a finished entry; others do nothing.
+    /// Shows a finished entry's saved file; does nothing for others.
     Q_INVOKABLE void reveal(int row);
     Q_INVOKABLE void remove(int row);
 

@@ -66,7 +66,7 @@ int indexOf(const Options<Value> &options, const Value &value)
     return found == options.end() ? -1 : static_cast<int>(found - options.begin());
 }
 
-/// Assigns what stands at the index, if anything does.
+/// Assigns the choice at the index, if there is one.
 template<typename Value, typename Property>
 void choose(const Options<Value> &options, int index, Property &property)
 {
@@ -135,7 +135,7 @@ void SettingsPresenter::save()
 {
     state().saveSettings();
     setSavedConfirmation(true);
-    // Each press ends the confirmation at its own time, also that of a later one.
+    // Every press ends the confirmation at its own time, even a later press's.
     QTimer::singleShot(confirmationTime, Qt::PreciseTimer, this,
                        [this] { setSavedConfirmation(false); });
 }

@@ -7,9 +7,9 @@
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
-/// The settings panel: what its menus offer, and saving. A choice takes effect
-/// at once and is stored by save() alone. An index of -1 means that the current
-/// value is none of those offered.
+/// The settings panel: what its menus offer, and saving. A choice takes effect at once
+/// and is stored by save() alone. An index of -1 means that the current value is not
+/// among those offered.
 class SettingsPresenter : public StatePresenter
 {
     Q_OBJECT
@@ -47,11 +47,11 @@ public:
     void chooseSpeed(int index);
     void chooseBrowser(int index);
 
-    /// Whether it is still told that the settings have been saved.
+    /// Whether the panel still says that the settings have been saved.
     [[nodiscard]] bool savedConfirmation() const { return m_savedConfirmation; }
     Q_INVOKABLE void save();
 
-    /// Where the folder chooser begins: the folder set so far.
+    /// Where the folder chooser starts: the current folder.
     [[nodiscard]] QUrl startFolder() const;
     /// Sets the folder, by its path without a trailing slash.
     Q_INVOKABLE void chooseFolder(const QUrl &folder);

@@ -6,8 +6,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-/// What one screen shows, derived from the application state. Tells of every
-/// change that may concern the screen by one signal. Holds nothing of its own.
+/// What one screen shows, derived from the application state. One signal reports every
+/// change that may concern the screen. Holds no state of its own.
 class StatePresenter : public QObject
 {
     Q_OBJECT

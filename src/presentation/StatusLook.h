@@ -9,7 +9,7 @@
 
 class AppState;
 
-/// How a download's status looks and reads; every screen is told it from here.
+/// How a download's status looks and reads, for every screen.
 struct StatusLook
 {
     Q_GADGET
@@ -23,8 +23,8 @@ struct StatusLook
 public:
     int kind = StatusKind::Idle; ///< StatusKind::Value; Qt 6.4 cannot read enums of gadgets
     QString symbol = {};         ///< empty where something else is drawn
-    QString tone = {};           ///< the theme's name of its colour
-    QString text = {};           ///< in words; empty while there is nothing to tell
+    QString tone = {};           ///< the name of its colour in Theme
+    QString text = {};           ///< in words; empty while there is nothing to say
     double progress = 0;         ///< from 0 to 1
 
     bool operator==(const StatusLook &other) const = default;
@@ -36,6 +36,6 @@ StatusLook chipLook(const DownloadUIStatus &status, bool isPaused);
 /// The badge of a queue entry.
 StatusLook badgeLook(const DownloadStatus &status, bool isPaused);
 
-/// The button that downloads a search result as video or as audio. Its text is what a
-/// screen reader says of it.
+/// The button that downloads a search result as video or as audio. Its text is for screen
+/// readers.
 StatusLook downloadButtonLook(const AppState &state, const QString &resultID, bool isAudio);

@@ -6,9 +6,9 @@
 #include <QMutex>
 #include <QUrl>
 
-/// The thumbnails of this run as they came, up to a number of bytes; the least
-/// recently wanted go first. Not as pictures, which would have to be had again
-/// for each size. Any thread.
+/// This run's thumbnails in their original encoding, up to a number of bytes; the least
+/// recently used go first. Decoded pictures would be needed again for every size. Any
+/// thread.
 class ThumbnailCache
 {
 public:

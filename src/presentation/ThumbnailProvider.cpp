@@ -26,7 +26,7 @@ QQuickImageResponse *ThumbnailProvider::requestImageResponse(const QString &id,
     const qsizetype slash = id.indexOf(u'/');
     const QUrl url(QString::fromUtf8(QByteArray::fromBase64(id.mid(slash + 1).toUtf8())));
     auto *const response = new ThumbnailResponse(requestedSize, id.left(slash).toDouble(), m_cache);
-    // Images are asked for on a loading thread; the network lives on the main one.
+    // Images are requested on a loading thread; the network lives on the main one.
     response->moveToThread(QCoreApplication::instance()->thread());
     QMetaObject::invokeMethod(
         response, [this, response, url] { response->load(network(), url, m_source); },

@@ -10,11 +10,10 @@
 #include <memory>
 #include <optional>
 
-/// Pictures from the network for image://thumbnail/<radius>/<URL>, the radius
-/// in device pixels and the URL in base 64; cropped to the size asked for,
-/// with rounded corners painted in. Only from where a picture may come from, only the
-/// formats of video sites, and only what a thumbnail may reasonably weigh and take;
-/// everything else fails.
+/// Pictures from the network for image://thumbnail/<radius>/<URL>, with the radius in
+/// device pixels and the URL in base 64; cropped to the requested size, with rounded
+/// corners painted in. Sources, formats, weight and time are limited to what thumbnails
+/// need; everything else fails.
 class ThumbnailProvider : public QQuickAsyncImageProvider
 {
 public:
@@ -26,7 +25,7 @@ public:
 private:
     QNetworkAccessManager &network();
 
-    // Made with the first picture, since that takes its time. Main thread.
+    // Made with the first picture, since that takes a while. Main thread.
     std::optional<QNetworkAccessManager> m_network;
     const PictureSource m_source;
     std::shared_ptr<ThumbnailCache> m_cache;

@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Twice what the largest thumbnails of video sites weigh. A server that wants to send
-// more gets the placeholder.
+// Twice what the largest thumbnails of video sites weigh. Anything larger becomes the
+// placeholder.
 constexpr qint64 largestThumbnail = 8LL * 1024 * 1024;
-// What comes faster than it is looked at stays with the server.
+// What has not been read yet stays with the server.
 constexpr qint64 readAhead = 1024LL * 1024;
 
 } // namespace
@@ -49,7 +49,8 @@ void ThumbnailResponse::load(QNetworkAccessManager &network, const QUrl &url,
     QNetworkRequest request(url);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::UserVerifiedRedirectPolicy);
-    request.setRawHeader("Accept-Encoding", "identity"); // so that its size is its size
+    request.setRawHeader("Accept-Encoding",
+                         "identity"); // so that the announced size is the real one
     m_reply = network.get(request);
     m_reply->setReadBufferSize(readAhead);
     QTimer::singleShot(source.patience, m_reply, &QNetworkReply::abort);

@@ -6,7 +6,7 @@
 
 class ToolKeeper;
 
-/// The line of the settings that tells of the tool.
+/// The settings' line about the tool.
 class ToolPresenter : public QObject
 {
     Q_OBJECT
@@ -22,13 +22,13 @@ public:
     /// The keeper outlives it.
     explicit ToolPresenter(ToolKeeper &keeper);
 
-    /// "yt-dlp", with its version if that is known.
+    /// "yt-dlp", with its version where that is known.
     [[nodiscard]] QString name() const;
     [[nodiscard]] QString meaning() const;
     [[nodiscard]] bool isUseless() const;
     [[nodiscard]] QString path() const;
-    /// Empty where an update would not help. Where only the user can make one, it offers
-    /// the notice again that says how.
+    /// Empty where an update would not help. Where only the user can update, it offers to
+    /// show the notice with the command again.
     [[nodiscard]] QString buttonText() const;
 
     Q_INVOKABLE void update();
@@ -37,7 +37,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    /// Whether the tool is of no use, Quillon may not renew it, and no notice says so.
+    /// Whether the tool is unusable, Quillon may not update it, and no notice says so.
     [[nodiscard]] bool isObstructed() const;
 
     ToolKeeper &m_keeper;

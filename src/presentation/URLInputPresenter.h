@@ -30,20 +30,20 @@ public:
     [[nodiscard]] QString fieldIcon() const;
     [[nodiscard]] QString buttonLabel() const;
     [[nodiscard]] QString buttonIcon() const;
-    /// Whether the current mode's own operation runs.
+    /// Whether the current mode's own operation is running.
     [[nodiscard]] bool isBusy() const;
-    /// Whether the button is enabled; Return in the field does not ask.
+    /// Whether the button is enabled; Return in the field does not check.
     [[nodiscard]] bool canSubmit() const;
     [[nodiscard]] bool showsMixedBar() const;
     [[nodiscard]] bool fetchesPlaylist() const;
 
     /// The user has changed the text.
     Q_INVOKABLE void edit(const QString &text);
-    /// Something was dropped: its first line that is not blank replaces the text,
-    /// as if it had been typed.
+    /// Handles a drop: its first line that is not blank replaces the text as if it had
+    /// been typed.
     Q_INVOKABLE void take(const QString &dropped);
     Q_INVOKABLE void handleSubmit();
     Q_INVOKABLE void clearURL();
-    /// Chooses what a mixed URL fetches; what was fetched before goes.
+    /// Chooses what a mixed URL fetches; what was fetched before is cleared.
     Q_INVOKABLE void choosePlaylist(bool asPlaylist);
 };

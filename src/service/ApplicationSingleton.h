@@ -5,9 +5,9 @@
 
 #include <utility>
 
-/// The program's one object of a type that needs the application object for its end, a
-/// thread of its own say: made at the first call, it ends with the application object
-/// rather than with the process. Main thread.
+/// The program's one object of a type that needs the application object when it ends, for
+/// example because of its own thread. Made at the first call; it ends with the
+/// application object rather than with the process. Main thread.
 template<typename Type, typename Make>
 Type &applicationSingleton(Make make)
 {

@@ -14,8 +14,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// What a well-behaved tool needs to tidy up; a closed window should not keep
-// the desktop waiting for longer.
+// Long enough for a well-behaved tool to tidy up, short enough not to delay the end of a
+// session.
 constexpr auto endGrace = 1000ms;
 constexpr auto groupWatchInterval = 10ms;
 
@@ -69,7 +69,8 @@ ChildProcess::ChildProcess(Command command, std::shared_ptr<ProcessHandle> handl
 
 void ChildProcess::start()
 {
-    // Told before a process is made only to fail, and in the system's own words.
+    // Checked before a process is made only to fail, and reported in the system's own
+    // words.
     if (access(QFile::encodeName(m_command.program).constData(), X_OK) != 0) {
         m_ending.launchError = qt_error_string(errno);
         settle();
@@ -87,7 +88,7 @@ void ChildProcess::end()
         return;
     m_isEnding = true;
     signalGroup(SIGTERM);
-    signalGroup(SIGCONT); // a stopped process dies of SIGTERM only when it goes on
+    signalGroup(SIGCONT); // a stopped process dies of SIGTERM only when it continues
     m_grace.start();
 }
 
@@ -106,7 +107,7 @@ void ChildProcess::handleFinished(int status, QProcess::ExitStatus exitStatus)
     m_ending.wasSignalled = exitStatus == QProcess::CrashExit;
     m_onOutput(m_process.readAllStandardOutput());
     readStandardError();
-    // A tool that was killed, by whomever, leaves children that nobody else ends.
+    // A killed tool leaves children that nobody else would end.
     if (m_ending.wasSignalled && isProcessGroupAlive(m_handle->processIdentifier()))
         end();
     if (m_isEnding)

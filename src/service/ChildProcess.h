@@ -45,7 +45,7 @@ public:
         QStringList arguments;
         QMap<QString, QString> environment;
         QString folder; ///< to start in
-        /// The program is ended once it has complained at greater length, in bytes.
+        /// Limits standard error, in bytes; a program that writes more is ended.
         qsizetype mostStandardError = std::numeric_limits<qsizetype>::max();
     };
 
@@ -55,8 +55,8 @@ public:
 
     void start();
 
-    /// Ends the process and every process that it started: asks first, and
-    /// kills what is left after a grace. Its end is reported as always.
+    /// Ends the process and every process that it started: asks first, and kills what is
+    /// left after a grace period. Its end is reported as usual.
     void end();
 
 private:

@@ -9,8 +9,8 @@
 #include <functional>
 #include <memory>
 
-/// Child processes on a worker thread of their own, which also reads what they
-/// print. None of them outlives this object.
+/// Child processes on a worker thread of their own, which also reads their output. None
+/// of them outlives this object.
 class ChildProcesses
 {
     Q_DISABLE_COPY_MOVE(ChildProcesses)
@@ -30,15 +30,15 @@ public:
                          const ChildProcess::OutputHandler &onOutput,
                          const ChildProcess::EndHandler &onEnd);
 
-    /// Ends every process that was started by a task posted so far, stopped ones too,
-    /// with all that they started; returns when they are gone and their ends have been
+    /// Ends every process started by a task posted so far, including stopped ones, with
+    /// all of their children; returns when they are gone and their ends have been
     /// handled. Not on the worker thread.
     void endAll();
 
 private:
     void signalIfIdle();
 
-    // What belongs to the worker thread, which also ends it.
+    // Belongs to the worker thread, which also destroys it.
     struct Children
     {
         QSet<ChildProcess *> running;
@@ -46,5 +46,5 @@ private:
     };
     std::shared_ptr<Children> m_children = std::make_shared<Children>();
 
-    Worker m_worker; // last: its thread ends before the rest goes
+    Worker m_worker; // last: its thread ends before the members above are destroyed
 };

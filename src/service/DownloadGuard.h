@@ -6,21 +6,21 @@
 #include <QSet>
 #include <QStringList>
 
-/// Tidies up behind one download. What the tool prints is in part chosen by the page that
-/// it downloads from, so nothing is removed because of what it says alone: a file must be
-/// proved to be this run's. Made before the run begins; one thread.
+/// Tidies up after one download. What the tool prints is partly chosen by the page that
+/// it downloads from, so nothing is removed on its word alone: the file must be proved to
+/// be this run's. Made before the run begins; one thread.
 class DownloadGuard
 {
 public:
     /// `arguments` are the run's.
     explicit DownloadGuard(const QStringList &arguments);
 
-    /// Removes a file that the tool says it was making when the run failed, if that is an
-    /// audio file of this run and no other run has finished it.
+    /// Removes the file that the tool says it was making when the run failed, if that is
+    /// an audio file of this run that no other run has finished.
     void removeHalfMade(const QString &path, const QSet<QString> &finished) const;
 
     /// Removes a "video" that the tool would read as a configuration, and run commands
-    /// from, the next time. What there is to be said of it; nothing if there was none.
+    /// from, the next time. Returns an explanation; nothing if there was no such file.
     [[nodiscard]] QString removeConfigurations() const;
 
 private:

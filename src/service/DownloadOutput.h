@@ -8,8 +8,8 @@
 
 #include <functional>
 
-/// Gets the fraction done (0 to 1), the speed and the remaining time, both as
-/// the tool prints them. Called on the service's worker thread.
+/// Gets the fraction done (0 to 1), and speed and remaining time as the tool prints them.
+/// Called on the service's worker thread.
 using ProgressHandler = std::function<void(double progress, QString speed, QString eta)>;
 
 /// Told that the tool has entered a phase without percentages. Called on the
@@ -25,16 +25,16 @@ public:
     /// Handles every line that is complete with these bytes.
     void append(const QByteArray &bytes);
 
-    /// Where the file was saved. The file that was written or merged goes before
-    /// the one that audio was extracted into; empty when none was named.
+    /// Where the file was saved. A written or merged file takes precedence over the one
+    /// that audio was extracted into; empty when none was named.
     [[nodiscard]] QString savedPath() const;
 
     /// Every file that was named as finished.
     [[nodiscard]] QStringList namedFiles() const;
 
-    /// The file that stands half made under its final name if the run ends
-    /// now; empty if there is none. Only audio extraction writes so; the tool
-    /// says nothing while it lasts and something right after it.
+    /// The file that would be left incomplete under its final name if the run ended now;
+    /// empty if there is none. Only audio extraction writes like that; the tool is silent
+    /// while it lasts and prints something right after.
     [[nodiscard]] QString halfMadeFile() const { return m_halfMadeFile; }
 
 private:

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What is there, and in which condition; empty for what is no file of its own.
+/// What is there, and in which state; empty for anything but a regular file.
 QByteArray conditionOf(const QString &path)
 {
     struct stat file = {};

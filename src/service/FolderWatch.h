@@ -7,19 +7,18 @@
 
 #include <functional>
 
-/// Remembers what certain files of a folder were like, so that it can be told later which
-/// of them have come or changed since. Links are not looked through: what they lead to is
-/// somebody else's.
+/// Remembers certain files of a folder, to tell later which of them are new or have
+/// changed since. Links are not followed: what they lead to belongs to somebody else.
 class FolderWatch
 {
 public:
     using Choice = std::function<bool(const QString &name)>;
 
-    /// Looks at the files that are chosen by their names. The folder need not exist.
+    /// Looks at the files with the chosen names. The folder need not exist.
     FolderWatch(QString folder, const Choice &isChosen);
 
-    /// Whether the path, absolute, is of a file directly in the folder, chosen by its name,
-    /// that was not there or was another one.
+    /// Whether the absolute path names a file directly in the folder, with a chosen name,
+    /// that is new or has changed.
     [[nodiscard]] bool hasCome(const QString &path) const;
 
     /// The paths of all such files.

@@ -19,7 +19,7 @@ std::optional<double> numberAt(const QJsonObject &json, const char *key)
 
 std::optional<qint64> wholeNumberAt(const QJsonObject &json, const char *key)
 {
-    constexpr double limit = 9e15; // beyond it doubles are no exact whole numbers
+    constexpr double limit = 9e15; // beyond it doubles do not hold every whole number
     const auto number = numberAt(json, key);
     if (!number || std::trunc(*number) != *number || std::abs(*number) > limit)
         return {};

@@ -8,15 +8,15 @@
 #include <initializer_list>
 #include <optional>
 
-// What the tool prints is read key by key: a key counts as present only when its
-// value is of the expected kind.
+// The tool's output is read key by key: a key counts as present only when its value has
+// the expected type.
 
 std::optional<QString> textAt(const QJsonObject &json, const char *key);
 std::optional<double> numberAt(const QJsonObject &json, const char *key);
 std::optional<qint64> wholeNumberAt(const QJsonObject &json, const char *key);
 
-/// A list counts only if each of its elements is a map.
+/// A list counts only if every element is a map.
 std::optional<QList<QJsonObject>> mapsAt(const QJsonObject &json, const char *key);
 
-/// The first of these that is a text, else nothing.
+/// The first of these that is a text, or nothing.
 QString firstTextAt(const QJsonObject &json, std::initializer_list<const char *> keys);

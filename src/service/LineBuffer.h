@@ -12,8 +12,7 @@ class LineBuffer
 public:
     void append(const QByteArray &bytes);
 
-    /// The next complete line without its line break. What stands behind the
-    /// last line break is no line until another one comes.
+    /// The next complete line without its line break. An unterminated rest is not a line.
     std::optional<QByteArray> takeLine();
 
 private:

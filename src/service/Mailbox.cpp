@@ -58,8 +58,8 @@ void Mailbox::deliver()
     eventfd_t wakeUps = 0;
     eventfd_read(m_wakeUp, &wakeUps);
 
-    // Only what is there now, so that a busy sender cannot hold up the thread's
-    // other events; what comes meanwhile wakes it again.
+    // Only the current messages, so that a busy sender cannot hold up the thread's other
+    // events; later ones wake it again.
     size_t count = 0;
     {
         const std::scoped_lock lock(m_mutex);

@@ -8,9 +8,8 @@
 #include <memory>
 #include <mutex>
 
-/// The one way from a thread to another: messages are run on the receiving
-/// thread in the order in which they were posted. A plain mutex and a wake-up
-/// descriptor, since thread checkers follow those where they cannot follow
+/// Messages to another thread, run there in the order in which they were posted. A plain
+/// mutex and a wake-up descriptor, because thread checkers can follow those but not
 /// queued signals.
 class Mailbox
 {
@@ -28,11 +27,11 @@ public:
     /// On the receiving thread: its event loop delivers while the result lives.
     [[nodiscard]] std::unique_ptr<QSocketNotifier> open();
 
-    /// Drop what is there and all that comes.
+    /// Drop all current and future messages.
     void close();
 
-    /// On the receiving thread, at its end: wait for messages and deliver them
-    /// until `done` holds.
+    /// On the receiving thread, at its end: wait for messages and deliver them until
+    /// `done` holds.
     void deliverUntil(const std::function<bool()> &done);
 
 private:

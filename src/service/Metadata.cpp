@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Wider pictures are not worth their bytes at the sizes that the screens show.
+// Wider pictures are not worth their bytes at the sizes shown.
 constexpr qint64 thumbnailWidthCeiling = 640;
 
 QSet<qint64> heightsOf(const QJsonObject &json)

@@ -3,6 +3,6 @@
 
 #include <QtGlobal>
 
-/// Whether any process of the group is left, ended ones that nobody has waited
-/// for apart: an orphan of the tool may stay as such where no init reaps it.
+/// Whether any process of the group is left, apart from zombies: an orphan of the tool
+/// may stay one where no init reaps it.
 bool isProcessGroupAlive(qint64 group);

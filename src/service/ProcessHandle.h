@@ -5,10 +5,9 @@
 
 #include <atomic>
 
-/// A child process as others may see it: whether it runs, and a way to signal
-/// it. Held through a process descriptor, so that a signal reaches this process
-/// or none, also when it has just ended and its number is in use again. Safe
-/// from any thread.
+/// A child process as others may see it: whether it runs, and a way to signal it. Held
+/// through a process descriptor, so that a signal reaches this process or none, even if
+/// it has just ended and its number is in use again. Safe from any thread.
 class ProcessHandle
 {
     Q_DISABLE_COPY_MOVE(ProcessHandle)
@@ -17,7 +16,7 @@ public:
     ProcessHandle() = default;
     ~ProcessHandle();
 
-    /// Binds the handle to a child that nobody has waited for yet. Once only.
+    /// Binds the handle to a child that has not been waited for yet. Only once.
     void bind(qint64 processIdentifier);
 
     [[nodiscard]] bool isRunning() const;

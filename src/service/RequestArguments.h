@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What every command line begins with.
+/// How every command line begins.
 QStringList leadingArguments();
 
 /// Makes the tool read a browser's cookies; empty for "none" and the empty text.
@@ -13,10 +13,10 @@ QStringList cookieArguments(const QString &browser);
 /// The command line that prints one video's metadata.
 QStringList videoArguments(const QString &url, const QString &cookiesBrowser);
 
-/// The command line that lists a playlist without looking at each entry.
+/// The command line that lists a playlist without opening each entry.
 QStringList playlistArguments(const QString &url, const QString &cookiesBrowser);
 
-/// The command line that lists what a search finds, at most so many.
+/// The command line that lists up to `limit` results of a search.
 QStringList searchArguments(const QString &query, int limit);
 
 /// The command line that prints the URL of a video's stream.
@@ -25,5 +25,5 @@ QStringList streamArguments(const QString &videoURL);
 /// Whether the tool would take the URL for an option.
 bool looksLikeOption(const QString &url);
 
-/// What is said of such a URL.
+/// The error for such a URL.
 QString optionURLMessage(const QString &url);

@@ -27,7 +27,7 @@ QString thumbnailOf(const QJsonObject &json, const QString &id)
                                : thumbnail;
 }
 
-/// The maps that a line of output stands for.
+/// The maps that a line of output contains.
 QList<QJsonObject> candidates(const QJsonObject &line)
 {
     const QJsonValue entries = line[QLatin1String("entries")];

@@ -4,14 +4,14 @@
 #include <QByteArray>
 #include <QString>
 
-/// Whether the bytes are UTF-8 as a whole.
+/// Whether all of the bytes are UTF-8.
 bool isDecodable(const QByteArray &bytes);
 
-/// The bytes as text; empty when they are not UTF-8 as a whole.
+/// The bytes as text; empty unless all of them are UTF-8.
 QString decodedText(const QByteArray &bytes);
 
-/// What a failed run is reported with: what it wrote to standard error,
-/// unchanged, or "Exit code N" when that is empty.
+/// How a failed run is reported: by what it wrote to standard error, unchanged, or as
+/// "Exit code N" if that is empty.
 QString failureMessage(const QByteArray &standardError, int status);
 
 /// The text without spaces and tabs at its ends. Line breaks stay.

@@ -7,8 +7,8 @@
 
 class QEventLoop;
 
-/// A thread with an event loop that runs the tasks posted to it, in order.
-/// Destroying it waits for the tasks posted before.
+/// A thread with an event loop that runs posted tasks in order. Destroying it waits for
+/// the tasks posted before.
 class Worker
 {
     Q_DISABLE_COPY_MOVE(Worker)

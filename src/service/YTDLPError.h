@@ -7,15 +7,15 @@
 #include <functional>
 #include <variant>
 
-/// A failure with a text for the user. What the service reports is one of the
-/// two kinds below; workflows catch this one.
+/// A failure with a text for the user. The service reports one of the two kinds below;
+/// workflows catch this one.
 class DescribedError : public std::exception
 {
 public:
     [[nodiscard]] virtual QString errorDescription() const = 0;
 };
 
-/// A failure of the tool, of a request to it or of what it printed.
+/// A failure of the tool, of a request to it or in what it printed.
 class YTDLPError : public DescribedError
 {
 public:
@@ -27,7 +27,7 @@ public:
     static YTDLPError fetchFailed(const QString &message, Launch launch = Launch::succeeded);
     static YTDLPError downloadFailed(const QString &message, Launch launch = Launch::succeeded);
     static YTDLPError parseError(const QString &message);
-    /// For callers that look for the tool themselves; a launch that fails is
+    /// For callers that look for the tool themselves; otherwise a failed launch is
     /// reported as a failed fetch or download.
     static YTDLPError notFound();
 
@@ -44,7 +44,7 @@ private:
     Launch m_launch;
 };
 
-/// The JSON reader's own complaint, in its own words.
+/// The JSON parser's own error, in its own words.
 class JSONReaderError : public DescribedError
 {
 public:

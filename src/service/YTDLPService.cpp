@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What is said of a run that has failed.
+/// How a failed run is described.
 QString messageOf(const ProcessEnding &ending)
 {
     return ending.launchError.isEmpty() ? failureMessage(ending.standardError, ending.status)
@@ -61,7 +61,7 @@ QMap<QString, QString> YTDLPService::processEnv()
 {
     const QString home = homeDirectory();
     QString path = u"/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s;
-    // A colon would cut the home's folders into others, which are not the user's.
+    // A colon would split the home folder into others, which are not the user's.
     if (!home.contains(u':'))
         path += u":%1/.local/bin:%1/.deno/bin"_s.arg(home);
     return {{u"PATH"_s, path}, {u"HOME"_s, home}, {u"LANG"_s, u"en_US.UTF-8"_s}};
@@ -201,7 +201,7 @@ void YTDLPService::download(const QStringList &arguments,
                     m_finishedFiles.insert(absoluteForTool(path));
                 completion(output->savedPath());
             } else {
-                // The next run would take such a file for a finished download.
+                // The next run would mistake such a file for a finished download.
                 if (!output->halfMadeFile().isEmpty())
                     guard->removeHalfMade(output->halfMadeFile(), m_finishedFiles);
                 completion(YTDLPError::downloadFailed(messageOf(ending), launchOf(ending)));

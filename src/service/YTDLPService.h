@@ -15,10 +15,9 @@
 #include <memory>
 #include <mutex>
 
-/// The one gateway to the `yt-dlp` tool. Requests may be made on any thread and
-/// return at once; the tool runs, and its output is read and parsed, on a worker
-/// thread of the service's own, where handlers and completions are called, too.
-/// Every request settles exactly once.
+/// The only gateway to the `yt-dlp` tool. Requests may be made on any thread and return
+/// at once; the tool runs, and its output is parsed, on a worker thread of the service,
+/// where handlers and completions are called, too. Every request settles exactly once.
 class YTDLPService
 {
     Q_DISABLE_COPY_MOVE(YTDLPService)
@@ -31,7 +30,7 @@ public:
     /// Where the tool is looked for, in this order.
     static QStringList standardSearchPaths();
 
-    /// One of its own, for tests. At least one path.
+    /// A separate instance, for tests. At least one path.
     explicit YTDLPService(QStringList searchPaths);
 
     const QStringList binarySearchPaths;
@@ -69,20 +68,19 @@ public:
                                 ProcessingHandler processingHandler,
                                 Completion<QString> completion);
 
-    /// The process of the download started last, if it was and until it ends.
-    /// One slot: a later download takes it from an earlier one. Any thread.
+    /// The process of the most recently started download, until it ends. There is one
+    /// slot: a later download takes it over. Any thread.
     [[nodiscard]] std::shared_ptr<ProcessHandle> activeProcess() const;
 
-    /// Ends every process of the requests made so far, stopped ones too, with
-    /// all that they started; returns when they are gone and their requests
-    /// have settled. A file that is half made under its final name goes, too.
-    /// Not on the worker thread.
+    /// Ends every process of the requests made so far, including stopped ones, with all
+    /// of their children; returns when they are gone and the requests have settled. Also
+    /// removes a file left incomplete under its final name. Not on the worker thread.
     void endProcesses();
 
 private:
     // All on the worker thread:
     void collect(const QStringList &arguments, Completion<QByteArray> completion);
-    /// Collects, and parses what came.
+    /// Collects the output and parses it.
     template<typename Value, typename Parse>
     void request(const QStringList &arguments, Parse parse, Completion<Value> completion);
     /// As request(), for a URL that must not be taken for an option.
@@ -102,5 +100,5 @@ private:
 
     QSet<QString> m_finishedFiles; // the worker thread's: what successful runs have named
 
-    ChildProcesses m_processes; // last: its thread ends before the rest goes
+    ChildProcesses m_processes; // last: its thread ends before the members above are destroyed
 };

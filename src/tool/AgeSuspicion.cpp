@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 bool ageMayExplain(const QString &failure)
 {
-    // As the tool, its Python and ffmpeg word them.
+    // As worded by the tool, its Python and ffmpeg.
     static const QStringList otherCauses{
         // The video
         u"private video"_s,

@@ -3,6 +3,6 @@
 
 #include <QString>
 
-/// Whether a failure may come of the tool's age. Not so what a newer tool could not
-/// change: a private or removed video, the network, the disk, cookies, ffmpeg.
+/// Whether the tool's age may explain a failure. Not if a newer tool could not help: a
+/// private or removed video, the network, the disk, cookies, ffmpeg.
 bool ageMayExplain(const QString &failure);

@@ -5,7 +5,7 @@
 
 #include <chrono>
 
-/// A run of a program that is not to be trusted with our time and memory.
+/// A run of a program that cannot be trusted with time and memory.
 struct BoundedRun
 {
     ProcessEnding ending;
@@ -28,6 +28,6 @@ ChildProcess *runBounded(ChildProcesses &processes, ChildProcess::Command comman
                          const std::function<void(const BoundedRun &)> &onEnd,
                          const ChildProcess::OutputHandler &onOutput = {});
 
-/// What a failed run has to say for itself, short enough to be shown: why it could not be
-/// launched, or the last line that it wrote to standard error; may be empty.
+/// A short explanation of a failed run: why it could not be launched, or the last line
+/// that it wrote to standard error; may be empty.
 QString wordsOf(const BoundedRun &run);

@@ -55,7 +55,7 @@ void Download::follow(const QUrl &target)
 void Download::read()
 {
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status >= firstError) { // whatever it goes on to say
+    if (status >= firstError) { // whatever else it sends
         end(u"the server answered %1"_s.arg(status));
         return;
     }
@@ -81,7 +81,7 @@ void Download::finish()
 
 void Download::end(const QString &error)
 {
-    // What still comes goes with this object: aborted in its own signal, the reply would
+    // Later data goes with this object: aborted from its own signal, the reply would
     // complain.
     m_reply->disconnect(this);
     if (const auto onEnd = std::exchange(m_handlers.onEnd, {}))

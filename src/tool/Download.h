@@ -10,9 +10,9 @@
 
 class QNetworkAccessManager;
 
-/// One file from the network, within bounds: redirects lead to https alone, a body may
-/// be so long and no longer, and a silence ends it. Ends with this object. Everything on
-/// the thread that makes it.
+/// One file from the network, within bounds: redirects only to https, a body of limited
+/// length, and an end to long silences. Ends with this object. Everything on the thread
+/// that makes it.
 class Download : public QObject
 {
     Q_OBJECT
@@ -25,8 +25,8 @@ public:
     };
     struct Handlers
     {
-        /// A piece of the file, and the part of it that has come so far, from 0 to 1, or
-        /// less than 0 while nobody knows. Returns why it cannot be taken, or nothing.
+        /// A piece of the file, and the part that has arrived so far, from 0 to 1, or
+        /// below 0 while that is unknown. Returns why it cannot be accepted, or nothing.
         std::function<QString(const QByteArray &bytes, double part)> onBytes;
         /// Called once, with a sentence's second half if it failed, else with nothing.
         /// Must not destroy this object at once.

@@ -48,7 +48,7 @@ int writeToDisk(const QString &path)
 
 bool isUnknown(int error)
 {
-    return error == EINVAL || error == ENOSYS; // what a file system says that cannot do it
+    return error == EINVAL || error == ENOSYS; // the answer of a file system that cannot do it
 }
 
 int renamed(const QByteArray &from, const QByteArray &to, unsigned int how)
@@ -125,7 +125,7 @@ std::optional<QString> ToolFolder::install(const QString &finished) const
         return foreign;
     if (chmod(encoded(finished).constData(), executable) != 0)
         return writingFailed(m_folder, errno);
-    // Else the name might reach the disk before what it names.
+    // Otherwise the name might reach the disk before the contents.
     if (const int error = writeToDisk(finished); error != 0)
         return writingFailed(m_folder, error);
     const QByteArray from = encoded(finished);
@@ -142,7 +142,7 @@ std::optional<QString> ToolFolder::install(const QString &finished) const
 void ToolFolder::clearLeftovers(const QString &toolPath)
 {
     ToolFolder folder(toolPath);
-    // Taken, it clears itself when it goes.
+    // An instance that takes it clears itself when it goes.
     if (QFileInfo::exists(folder.m_workFolder)) [[maybe_unused]]
         const bool isTaken = folder.lock();
 }
@@ -152,7 +152,7 @@ int ToolFolder::lock()
     const int descriptor = open(encoded(m_folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
         return errno;
-    // Network file systems may not lock folders; there it goes without.
+    // Network file systems may be unable to lock folders; then it works without.
     if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         close(descriptor);
         return EWOULDBLOCK;

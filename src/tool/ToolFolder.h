@@ -5,11 +5,11 @@
 
 #include <optional>
 
-/// The folder that Quillon puts its tool into, taken for one update: locked, so that
-/// there is one at a time on the machine, and with a folder in it to work in, which goes
-/// with this object. Nothing is written elsewhere.
+/// The folder for Quillon's own tool, reserved for one update: locked, so that only one
+/// runs on the machine, with a working folder in it that is removed with this object.
+/// Nothing is written elsewhere.
 ///
-/// The functions that can fail return a sentence for the user, or nothing.
+/// Functions that can fail return a sentence for the user, or nothing.
 class ToolFolder
 {
     Q_DISABLE_COPY_MOVE(ToolFolder)
@@ -19,18 +19,18 @@ public:
     explicit ToolFolder(const QString &toolPath);
     ~ToolFolder();
 
-    /// Makes the folder if it is not there, locks it, and clears what an update left that
-    /// was killed.
+    /// Makes the folder if it is missing, locks it, and removes what a killed update
+    /// left.
     [[nodiscard]] std::optional<QString> take();
 
-    /// Where a file of this name is to be made. After take().
+    /// Where to make a file of this name. After take().
     [[nodiscard]] QString workFile(const QString &name) const;
 
-    /// Puts the finished file into the tool's place. At every moment the old one or the
-    /// new one is there, whole. What is not Quillon's is not replaced.
+    /// Puts the finished file into the tool's place. At every moment either the old or
+    /// the new one is there, complete. Files that are not Quillon's are not replaced.
     [[nodiscard]] std::optional<QString> install(const QString &finished) const;
 
-    /// Clears what an update left that was killed, unless another one is under way.
+    /// Removes what a killed update left, unless another update is running.
     static void clearLeftovers(const QString &toolPath);
 
 private:
@@ -43,6 +43,6 @@ private:
     int m_descriptor = -1; // of the folder; holds the lock
 };
 
-/// "… cannot be written: …" for the file or folder, in the system's words; when there is
-/// no room, that there is none.
+/// "… cannot be written: …" for the file or folder, in the system's words, or a sentence
+/// about the full disk.
 QString writingFailed(const QString &path, int error);

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Tells a file from another one, and from itself after it was changed in any way.
+/// Tells one file from another, and from itself after any change.
 QByteArray fingerprintOf(const QString &path)
 {
     struct stat file = {};
@@ -105,7 +105,7 @@ void ToolJudge::ask(ToolReport report)
     const bool isExecutable = access(QFile::encodeName(report.path).constData(), X_OK) == 0;
     if (file.isDir())
         report.failure = StartFailure::isFolder;
-    else if (!file.isFile() || !isExecutable) // at a pipe, say, a reader would wait for good
+    else if (!file.isFile() || !isExecutable) // reading a pipe, for example, might never end
         report.failure = StartFailure::notExecutable;
     if (report.failure != StartFailure::none) {
         settle(report);

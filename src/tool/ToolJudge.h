@@ -6,8 +6,8 @@
 
 #include <chrono>
 
-/// Finds out which tool would run, its version and whether it starts. Works on a thread
-/// of its own, so that neither a slow disk nor a slow tool holds anything up.
+/// Finds out which tool would run, its version, and whether it starts. Works on its own
+/// thread, so that neither a slow disk nor a slow tool delays anything.
 class ToolJudge
 {
     Q_DISABLE_COPY_MOVE(ToolJudge)
@@ -18,16 +18,15 @@ public:
     /// How long the tool may take to tell its version.
     static constexpr std::chrono::seconds patience{10};
 
-    /// The handler is called on the judge's thread with every judgement that was made
-    /// anew.
+    /// The handler is called on the judge's thread with every new judgement.
     ToolJudge(ToolPlaces places, Handler onReport, std::chrono::milliseconds time = patience);
-    /// Ends a run of the tool that is under way, about which nothing is told.
+    /// Ends a running check, about which nothing is reported.
     ~ToolJudge();
 
-    /// Judges the tool if it is another one than last time, as its path, size and times
-    /// tell, or another one stands in the way of its renewal.
+    /// Judges the tool if it has changed since last time, by its path, size and times, or
+    /// if another obstacle to an update has appeared.
     void look();
-    /// Judges it in any case.
+    /// Judges it unconditionally.
     void lookAgain();
 
 private:
@@ -44,7 +43,7 @@ private:
     QByteArray m_fingerprint;
     ToolReport m_located; // as last looked at
     bool m_isAsking = false;
-    bool m_isWanted = false; // a look that came while the tool was being asked
+    bool m_isWanted = false; // a look requested while the tool was being asked
     bool m_isWantedAnew = false;
     bool m_isClosing = false;
 

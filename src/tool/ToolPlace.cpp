@@ -36,8 +36,8 @@ bool isThere(const QString &path)
     return QFile::exists(path) || QFileInfo(path).isSymLink();
 }
 
-/// A release as it is downloaded: a Python zip behind a line for the shell, or a
-/// program that unpacks itself.
+/// A release as downloaded: a Python zip behind a shebang line, or a self-extracting
+/// program.
 bool isReleaseFile(const QString &path)
 {
     const QByteArray head = headOf(path);

@@ -6,7 +6,7 @@
 #include <QMap>
 #include <QStringList>
 
-/// Where the tool is looked for, and where Quillon may put one.
+/// Where the tool is looked for, and where Quillon may install one.
 struct ToolPlaces
 {
     QStringList searchPaths;            ///< the first at which something exists is used
@@ -17,22 +17,23 @@ struct ToolPlaces
     static ToolPlaces standard();
 };
 
-/// What a tool that Quillon has put together carries at its end, so that it is known
-/// as Quillon's by itself: the SHA-256 of the release that it was made of, in hex.
+/// What a tool prepared by Quillon carries at its end, which marks it as Quillon's: the
+/// SHA-256 of the release that it was made from, in hex.
 QByteArray ownMark(const QByteArray &releaseSum);
 
-/// Whether the file is one that Quillon has put together. A link to one is not.
+/// Whether the file was prepared by Quillon. A link to one was not.
 bool isOwn(const QString &path);
 
-/// What would renew the tool at this path, which is not Quillon's, as a line for a
-/// shell; empty if that cannot be told.
+/// A shell command that would update the tool at this path, which is not Quillon's; empty
+/// if that is unknown.
 QString renewalCommand(const QString &path);
 
-/// What has a release file renew itself; with the rights for it if the user may not write.
+/// The command for a release file; with the necessary rights if the user may not write
+/// it.
 QString selfUpdateCommand(const QString &path, bool isWritable);
 
 /// The program of this name in the environment's PATH; empty if there is none.
 QString programIn(const QMap<QString, QString> &environment, const QString &name);
 
-/// The path and what stands in the way of a renewal; says nothing of the version.
+/// The path, and what stands in the way of an update; says nothing about the version.
 ToolReport locateTool(const ToolPlaces &places);

@@ -7,7 +7,7 @@
 #include <chrono>
 #include <optional>
 
-/// Where releases of the tool come from, and how much is expected of that place.
+/// Where releases of the tool come from, and what to expect of that place.
 struct ReleaseSource
 {
     QUrl folder;    ///< ends with a slash; the release's files lie in it
@@ -20,12 +20,12 @@ struct ReleaseSource
     static ReleaseSource official();
 };
 
-/// The release's file that is used: the form that needs nothing but Python, and is one
-/// process, so that a pause reaches all of it.
+/// The release file that is used: the form that needs only Python and is one process, so
+/// that a pause reaches all of it.
 QString releasedFile();
 
-/// The sum (64 hex digits) that a file of SHA-256 sums tells for the file of this name.
+/// The sum (64 hex digits) listed for this name in a file of SHA-256 sums.
 std::optional<QByteArray> sumFor(const QByteArray &sums, const QString &name);
 
-/// The key as it is between the lines of its armor; empty if there is none.
+/// The key between the lines of its armor; empty if there is none.
 QByteArray dearmored(const QByteArray &key);

@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// As the tool itself counts: a release is made at least as often.
+// As the tool itself counts: there is a release at least this often.
 constexpr qint64 mostDaysOfCurrent = 90;
 
 QString failureTextOf(const ToolReport &report)
@@ -29,7 +29,7 @@ QString failureTextOf(const ToolReport &report)
     Q_UNREACHABLE();
 }
 
-/// Whether what failed is not the tool but what it needs.
+/// Whether not the tool but something that it needs has failed.
 bool lacksPython(const ToolReport &report)
 {
     return report.failure == StartFailure::noPython || report.failure == StartFailure::oldPython;

@@ -11,16 +11,16 @@
 
 class UpdateRun;
 
-/// How far an update is.
+/// The progress of an update.
 struct UpdateProgress
 {
     enum class Step { downloading, preparing };
     Step step = Step::downloading;
-    double part = -1; ///< of the step, from 0 to 1; less than 0 while nobody knows
+    double part = -1; ///< of the step, from 0 to 1; below 0 while it is unknown
 };
 
-/// How an update has ended: with a version, a sentence for the user, or neither when
-/// it was given up.
+/// How an update has ended: with a version, with a sentence for the user, or with neither
+/// if it was cancelled.
 struct UpdateOutcome
 {
     ToolVersion version;
@@ -29,9 +29,9 @@ struct UpdateOutcome
     [[nodiscard]] bool isSuccess() const { return error.isEmpty() && version.isDated(); }
 };
 
-/// Puts the latest release of the tool into its place: downloaded, proved to be what was
-/// released, made fast, tried, and only then exchanged for the old one, atomically.
-/// Starts when it is made. Works on a thread of its own, where the handlers are called.
+/// Installs the latest release of the tool: downloads it, verifies it, makes it start
+/// fast, tries it, and only then replaces the old one, atomically. Starts when it is
+/// made. Works on its own thread, where the handlers are called.
 class ToolUpdate
 {
     Q_DISABLE_COPY_MOVE(ToolUpdate)
@@ -46,13 +46,13 @@ public:
     /// A release older than `present` is refused.
     ToolUpdate(const ReleaseSource &source, const ToolPlaces &places, const ToolVersion &present,
                const Handlers &handlers);
-    /// Gives it up if it is not finished, and leaves nothing behind.
+    /// Cancels it if it is unfinished, and leaves nothing behind.
     ~ToolUpdate();
 
-    /// Gives it up soon; its end is reported. Any thread.
+    /// Cancels it soon; its end is reported. Any thread.
     void cancel();
 
 private:
     std::shared_ptr<UpdateRun> m_run; // the thread's own
-    ChildProcesses m_processes;       // last: its thread ends before the rest goes
+    ChildProcesses m_processes; // last: its thread ends before the members above are destroyed
 };

@@ -22,16 +22,16 @@ struct ToolVersion
 /// Both must be dated.
 std::weak_ordering compare(const ToolVersion &left, const ToolVersion &right);
 
-/// What the tool printed for its version. Anything but one line that is a date is a
-/// version without one; of nonsense a short beginning is kept.
+/// The version that the tool printed. Anything but one line with a date is a version
+/// without one; of nonsense a short beginning is kept.
 ToolVersion versionFromOutput(const QByteArray &output);
 
-/// The first release that no longer asks for the client which the video site stopped
-/// answering in January 2026; every one before fails each video.
+/// The first release that no longer uses the client that the video site stopped answering
+/// in January 2026; earlier ones fail for every video.
 QDate oldestWorkingRelease();
 
 /// How long ago the release was; never negative.
 qint64 daysOld(const ToolVersion &version, QDate today);
 
-/// "45 days old", from the 61st day on "5 months old", from 24 months on "3 years old".
+/// "45 days old", from 61 days "2 months old", from 24 months "2 years old".
 QString ageText(qint64 days);

@@ -54,7 +54,7 @@ QString pythonNeeded(const QString &found)
     return u"yt-dlp needs Python 3.10 or newer; %1."_s.arg(found);
 }
 
-/// What is wrong with a Python that was asked for its version; nothing if it will do.
+/// What is wrong with a Python, by its answer about its version; nothing if it will do.
 QString objectionToPython(const BoundedRun &answer)
 {
     const QList<QByteArray> version = answer.output.trimmed().split('.');
@@ -64,13 +64,13 @@ QString objectionToPython(const BoundedRun &answer)
     return isNewEnough ? QString() : u"here is "_s + QString::fromLatin1(version.join('.'));
 }
 
-/// In brackets what a failed run said; nothing if it said nothing.
+/// What a failed run said, in brackets; nothing if it said nothing.
 QString bracketed(const QString &words)
 {
     return words.isEmpty() ? words : u" (%1)"_s.arg(words);
 }
 
-/// What is wrong with a new tool that was tried; nothing if it may be used.
+/// What is wrong with a new tool that was tried; nothing if it works.
 QString objectionTo(const BoundedRun &tried, const ToolVersion &present)
 {
     if (tried.hasRunOutOfTime)
@@ -281,7 +281,7 @@ void UpdateRun::run(const QString &program, const QStringList &arguments,
                     std::chrono::milliseconds time, const RunHandler &onEnd,
                     const ChildProcess::OutputHandler &onOutput)
 {
-    // Of a program that cannot be launched the end is handled before there is a child.
+    // The end of a program that cannot be launched is handled before there is a child.
     const auto hasEnded = std::make_shared<bool>(false);
     ChildProcess *const child = runBounded(
         m_processes,
@@ -320,7 +320,7 @@ void UpdateRun::giveUp()
 {
     m_isGivenUp = true;
     if (m_child)
-        m_child->end(); // it writes into the folder until it has gone
+        m_child->end(); // it writes into the folder until it is gone
     else
         end({});
 }
@@ -338,6 +338,6 @@ void UpdateRun::end(const UpdateOutcome &outcome)
 
 void UpdateRun::dropDownload()
 {
-    if (m_download) // which may be what has led here
+    if (m_download) // which may have led here
         m_download.release()->deleteLater();
 }

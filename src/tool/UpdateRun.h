@@ -10,7 +10,7 @@
 #include <QFile>
 #include <QNetworkAccessManager>
 
-/// The steps of one update, each of which begins the next. Everything on the thread of
+/// The steps of one update, each of which starts the next. Everything on the thread of
 /// its processes.
 class UpdateRun
 {
@@ -22,7 +22,7 @@ public:
     ~UpdateRun() = default;
 
     void begin();
-    /// Ends it without an error, unless it has ended.
+    /// Ends it without an error, unless it has already ended.
     void giveUp();
 
 private:
@@ -42,8 +42,8 @@ private:
     void fetch(const QString &name, qint64 mostBytes, bool isReported, const Next &next);
     void run(const QString &program, const QStringList &arguments, std::chrono::milliseconds time,
              const RunHandler &onEnd, const ChildProcess::OutputHandler &onOutput = {});
-    /// Once more from the start, since a release may have appeared in between; the
-    /// second time it is an error.
+    /// Once more from the start, since a release may have appeared meanwhile; the second
+    /// time it is an error.
     void beginAnew(const QString &error);
     void fail(const QString &error);
     void end(const UpdateOutcome &outcome);

@@ -19,8 +19,8 @@ void AppState::togglePause()
     unsetPause();
 }
 
-// Whoever ends the pause: what it has stopped would have no button to go on any more. It
-// need not be in the slot, since another download may have taken that.
+// Whoever ends the pause: a stopped process would have no button to continue it. It need
+// not be in the slot, which another download may have taken.
 void AppState::unsetPause()
 {
     for (const auto &process : std::as_const(m_stopped))

@@ -26,7 +26,7 @@ std::optional<qsizetype> AppState::currentPlayIndex() const
     return found == results.end() ? std::nullopt : std::optional(found - results.begin());
 }
 
-// By value: the one that is handed in may be an element of what changes here.
+// By value: the argument may be an element of what changes here.
 void AppState::playBrowseResult(SearchResult result) // NOLINT(performance-unnecessary-value-param)
 {
     if (nowPlaying() && nowPlaying()->id == result.id) {

@@ -70,7 +70,7 @@ QCoro::Task<> AppState::downloadItem(QueueRun queueRun, qsizetype position)
     currentDownloadIndex = position + 1;
     currentDownloadTitle = item->title();
     item->status = Status::Downloading{};
-    // Weakly, since the worker may be the last to let go of these.
+    // Weakly, since the worker may be the last to release these.
     const auto setStatus = [weak = std::weak_ptr(item)](const DownloadStatus &status) {
         if (const auto strong = weak.lock())
             strong->status = status;

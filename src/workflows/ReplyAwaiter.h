@@ -19,10 +19,11 @@ class ReplyAwaiter
 {
 public:
     using Start = std::function<void(Completion<Value>)>;
-    /// Called with the failure, or with nothing, before the coroutine goes on; may throw.
+    /// Called with the failure, or with nothing, before the coroutine continues; may
+    /// throw.
     using SettledHandler = std::function<void(const DescribedError *)>;
 
-    /// `start` makes the request with the completion that it is given.
+    /// `start` makes the request with the completion given to it.
     ReplyAwaiter(std::shared_ptr<Mailbox> mailbox, Start start, SettledHandler onSettled)
         : m_mailbox(std::move(mailbox))
         , m_start(std::move(start))

@@ -61,7 +61,7 @@ ReplyAwaiter<QString> AppState::requestDownload(const DownloadJob &job,
                                                      .quality = job.quality,
                                                      .folder = job.folder,
                                                      .url = job.task.url});
-    // Reports take the same way as the completion, so that none overtakes it.
+    // Reports travel like the completion, so that none overtakes it.
     const ProgressHandler onProgress = [this, handle = reports.onProgress](double progress,
                                                                            const QString &speed,
                                                                            const QString &eta) {

@@ -4,6 +4,7 @@
 #include "NoticePresenter.h"
 #include "Release.h"
 #include "ToolKeeper.h"
+#include "ToolNotice.h"
 #include "ToolPresenter.h"
 
 #include <QClipboard>
@@ -20,6 +21,7 @@ private Q_SLOTS:
         m_main.reset();
         m_tool.reset();
         m_notices.reset();
+        m_toolNotice.reset();
         m_keeper.reset();
         m_server.answers.clear();
         m_server.requests.clear();
@@ -292,7 +294,9 @@ protected:
                               .source = {.folder = m_server.url(), .key = m_signer.key},
                               .today = [] { return QDate(2026, 8, 19); }});
         m_keeper->begin();
-        m_notices = std::make_unique<NoticePresenter>(*m_keeper);
+        m_toolNotice = std::make_unique<ToolNotice>(*m_keeper);
+        m_notices =
+            std::make_unique<NoticePresenter>(QList<const NoticeSource *>{m_toolNotice.get()});
         m_tool = std::make_unique<ToolPresenter>(*m_keeper);
         return {.notices = m_notices.get(), .tool = m_tool.get()};
     }
@@ -336,6 +340,7 @@ private:
     Signer m_signer;
     ReleaseServer m_server;
     std::unique_ptr<ToolKeeper> m_keeper;
+    std::unique_ptr<ToolNotice> m_toolNotice;
     std::unique_ptr<NoticePresenter> m_notices;
     std::unique_ptr<ToolPresenter> m_tool;
 };

@@ -19,8 +19,7 @@ Column {
     readonly property real gap: 10
 
     readonly property real innerWidth: width - leftPadding - rightPadding
-    // What the page, which has margins of its own, has left for what stands in the
-    // place of results.
+    // The height of the page that is left for what takes the place of results.
     readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - player.height
     readonly property bool showsResults: root.browse.area === BrowseModel.Area.Results
 
@@ -105,7 +104,8 @@ Column {
             objectName: "result" + index
             width: rows.cellWidth
 
-            // What begins to play is seen, from however far down it was chosen.
+            // The video that begins to play comes into view, from however far down it was
+            // chosen.
             onActivated: {
                 root.browse.play(index);
                 if (root.panel.isPresent)

@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// What stands where the results will be.
+// Takes the place of results until there are some.
 Item {
     id: root
 

@@ -9,7 +9,7 @@ Card {
 
     required property PlayerPanelPresenter panel
 
-    // Where the picture is: in the panel, over the screen, or in a small window.
+    // Where the picture is shown: in the panel, in full screen, or in a small window.
     enum Place {
         InPanel,
         FullScreen,
@@ -20,7 +20,7 @@ Card {
 
     property Window window: null
 
-    // By keyboard, which needs another place now.
+    // A button used by key that needs another place for the focus now.
     signal dismissed
 
     function toggle(other: int) {
@@ -60,7 +60,7 @@ Card {
             open();
     }
 
-    // What is stopped is not shown anywhere.
+    // What has stopped is not shown anywhere.
     Connections {
         function onPresenceChanged() {
             if (!root.panel.isPresent)

@@ -11,7 +11,7 @@ Rectangle {
     readonly property MediaPlayer player: panel.player
     property bool isFullScreen: false
     property bool isPictureInPicture: false
-    // Not all fit into a small window.
+    // Not all of them fit into a small window.
     readonly property bool isNarrow: width < 420
 
     signal fullScreenToggled
@@ -82,8 +82,8 @@ Rectangle {
                     root.player.seek(value);
             }
 
-            // A seek may cost a request, so a drag seeks only now and then. Dragging to the
-            // end does not end the video: the user is still looking for a place in it.
+            // A seek may cost a request, so dragging seeks only now and then. Dragging to
+            // the end does not end the video: the user is still choosing a position.
             Timer {
                 id: whileDragged
 

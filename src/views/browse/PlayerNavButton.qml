@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// Goes to the result before or behind the one that is played.
+// Plays the previous or the next result.
 BaseButton {
     id: root
 

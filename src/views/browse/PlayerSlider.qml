@@ -7,11 +7,11 @@ import Quillon.Shared
 T.Slider {
     id: root
 
-    // What it stands at while nobody moves it, and what is marked besides.
+    // Its value while nobody moves it, and a second mark.
     property real current: 0
     property real mark: from
     property string name
-    // What an arrow key adds; a stepSize would round what the mouse asks for, too.
+    // What an arrow key adds; a stepSize would also round the mouse's position.
     property real keyStep: 1
 
     function nudge(by: real) {
@@ -32,7 +32,7 @@ T.Slider {
 
     Binding on value {
         restoreMode: Binding.RestoreNone
-        // What lies beyond the end would be cut off, and stay so when the end grows.
+        // A value beyond the end would be cut off, and stay so when the end moves.
         value: Math.min(root.to, root.current)
         when: !root.pressed
     }

@@ -3,7 +3,7 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// The picture with its controls, its keys, and what is to be said in its place.
+// The picture with its controls and keys, and the texts that take its place.
 FocusScope {
     id: root
 

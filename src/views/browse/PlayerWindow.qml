@@ -3,14 +3,13 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// The picture in a window of its own: over the whole screen, or small and above
-// the others.
+// The picture in its own window: full screen, or small and above others.
 Window {
     id: root
 
     required property PlayerPanelPresenter panel
     required property bool fillsScreen
-    // On whose screen it opens.
+    // The window on whose screen it opens.
     required property Item origin
 
     signal fullScreenToggled
@@ -22,7 +21,7 @@ Window {
     minimumHeight: 135
     minimumWidth: 240
     title: panel.title
-    // Else it would be minimized with the main window.
+    // Otherwise it would be minimized with the main window.
     transientParent: null
     width: 360
 

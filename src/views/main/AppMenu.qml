@@ -4,8 +4,8 @@ import QtQuick.Templates as T
 import Quillon.Presentation
 import Quillon.Shared
 
-// A menu of the menu bar; its entries show their shortcuts. They are drawn up when
-// it is opened for the first time, for the start of the program to be short.
+// A menu of the menu bar; its entries show their shortcuts. They are made when the menu
+// is first opened, to keep the start of the program short.
 T.Menu {
     id: root
 

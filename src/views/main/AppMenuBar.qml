@@ -31,7 +31,7 @@ T.MenuBar {
     delegate: T.MenuBarItem {
         id: item
 
-        // Qt's own goes on after the menu has been left.
+        // Qt's own would continue after the menu has been left.
         readonly property bool isLit: hovered || (highlighted && (activeFocus || (menu?.opened ?? false)))
 
         bottomPadding: 6

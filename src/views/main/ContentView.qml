@@ -12,7 +12,7 @@ FocusScope {
     readonly property ModePresenter mode: Presenters.mode
     readonly property bool isFetching: Presenters.singleMode.isFetching
 
-    // What is asked for appears at the top.
+    // A new request shows its result at the top.
     onIsFetchingChanged: if (isFetching)
         page.contentY = 0
 
@@ -34,7 +34,7 @@ FocusScope {
             id: settings
 
             active: Presenters.settings.isShown
-            visible: active // else its place stays
+            visible: active // otherwise it would keep its room
             width: parent.width
 
             source: "SettingsPanelView.qml"
@@ -62,7 +62,7 @@ FocusScope {
     Flickable {
         id: page
 
-        // Scrolls by so many heights of what is seen.
+        // Scrolls by this many heights of the visible part.
         function turn(heights: real) {
             const last = Math.max(0, contentHeight + bottomMargin - height);
             contentY = Math.max(0, Math.min(contentY + heights * height, last));
@@ -72,7 +72,7 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: bars.bottom
-        // So that the end of the page can be scrolled clear of a notice.
+        // Lets the end of the page scroll clear of a notice.
         bottomMargin: notice.isShown ? notice.height + notice.anchors.bottomMargin : 0
         boundsBehavior: Flickable.StopAtBounds
         clip: true
@@ -84,7 +84,7 @@ FocusScope {
             id: scrollBar
 
             implicitWidth: implicitContentWidth + leftPadding + rightPadding
-            minimumSize: Math.min(1, 36 / page.height) // enough for a pointer
+            minimumSize: Math.min(1, 36 / page.height) // large enough to grab
             padding: 2
 
             contentItem: Rectangle {
@@ -128,7 +128,7 @@ FocusScope {
             }
         }
 
-        // Brings what the keyboard has reached into view; lists see to their own.
+        // Brings the focused item into view; lists do this themselves.
         Connections {
             function onActiveFocusItemChanged() {
                 const item = root.Window.activeFocusItem as Item;

@@ -10,7 +10,7 @@ T.ApplicationWindow {
 
     required property QuillonApp app
     required property Appearance appearance
-    // Null where nobody looks after the tool.
+    // null without a tool keeper
     required property NoticePresenter notices
     required property ToolPresenter tool
 
@@ -21,7 +21,7 @@ T.ApplicationWindow {
     visible: true
 
     color: Theme.window
-    // For the folder chooser that stands in where the desktop has none of its own.
+    // For the folder chooser used where the desktop has none of its own.
     palette: Theme.chooserPalette
 
     menuBar: AppMenuBar {

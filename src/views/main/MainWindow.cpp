@@ -38,7 +38,7 @@ MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProvide
          {u"appearance"_s, QVariant::fromValue(&appearance)},
          {u"notices"_s, QVariant::fromValue(extras.notices)},
          {u"tool"_s, QVariant::fromValue(extras.tool)}}));
-    // So that what is made ahead is made between frames.
+    // Lets incubation happen between frames.
     if (window())
         m_engine.setIncubationController(window()->incubationController());
 }
@@ -57,7 +57,7 @@ void MainWindow::bringForward() const
         window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
     window()->raise();
     window()->requestActivate();
-    // Window managers may refuse it, for one on another workspace say.
+    // Window managers may refuse, for example for a window on another workspace.
     if (!window()->isActive())
         window()->alert(0);
 }

@@ -15,18 +15,17 @@ class QQmlImageProviderBase;
 class QuillonApp;
 class ToolPresenter;
 
-/// How large the window opens on a screen that has so much room for it, in pixels that do
-/// not depend on its density.
+/// The window's size for a screen with this much room, in device-independent pixels.
 QSize openingSize(const QSize &available);
 
-/// The one window, with the engine behind it, which takes the application's quit from
-/// the screens. Main thread; the program and its appearance must outlive it.
+/// The main window and its engine, with the application's quit under its control. Main
+/// thread; the program and its appearance must outlive it.
 class MainWindow
 {
     Q_DISABLE_COPY_MOVE(MainWindow)
 
 public:
-    /// What the window shows beside the state, if it is there. Outlives the window.
+    /// What the window shows besides the state, where there is any. Outlives the window.
     struct Extras
     {
         NoticePresenter *notices = nullptr;
@@ -43,7 +42,7 @@ public:
     [[nodiscard]] QString errors() const { return m_component.errorString(); }
     [[nodiscard]] QQmlEngine &engine() { return m_engine; }
 
-    /// As it is, but for one that is minimized.
+    /// Brings it to the front, restoring it if it is minimized.
     void bringForward() const;
 
 private:

@@ -19,13 +19,13 @@ Card {
         to: 1
     }
 
-    // The first of its buttons that is there.
+    // The first visible of its buttons.
     function focusFirst(withRing: bool) {
         const first = action.visible ? action : copy.visible ? copy : dismiss;
         first.forceActiveFocus(withRing ? Qt.TabFocusReason : Qt.OtherFocusReason);
     }
 
-    // What lies below it is not for the pointer.
+    // Keeps the pointer from what lies below.
     MouseArea {
         acceptedButtons: Qt.AllButtons
         anchors.fill: parent
@@ -74,7 +74,7 @@ Card {
                 text: root.notices.text
                 wrapMode: Text.Wrap
 
-                // Said by the alert; an update's goes on changing.
+                // The alert says it already; an update's text keeps changing.
                 Accessible.ignored: !root.notices.isBusy
             }
 
@@ -94,7 +94,7 @@ Card {
                     visible: text !== ""
 
                     onClicked: root.notices.act()
-                    // The keyboard stays in the notice when this goes.
+                    // The focus stays in the notice when this goes.
                     onVisibleChanged: if (!visible && focus)
                         dismiss.forceActiveFocus(focusReason)
                 }

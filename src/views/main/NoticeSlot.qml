@@ -7,14 +7,14 @@ import Quillon.Presentation
 import Quillon.Shared
 
 // The one place for notices, over the lower edge of the page. It moves nothing there and
-// takes no focus by itself: the keyboard comes by Tab or F6 and leaves by Escape.
+// takes no focus by itself: the keyboard enters by Tab or F6 and leaves by Escape.
 FocusScope {
     id: root
 
     required property NoticePresenter notices // null where there are none
-    required property Item home // where the keyboard goes for want of another place
+    required property Item home // where the focus goes when it has nowhere else to go
     readonly property bool isShown: notices?.isShown ?? false
-    property Item elsewhere // where the keyboard is when it is not here
+    property Item elsewhere // where the focus was before it came here
 
     height: card.height
     visible: isShown
@@ -57,7 +57,7 @@ FocusScope {
         })
     }
 
-    // What screen readers are told of, once for each notice: it is made anew with its words.
+    // Announced by screen readers, once for each notice: a new text makes a new item.
     Repeater {
         model: root.isShown ? [root.notices.title] : []
 
@@ -69,8 +69,8 @@ FocusScope {
         }
     }
 
-    // With the keyboard here, it goes to what the next notice offers; with its ring if it
-    // came by a key.
+    // A focus that is here moves to what the next notice offers, with its ring if it came
+    // by a key.
     Connections {
         function onKindChanged() {
             const button = root.Window.activeFocusItem as T.Control;

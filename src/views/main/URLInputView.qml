@@ -72,7 +72,7 @@ FocusScope {
             symbol: root.input.buttonIcon
             text: root.input.buttonLabel
 
-            // Disabled, it would keep the keyboard nowhere.
+            // A disabled button would lose the focus.
             onClicked: {
                 const byKeyboard = visualFocus;
                 root.input.handleSubmit();
@@ -93,7 +93,7 @@ FocusScope {
 
         source: "MixedURLBar.qml"
 
-        // What goes with the bar must not take the keyboard's place with it.
+        // What leaves with the bar must not take the focus along.
         onActiveChanged: if (!active && focus)
             field.focus = true
     }

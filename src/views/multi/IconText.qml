@@ -2,8 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// A symbol and a text that ends where there is no more room; with the pointer it
-// may be pressed.
+// A symbol and a text that is elided; it may be pressed with the pointer.
 Item {
     id: root
 

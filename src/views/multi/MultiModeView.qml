@@ -19,7 +19,7 @@ Column {
 
     readonly property real innerWidth: width - leftPadding - rightPadding
 
-    // Where nothing is left, the keyboard goes to the last stop before.
+    // When nothing is left here, the focus goes to the previous stop.
     function leaveEmptyQueue() {
         if (root.queue.count === 0)
             rows.nextItemInFocusChain(false).forceActiveFocus(Qt.TabFocusReason);

@@ -10,7 +10,7 @@ Card {
     required property QueueModel queue
     required property QueueControlsPresenter run
 
-    // Where the keyboard goes on when a run has ended.
+    // Where the focus goes when a run has ended.
     property Item next
 
     implicitHeight: content.height + 28

@@ -20,7 +20,7 @@ ListRow {
 
     signal revealed
 
-    // What the row stands on tells how it ended.
+    // The colour of the row tells how the download ended.
     function rowFill(opacity: real): color {
         if (isDone)
             return Theme.at(Theme.green, opacity);

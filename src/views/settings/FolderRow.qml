@@ -11,7 +11,7 @@ Item {
 
     implicitHeight: caption.height + 4 + 32
 
-    // The chooser is heavy, so it comes when it is wanted, anew each time.
+    // The chooser is heavy, so it is made when it is wanted, each time anew.
     function browseForFolder() {
         chooser.setSource("FolderChooser.qml", {
             "settings": root.settings
@@ -83,7 +83,7 @@ Item {
 
         onClicked: root.settings.save()
 
-        // Settles without swinging, as a spring does that is damped just enough.
+        // Critically damped, so that it does not swing.
         Behavior on implicitWidth {
             NumberAnimation {
                 duration: Theme.slow

@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// What the control beside it sets.
+// Names the control beside it.
 Row {
     id: root
 

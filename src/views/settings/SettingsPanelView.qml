@@ -3,7 +3,7 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// The five settings, which count at once and are kept by Save, and the tool.
+// The five settings, which take effect at once and are stored by Save, and the tool.
 Rectangle {
     id: root
 

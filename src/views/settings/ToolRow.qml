@@ -3,11 +3,11 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// The tool that does the work: its version, what that means, and a newer one.
+// The tool: its version, what that means, and an update.
 Item {
     id: root
 
-    required property ToolPresenter tool // null where nobody looks after it
+    required property ToolPresenter tool // null without a tool keeper
 
     implicitHeight: 32
 

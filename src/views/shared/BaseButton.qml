@@ -3,9 +3,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Quillon.Shared
 
-// What every button here has in common: mouse, keyboard, screen reader, tooltip
-// and focus ring. Its face is the background and content of the ones that build
-// on it.
+// What all buttons have in common: mouse, keyboard, screen reader, tooltip and focus
+// ring. Derived buttons bring background and content.
 T.AbstractButton {
     id: root
 
@@ -14,7 +13,7 @@ T.AbstractButton {
     property int ringRadius: Theme.radius
     property bool showsRing: visualFocus
 
-    // What is hidden takes no keys. Late, for those who hand the keyboard on.
+    // Hidden buttons take no keys. Late, for the sake of those who move the focus on.
     Binding on focus {
         delayed: true
         restoreMode: Binding.RestoreNone
@@ -27,7 +26,7 @@ T.AbstractButton {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
-    // In words, since Qt 6.4 does not tell that a control is disabled.
+    // In words, since Qt 6.4 does not report that a control is disabled.
     Accessible.description: enabled ? "" : "Unavailable"
     Accessible.name: text !== "" ? text : help
 

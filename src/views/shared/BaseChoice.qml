@@ -3,8 +3,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Quillon.Shared
 
-// A button that stands for one of several choices, of which one holds. Pressing
-// it only tells so: whoever uses it says which one holds.
+// A button for one of several choices. Pressing it only emits the click: its user decides
+// what is selected.
 T.RadioButton {
     id: root
 

@@ -3,8 +3,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Quillon.Shared
 
-// What a button does beside its face: tooltip, focus ring, and Return as well as
-// Space. It lies over the button, which forwards its keys here.
+// What a button does apart from its appearance: tooltip, focus ring, and Return as well
+// as Space. It lies over the button, which forwards its keys here.
 Item {
     id: root
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// The surface that things stand on.
+// A surface for content.
 Rectangle {
     border.color: Theme.hairline
     border.width: 1

@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// A calm line where there is nothing else to show.
+// A quiet line where there is nothing else to show.
 Item {
     property alias text: label.text
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// Holds the place of what is being fetched.
+// Takes the place of what is being fetched.
 Item {
     implicitHeight: row.implicitHeight + 56
 

@@ -124,7 +124,7 @@ void FlowLayout::updatePolish()
 QList<QQuickItem *> FlowLayout::visibleChildren() const
 {
     QList<QQuickItem *> items = childItems();
-    // A Repeater is an item, too, but has nothing to show.
+    // A Repeater is an item, too, but shows nothing.
     items.removeIf([](const QQuickItem *item) {
         return !item->isVisible() || item->inherits("QQuickRepeater");
     });

@@ -18,9 +18,9 @@ public:
     [[nodiscard]] qreal spacing() const { return m_spacing; }
     void setSpacing(qreal spacing);
 
-    /// The rows that children of these widths form, by their numbers. There is
-    /// always at least one row. A child that is wider than a row has one of its
-    /// own; one that fills a row exactly stays on it.
+    /// The row of each child, for children of these widths. There is always at least one
+    /// row. A child wider than a row gets its own; one that fills a row exactly stays on
+    /// it.
     static Rows computeRows(const QList<qreal> &widths, qreal spacing, qreal availableWidth);
 
     /// The size for a width; without one (not finite), of a single row, whose

@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// Shows where the keyboard is. Lies around its parent.
+// Shows where the focus is. Surrounds its parent.
 Rectangle {
     property bool shown: false
     property int gap: 2

@@ -2,8 +2,8 @@
 import QtQuick
 import Quillon.Shared
 
-// What the control around it is for, once the pointer has rested there. Nothing
-// is made of it before.
+// Explains the control around it once the pointer has rested there. Nothing is made of it
+// before.
 Loader {
     id: root
 
@@ -13,7 +13,7 @@ Loader {
     active: wanted && text !== ""
     anchors.fill: parent
 
-    source: Qt.resolvedUrl("HelpTipBubble.qml") // beside this file, wherever it is used
+    source: Qt.resolvedUrl("HelpTipBubble.qml") // found beside this file, wherever it is used
 
     Binding {
         property: "text"

@@ -3,14 +3,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Quillon.Shared
 
-// A line of text to be typed.
+// A line of text to edit.
 T.TextField {
     id: root
 
     property real radius: Theme.buttonRadius
 
     color: Theme.primary
-    font.family: hint.fontInfo.family // without a style it would be the desktop's
+    font.family: hint.fontInfo.family // without a style, the colour would be the desktop's
     font.pixelSize: 13
     leftPadding: 10
     placeholderTextColor: Theme.secondary

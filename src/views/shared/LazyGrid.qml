@@ -2,9 +2,9 @@
 import QtQuick
 import Quillon.Shared
 
-// A long list inside a page that scrolls as a whole: as high as all of its cells,
-// but with live cells only where the page shows it, and one row around. One stop
-// of the Tab key; the arrow keys move inside.
+// A long list inside a page that scrolls as a whole: as high as all of its cells, but
+// with live cells only where the page shows it, and one row around. One stop of the Tab
+// key; the arrow keys move inside.
 Item {
     id: root
 
@@ -40,8 +40,8 @@ Item {
         return Math.max(0, Math.min(y, height));
     }
 
-    // The page follows the keyboard. Asked by number, since a cell that has just
-    // come to life is not in its place yet.
+    // Makes the page follow the focus. Computed from the index, since a newly made cell
+    // is not in its place yet.
     function revealCurrent() {
         if (!page)
             return;
@@ -50,7 +50,7 @@ Item {
         Pages.show(page, top - margin, top + cellHeight + margin);
     }
 
-    // Where the keyboard comes in, and after each of its moves.
+    // Where the focus enters, and after each of its moves.
     function focusCurrent() {
         if (!view.activeFocus || !view.currentItem || isAdopting)
             return;
@@ -59,7 +59,7 @@ Item {
         revealCurrent();
     }
 
-    // A cell that has got the focus by a click is the current one, where it is.
+    // Makes a clicked cell the current one, where it is.
     function adopt(index: int) {
         isAdopting = true;
         currentIndex = index;
@@ -81,7 +81,7 @@ Item {
         highlightFollowsCurrentItem: false
         interactive: false
         keyNavigationEnabled: true
-        // A column counts as fitting only if its spacing does.
+        // A column fits only together with its spacing.
         width: root.columns * cellWidth + 1
         y: root.shownTop
 

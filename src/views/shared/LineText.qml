@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// One line of text. What does not fit on it, or has more lines, is in the tooltip.
+// One line of text. If it does not fit, or has more lines, the tooltip shows all of it.
 PlainText {
     id: root
 

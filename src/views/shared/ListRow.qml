@@ -2,8 +2,8 @@
 import QtQuick
 import Quillon.Shared
 
-// A row of a LazyGrid. The keyboard is at the row as a whole, and goes on to its
-// buttons; Tab stops at them only while the row is the current one.
+// A row of a LazyGrid. The focus is on the row as a whole and moves on to its buttons;
+// they are tab stops only while the row is the current one.
 FocusScope {
     id: root
 
@@ -23,7 +23,7 @@ FocusScope {
             activated();
     }
 
-    // Back at the row as a whole for the next time.
+    // Back to the row as a whole for the next time.
     onActiveFocusChanged: {
         if (activeFocus)
             grid.adopt(index);
@@ -44,8 +44,8 @@ FocusScope {
     Item {
         id: face
 
-        // So that the way back from the row's buttons leads here. Late, since what
-        // has the keyboard cannot cease to be a stop.
+        // So that going back from the row's buttons leads here. Late, since a focused
+        // item cannot cease to be a tab stop.
         Binding on activeFocusOnTab {
             delayed: true
             value: root.isCurrent

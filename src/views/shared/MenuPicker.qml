@@ -5,7 +5,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Quillon.Shared
 
-// A choice out of a menu; -1 shows none.
+// A choice from a menu; -1 selects none.
 T.ComboBox {
     id: root
 
@@ -40,7 +40,7 @@ T.ComboBox {
             shown: root.visualFocus
         }
     }
-    // In fonts that run wide the longest choice is drawn smaller rather than cut.
+    // In wide fonts the longest choice is drawn smaller rather than cut.
     contentItem: PlainText {
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 10

@@ -3,9 +3,9 @@ pragma Singleton
 
 import QtQuick
 
-// Scrolling, for what stands somewhere on a page.
+// Scrolling, for items anywhere on a page.
 QtObject {
-    // The page that an item stands on; null if there is none.
+    // The page that holds an item; null if there is none.
     function of(item: Item): Flickable {
         let each = item.parent;
         while (each && !(each instanceof Flickable))
@@ -13,7 +13,7 @@ QtObject {
         return each as Flickable;
     }
 
-    // Scrolls as little as it takes to show what lies between two heights.
+    // Scrolls as little as needed to show the range between two heights.
     function show(page: Flickable, top: real, bottom: real) {
         if (top < page.contentY)
             page.contentY = Math.max(0, top);

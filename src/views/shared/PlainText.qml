@@ -2,13 +2,13 @@
 import QtQuick
 import Quillon.Shared
 
-// Text as it is: a title with "<b>" in it reads so. One line unless wrapped.
+// Literal text: a title with "<b>" in it is shown with "<b>". One line unless wrapped.
 Text {
     property int size: 13
 
     color: Theme.primary
     elide: Text.ElideRight
-    horizontalAlignment: Text.AlignLeft // also where the text runs from right to left
+    horizontalAlignment: Text.AlignLeft // even for right-to-left text
     font.pixelSize: size
     textFormat: Text.PlainText
     verticalAlignment: Text.AlignVCenter

@@ -5,8 +5,8 @@
 #include <QQuickPaintedItem>
 #include <QtQml/qqmlregistration.h>
 
-/// A circle that fills up clockwise from the top. Painted, so that it is smooth
-/// with every renderer.
+/// A circle that fills clockwise from the top. Painted, so that it is smooth with every
+/// renderer.
 class ProgressRing : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     void setProgress(double progress);
     [[nodiscard]] QColor color() const { return m_color; }
     void setColor(const QColor &color);
-    /// What is still to come.
+    /// The part still to come.
     [[nodiscard]] QColor trackColor() const { return m_trackColor; }
     void setTrackColor(const QColor &color);
 

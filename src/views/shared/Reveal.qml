@@ -2,9 +2,8 @@
 import QtQuick
 import Quillon.Shared
 
-// Lets its content enter and leave with a fade, and enter by sliding from the top edge
-// if wanted. While it leaves, its room goes to what follows, so that nothing jumps when it
-// has left.
+// Fades its content in and out, optionally sliding it in from the top. While the content
+// leaves, its room goes to what follows, so that nothing jumps at the end.
 Item {
     id: root
 
@@ -13,7 +12,7 @@ Item {
     property bool shown: false
     property bool slides: false
 
-    // Of its room, what it takes now.
+    // The part of its room that it takes now.
     readonly property real share: slides || !shown ? presence : 1
 
     clip: share < 1

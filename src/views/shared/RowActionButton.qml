@@ -2,14 +2,14 @@
 import QtQuick
 import Quillon.Shared
 
-// What can be done with a row: a symbol that brightens under the pointer.
+// An action of a row: a symbol that brightens under the pointer.
 BaseButton {
     id: root
 
     property string symbol
     property bool isTabStop: true
 
-    // Late, since what has the keyboard cannot cease to be a stop.
+    // Late, since a focused item cannot cease to be a tab stop.
     Binding on activeFocusOnTab {
         delayed: true
         value: root.isTabStop

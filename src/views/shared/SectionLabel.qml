@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// Names a row of controls; as wide in each row, so that the controls line up.
+// Names a row of controls; equally wide in every row, so that the controls line up.
 PlainText {
     color: Theme.secondary
     font.weight: Font.DemiBold

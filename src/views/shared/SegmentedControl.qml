@@ -4,8 +4,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quillon.Shared
 
-// A few choices side by side, of which one holds. One stop of the Tab key; the
-// arrow keys move and choose.
+// A few exclusive choices side by side. One stop of the Tab key; the arrow keys move and
+// choose.
 Rectangle {
     id: root
 

@@ -2,8 +2,8 @@
 import QtQuick
 import Quillon.Shared
 
-// Turns in twelve steps rather than smoothly: it may turn for an hour, and each
-// step costs a frame.
+// Turns in twelve steps rather than smoothly: it may turn for an hour, and every step
+// costs a frame.
 SymbolIcon {
     id: root
 

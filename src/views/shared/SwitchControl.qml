@@ -3,7 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Quillon.Shared
 
-// On or off.
+// A switch that is on or off.
 T.Switch {
     id: root
 

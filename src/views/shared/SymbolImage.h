@@ -6,8 +6,8 @@
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
-/// One of the program's symbols, square, in one colour; nothing where there is none
-/// of that name. An Image would make Qt load all of its picture formats at the start.
+/// One of the program's symbols, square, in one colour; nothing if there is none of that
+/// name. An Image would make Qt load all of its picture formats at the start.
 class SymbolImage : public QQuickItem
 {
     Q_OBJECT
@@ -37,6 +37,6 @@ protected:
 private:
     QString m_symbol;
     QColor m_color;
-    QImage m_image;            // of so many pixels as the item has on the screen
+    QImage m_image;            // in as many pixels as the item covers on the screen
     bool m_isNewImage = false; // not seen by the renderer yet
 };

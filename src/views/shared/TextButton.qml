@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// A button that is a word, and brightens under the pointer.
+// A button that consists of a word and brightens under the pointer.
 BaseButton {
     id: root
 

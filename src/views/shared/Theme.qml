@@ -3,8 +3,8 @@ pragma Singleton
 
 import QtQuick
 
-// Every colour, size and duration of the program. The window sets what the
-// user and the desktop want; everything else follows.
+// Every colour, size and duration of the program. The window sets what the user and the
+// desktop want; everything else follows.
 QtObject {
     id: root
 
@@ -21,7 +21,7 @@ QtObject {
     readonly property color secondary: primaryAt(dark ? 0.62 : 0.6)
     readonly property color hairline: primaryAt(0.08)
 
-    // The accent as text and symbols, and as a fill under white text.
+    // The accent for text and symbols, and as a background for white text.
     readonly property color accent: hasAccent ? desktopAccentText : dark ? "#5aa0ff" : "#0a5cc8"
     readonly property color accentFill: hasAccent ? desktopAccentFill : dark ? "#1f6fe5" : "#0a66e0"
     readonly property color overAccent: "#ffffff"
@@ -77,7 +77,7 @@ QtObject {
         }
     }
 
-    // Always light, since the bar with the path in Qt's own chooser is always white.
+    // Always light, since the path bar of Qt's own chooser is always white.
     readonly property Palette chooserPalette: Palette {
         base: "#ffffff"
         button: "#d4d4d9"

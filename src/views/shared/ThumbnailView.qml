@@ -2,14 +2,12 @@
 import QtQuick
 import Quillon.Shared
 
-// A picture from a URL, with the duration in its corner. Whoever uses it
-// sets its size.
+// A picture from a URL, with the duration in its corner. Its user sets the size.
 Item {
     id: root
 
     property string duration
-    // The symbol where there is no picture, and whether it also stands for the
-    // spinner.
+    // The symbol in place of a missing picture, and whether it also replaces the spinner.
     property string placeholder: "photo"
     property bool placeholderWhileLoading: false
     property int radius: Theme.thumbnailRadius
@@ -19,8 +17,8 @@ Item {
     readonly property bool isLoading: image.status === Image.Loading
     readonly property bool showsPlaceholder: !isLoaded && (!isLoading || placeholderWhileLoading)
 
-    // The size that the picture is made for. While a window is drawn larger, the
-    // picture that is there is stretched.
+    // The size that the picture is requested in. While a window is being enlarged, the
+    // last picture is stretched.
     property size settledSize
 
     function settle() {

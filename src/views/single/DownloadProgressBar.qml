@@ -3,7 +3,7 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// How far the current file is, how fast, and how long it still takes.
+// The current file's progress, speed and remaining time.
 Card {
     id: root
 

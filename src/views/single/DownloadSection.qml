@@ -17,15 +17,15 @@ Column {
 
     onIsDownloadingChanged: awaitsGrowth = isDownloading
 
-    // Whoever starts a download sees it run.
+    // A download comes into view when it is started.
     onHeightChanged: {
         if (awaitsGrowth)
             Pages.reveal(root);
         awaitsGrowth = false;
     }
 
-    // The keyboard stays where the work goes on: a button that goes or is disabled
-    // would take it along. Where it goes is known when all have changed.
+    // The focus moves along with the work, since a button that goes or is disabled would
+    // lose it. Where to is known once everything has changed.
     Timer {
         id: leavePause
 
@@ -125,7 +125,7 @@ Column {
 
                 objectName: "statusChip"
 
-                // What it says stays until it has left.
+                // Its text stays until it has left.
                 Binding on look {
                     restoreMode: Binding.RestoreNone
                     value: root.section.chip

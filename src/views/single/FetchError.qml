@@ -3,7 +3,7 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// The error of the last fetch, with its text until it has left.
+// The error of the last fetch; it keeps its text until it has left.
 ErrorBannerView {
     id: root
 

@@ -17,7 +17,7 @@ BaseButton {
     bottomPadding: 8
     checkable: true
     checked: isSelected
-    focusPolicy: Qt.ClickFocus // for Tab, the grid is one stop
+    focusPolicy: Qt.ClickFocus // to Tab, the grid is one stop
     help: isTitleCut ? title : ""
     leftPadding: 8
     rightPadding: 8

@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// A quiet button in the head of a playlist.
+// A quiet button in the header of a playlist.
 BaseButton {
     id: root
 

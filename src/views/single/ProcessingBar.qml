@@ -2,7 +2,7 @@
 import QtQuick
 import Quillon.Shared
 
-// Shows that the tool works without telling how far it is.
+// Shows that the tool is working when its progress is unknown.
 Rectangle {
     id: root
 

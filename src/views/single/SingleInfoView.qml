@@ -11,7 +11,7 @@ Column {
     spacing: 12
     topPadding: 4
 
-    // What leaves keeps its look until it has left.
+    // What leaves keeps its appearance until it has left.
     property videoInfo info
 
     Binding on info {

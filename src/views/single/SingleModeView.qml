@@ -3,8 +3,8 @@ import QtQuick
 import Quillon.Presentation
 import Quillon.Shared
 
-// The error of the last fetch, the place of the one that runs, and what was
-// fetched: three sections that do not know of each other.
+// The error of the last fetch, the placeholder of the running one, and its result: three
+// independent sections.
 Column {
     id: root
 
@@ -16,10 +16,10 @@ Column {
 
     readonly property real innerWidth: width - leftPadding - rightPadding
 
-    // What shows the result, got ready while the tool is at work.
+    // The result's view, prepared while the tool is working.
     property Component result: null
 
-    // Made each time that it is shown, gone when it has left.
+    // Made each time it is shown, and gone when it has left.
     component Section: Reveal {
         id: section
 
@@ -34,7 +34,7 @@ Column {
         }
     }
 
-    // Always there, so that a screen reader is told when it is shown, whatever else is
+    // Always there, so that screen readers are told when it is shown, whatever else is
     // made at that moment.
     Reveal {
         shown: root.mode.hasError
