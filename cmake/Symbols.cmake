@@ -55,6 +55,7 @@ set(quillon_symbols
     square.and.arrow.down box-arrow-in-down
     stop.fill stop-fill
     sun.max.fill sun-fill
+    stop.fill stop-fill
     tray inbox
     waveform soundwave
     xmark x-lg

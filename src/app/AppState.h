@@ -11,6 +11,7 @@
 #include "PlatformServices.h"
 #include "Published.h"
 #include "QualityOption.h"
+#include "RunFailure.h"
 #include "SearchResult.h"
 #include "VideoInfo.h"
 #include "YTDLPService.h"
@@ -168,6 +169,11 @@ public:
     void startSingleDownload();
     /// Forgets the last run. A run in progress continues.
     void resetDownload();
+    /// Ends the run in progress, whose download then fails. Its partial files stay for the
+    /// next one.
+    void stopSingleDownload();
+    /// How the run that `downloadStatus` tells of has failed, if it has.
+    [[nodiscard]] const std::optional<RunFailure> &singleFailure() const { return m_failure; }
 
     // Multi mode (Queue.cpp).
     /// Puts a URL at the end of the queue and fetches what it is; a playlist
@@ -226,7 +232,8 @@ private:
         ProcessingHandler onProcessing;
     };
     /// Downloads one file with the current settings; yields its path, which may be empty.
-    ReplyAwaiter<QString> requestDownload(const DownloadJob &job, const DownloadReports &reports);
+    ReplyAwaiter<QString> requestDownload(const DownloadJob &job, const DownloadReports &reports,
+                                          const std::stop_token &stop = {});
     [[nodiscard]] QCoro::Task<> search(QString query);
     ReplyAwaiter<Results> requestSearch(const QString &query, int limit);
     [[nodiscard]] QCoro::Task<> downloadResult(QString key, DownloadJob job);
@@ -256,6 +263,8 @@ private:
     const std::shared_ptr<Mailbox> m_mailbox; // to the main thread
     const std::unique_ptr<QSocketNotifier> m_delivery;
     Report m_lastReport = Report::none;
+    std::stop_source m_stopSource; // of the single-mode run that began last
+    std::optional<RunFailure> m_failure;
     QList<std::shared_ptr<ProcessHandle>> m_stopped; // by togglePause()
     int m_runningTasks = 0;
     bool m_isClosing = false;

@@ -8,13 +8,16 @@
 #include <QSet>
 #include <QString>
 
+#include <stop_token>
+
 /// All that a single-mode run needs, fixed when it starts.
 struct SingleRun
 {
     QList<DownloadTask> tasks;
     QualityOption quality;
     QString folder;
-    QString title; ///< what its end is announced with
+    QString title;        ///< what its end is announced with
+    std::stop_token stop; ///< requested by the user
 };
 
 /// One task for a video; for a playlist one for each selected entry, in the

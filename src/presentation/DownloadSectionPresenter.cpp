@@ -5,6 +5,9 @@
 #include "Percent.h"
 #include "ShownText.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 using namespace Qt::StringLiterals;
 
 DownloadSectionPresenter::DownloadSectionPresenter(AppState &state)
@@ -49,6 +52,13 @@ QString DownloadSectionPresenter::pauseHelp() const
 bool DownloadSectionPresenter::isDone() const
 {
     return kindOf(state().downloadStatus()) == StatusKind::Done;
+}
+
+QString DownloadSectionPresenter::failure() const
+{
+    const bool hasFailed = kindOf(state().downloadStatus()) == StatusKind::Failed;
+    return hasFailed && state().singleFailure() ? shownText(failureText(*state().singleFailure()))
+                                                : QString();
 }
 
 StatusLook DownloadSectionPresenter::chip() const
@@ -114,6 +124,16 @@ void DownloadSectionPresenter::download()
 void DownloadSectionPresenter::togglePause()
 {
     state().togglePause();
+}
+
+void DownloadSectionPresenter::stop()
+{
+    state().stopSingleDownload();
+}
+
+void DownloadSectionPresenter::copyFailure()
+{
+    QGuiApplication::clipboard()->setText(failure());
 }
 
 void DownloadSectionPresenter::reveal()

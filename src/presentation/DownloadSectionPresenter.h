@@ -20,6 +20,7 @@ class DownloadSectionPresenter : public StatePresenter
     Q_PROPERTY(QString pauseIcon READ pauseIcon NOTIFY changed)
     Q_PROPERTY(QString pauseHelp READ pauseHelp NOTIFY changed)
     Q_PROPERTY(bool isDone READ isDone NOTIFY changed)
+    Q_PROPERTY(QString failure READ failure NOTIFY changed)
     Q_PROPERTY(StatusLook chip READ chip NOTIFY changed)
     Q_PROPERTY(bool showsRunLine READ showsRunLine NOTIFY changed)
     Q_PROPERTY(QString runLineTitle READ runLineTitle NOTIFY changed)
@@ -42,6 +43,8 @@ public:
     [[nodiscard]] QString pauseIcon() const;
     [[nodiscard]] QString pauseHelp() const;
     [[nodiscard]] bool isDone() const;
+    /// Why the run has failed, and at which of its files; empty if it has not.
+    [[nodiscard]] QString failure() const;
     [[nodiscard]] StatusLook chip() const;
     [[nodiscard]] bool showsRunLine() const;
     [[nodiscard]] QString runLineTitle() const;
@@ -58,7 +61,9 @@ public:
 
     Q_INVOKABLE void download();
     Q_INVOKABLE void togglePause();
+    Q_INVOKABLE void stop();
     Q_INVOKABLE void reveal();
+    Q_INVOKABLE void copyFailure();
 
 Q_SIGNALS:
     void progressChanged();

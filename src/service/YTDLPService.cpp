@@ -3,6 +3,7 @@
 
 #include "ApplicationSingleton.h"
 #include "DownloadGuard.h"
+#include "EndOnStop.h"
 #include "HomeDirectory.h"
 #include "Metadata.h"
 #include "RequestArguments.h"
@@ -143,12 +144,13 @@ void YTDLPService::getStreamURL(const QString &videoURL, Completion<QUrl> comple
 void YTDLPService::runProcessWithProgress(const QStringList &arguments,
                                           ProgressHandler progressHandler,
                                           ProcessingHandler processingHandler,
-                                          Completion<QString> completion)
+                                          Completion<QString> completion,
+                                          const std::stop_token &stop)
 {
     auto output =
         std::make_shared<DownloadOutput>(std::move(progressHandler), std::move(processingHandler));
-    m_processes.post([this, arguments, output, completion = std::move(completion)] {
-        download(arguments, output, completion);
+    m_processes.post([this, arguments, output, completion = std::move(completion), stop] {
+        download(arguments, output, completion, stop);
     });
 }
 
@@ -180,8 +182,12 @@ void YTDLPService::collect(const QStringList &arguments, Completion<QByteArray> 
 
 void YTDLPService::download(const QStringList &arguments,
                             const std::shared_ptr<DownloadOutput> &output,
-                            Completion<QString> completion)
+                            Completion<QString> completion, const std::stop_token &stop)
 {
+    if (stop.stop_requested()) {
+        completion(YTDLPError::downloadFailed(u"Stopped"_s));
+        return;
+    }
     if (!arguments.isEmpty() && looksLikeOption(arguments.last())) {
         completion(YTDLPError::downloadFailed(optionURLMessage(arguments.last())));
         return;
@@ -189,9 +195,11 @@ void YTDLPService::download(const QStringList &arguments,
     const auto handle = std::make_shared<ProcessHandle>();
     const auto guard = std::make_shared<DownloadGuard>(arguments);
     setActiveProcess(handle);
-    launch(
+    const auto end = std::make_shared<EndOnStop>();
+    ChildProcess *const child = launch(
         arguments, handle, [output](const QByteArray &bytes) { output->append(bytes); },
         [=, this, completion = std::move(completion)](const ProcessEnding &ending) {
+            end->disarm();
             clearActiveProcess(handle);
             const QString danger = guard->removeConfigurations();
             if (!danger.isEmpty()) {
@@ -207,18 +215,19 @@ void YTDLPService::download(const QStringList &arguments,
                 completion(YTDLPError::downloadFailed(messageOf(ending), launchOf(ending)));
             }
         });
+    end->arm(child, stop, m_processes);
 }
 
-void YTDLPService::launch(const QStringList &arguments,
-                          const std::shared_ptr<ProcessHandle> &handle,
-                          const ChildProcess::OutputHandler &onOutput,
-                          const ChildProcess::EndHandler &onEnd)
+ChildProcess *YTDLPService::launch(const QStringList &arguments,
+                                   const std::shared_ptr<ProcessHandle> &handle,
+                                   const ChildProcess::OutputHandler &onOutput,
+                                   const ChildProcess::EndHandler &onEnd)
 {
-    m_processes.launch({.program = ytdlpPath(),
-                        .arguments = arguments,
-                        .environment = processEnv(),
-                        .folder = toolFolder()},
-                       handle, onOutput, onEnd);
+    return m_processes.launch({.program = ytdlpPath(),
+                               .arguments = arguments,
+                               .environment = processEnv(),
+                               .folder = toolFolder()},
+                              handle, onOutput, onEnd);
 }
 
 void YTDLPService::setActiveProcess(std::shared_ptr<ProcessHandle> handle)

@@ -14,6 +14,7 @@
 
 #include <memory>
 #include <mutex>
+#include <stop_token>
 
 /// The only gateway to the `yt-dlp` tool. Requests may be made on any thread and return
 /// at once; the tool runs, and its output is parsed, on a worker thread of the service,
@@ -63,10 +64,11 @@ public:
     void getStreamURL(const QString &videoURL, Completion<QUrl> completion);
 
     /// Runs one download, whose URL is the last argument, and yields the
-    /// saved file's path, possibly empty.
+    /// saved file's path, possibly empty. A requested stop ends its process, even a paused
+    /// one, with all of its children; the download then fails.
     void runProcessWithProgress(const QStringList &arguments, ProgressHandler progressHandler,
-                                ProcessingHandler processingHandler,
-                                Completion<QString> completion);
+                                ProcessingHandler processingHandler, Completion<QString> completion,
+                                const std::stop_token &stop = {});
 
     /// The process of the most recently started download, until it ends. There is one
     /// slot: a later download takes it over. Any thread.
@@ -88,9 +90,10 @@ private:
     void fetch(const QString &url, const QStringList &arguments, Parse parse,
                Completion<Value> completion);
     void download(const QStringList &arguments, const std::shared_ptr<DownloadOutput> &output,
-                  Completion<QString> completion);
-    void launch(const QStringList &arguments, const std::shared_ptr<ProcessHandle> &handle,
-                const ChildProcess::OutputHandler &onOutput, const ChildProcess::EndHandler &onEnd);
+                  Completion<QString> completion, const std::stop_token &stop);
+    ChildProcess *launch(const QStringList &arguments, const std::shared_ptr<ProcessHandle> &handle,
+                         const ChildProcess::OutputHandler &onOutput,
+                         const ChildProcess::EndHandler &onEnd);
 
     void setActiveProcess(std::shared_ptr<ProcessHandle> handle);
     void clearActiveProcess(const std::shared_ptr<ProcessHandle> &handle);

@@ -54,7 +54,8 @@ ReplyAwaiter<QUrl> AppState::requestStream(const QString &videoURL)
 }
 
 ReplyAwaiter<QString> AppState::requestDownload(const DownloadJob &job,
-                                                const DownloadReports &reports)
+                                                const DownloadReports &reports,
+                                                const std::stop_token &stop)
 {
     const QStringList arguments = downloadArguments({.cookiesBrowser = cookiesBrowser(),
                                                      .speedLimit = speedLimit(),
@@ -71,6 +72,6 @@ ReplyAwaiter<QString> AppState::requestDownload(const DownloadJob &job,
         postUnlessClosing(handle);
     };
     return request<QString>([=, this](const Completion<QString> &completion) {
-        service.runProcessWithProgress(arguments, onProgress, onProcessing, completion);
+        service.runProcessWithProgress(arguments, onProgress, onProcessing, completion, stop);
     });
 }

@@ -45,7 +45,11 @@ void AppState::startSingleDownload()
     SingleRun singleRun{.tasks = {},
                         .quality = runQuality(selectedFormat(), selectedQuality()),
                         .folder = {},
-                        .title = runTitle(*singleInfo())};
+                        .title = runTitle(*singleInfo()),
+                        .stop = {}};
+    m_failure.reset();
+    m_stopSource = std::stop_source();
+    singleRun.stop = m_stopSource.get_token();
     isDownloading = true;
     unsetPause();
     downloadProgress = 0;
@@ -62,14 +66,19 @@ void AppState::startSingleDownload()
 
 QCoro::Task<> AppState::run(SingleRun singleRun)
 {
+    qsizetype position = 0;
     try {
-        for (qsizetype position = 0; position < singleRun.tasks.size(); ++position) {
+        for (; position < singleRun.tasks.size(); ++position) {
             co_await downloadTask(singleRun, position);
         }
         endRun(Status::Done{singleRun.folder});
         downloadProgress = 1.0;
         sendCompleteNotification(singleRun.title, singleRun.tasks.size());
     } catch (const DescribedError &error) {
+        m_failure = {.position = position + 1,
+                     .count = singleRun.tasks.size(),
+                     .message = error.errorDescription(),
+                     .wasStopped = singleRun.stop.stop_requested()};
         endRun(Status::Failed{error.errorDescription()});
     }
 }
@@ -82,11 +91,12 @@ QCoro::Task<> AppState::downloadTask(SingleRun singleRun, qsizetype position)
     setLastReport(Report::none);
     downloadStatus = Status::Running{};
     downloadProgress = 0;
+    const std::stop_token stop = singleRun.stop;
     const DownloadReports reports{
         .onProgress = [this](double progress, const QString &speed,
                              const QString &eta) { showProgress(progress, speed, eta); },
         .onProcessing = [this] { showProcessing(); }};
-    const QString savedPath = co_await requestDownload(job, reports);
+    const QString savedPath = co_await requestDownload(job, reports, stop);
     addToHistory(historyRecord(job, savedPath));
 }
 
@@ -101,6 +111,11 @@ void AppState::resetDownload()
     currentDownloadTitle = QString();
     currentDownloadIndex = 0;
     totalDownloadCount = 0;
+}
+
+void AppState::stopSingleDownload()
+{
+    m_stopSource.request_stop();
 }
 
 void AppState::showProgress(double progress, const QString &speed, const QString &eta)

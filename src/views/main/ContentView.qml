@@ -154,6 +154,14 @@ FocusScope {
     }
 
     Shortcut {
+        context: Qt.ApplicationShortcut
+        enabled: Presenters.downloadSection.isDownloading
+        sequence: "Ctrl+."
+
+        onActivated: Presenters.downloadSection.stop()
+    }
+
+    Shortcut {
         enabled: notice.isShown
         sequence: "F6"
 

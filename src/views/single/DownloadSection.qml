@@ -27,7 +27,7 @@ Column {
     // The focus moves along with the work, since a button that goes or is disabled would
     // lose it. Where to is known once everything has changed.
     Timer {
-        id: leavePause
+        id: leaveRun
 
         interval: 0
 
@@ -92,8 +92,23 @@ Column {
                     tint: root.section.isPaused ? Theme.green : Theme.orange
 
                     onActiveFocusChanged: if (!activeFocus && !root.isDownloading)
-                        leavePause.start()
+                        leaveRun.start()
                     onClicked: root.section.togglePause()
+                }
+
+                PushButton {
+                    anchors.left: pause.right
+                    anchors.leftMargin: actions.gap
+                    height: actions.height
+                    help: "Stop download"
+                    iconSize: 14
+                    objectName: "stop"
+                    symbol: "stop.fill"
+                    tint: Theme.red
+
+                    onActiveFocusChanged: if (!activeFocus && !root.isDownloading)
+                        leaveRun.start()
+                    onClicked: root.section.stop()
                 }
             }
 
@@ -165,6 +180,18 @@ Column {
             color: Theme.accent
             objectName: "runCount"
             text: root.section.runLineCount
+        }
+    }
+
+    Reveal {
+        shown: root.section.failure !== ""
+        slides: true
+        width: parent.width
+
+        FailureNote {
+            objectName: "failure"
+            section: root.section
+            width: root.width
         }
     }
 
