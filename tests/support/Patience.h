@@ -3,6 +3,10 @@
 
 #include <QTest>
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+#pragma GCC diagnostic ignored "-Wconversion" // its QTRY macros convert
+#endif
+
 /// How long a test waits for what should happen, in milliseconds. Far longer than it
 /// takes, for slow machines.
 inline constexpr int patience = 30000;

@@ -13,6 +13,7 @@ T.TextArea {
     activeFocusOnTab: true
     clip: true
     color: Theme.primary
+    font.family: model.fontInfo.family // without a style, it would be the desktop's
     font.pixelSize: 12
     height: Math.min(contentHeight, Math.ceil(metrics.lineSpacing * maximumLineCount))
     padding: 0
@@ -30,6 +31,12 @@ T.TextArea {
         id: metrics
 
         font: root.font
+    }
+
+    PlainText {
+        id: model
+
+        Accessible.ignored: true
     }
 
     HelpTip {
