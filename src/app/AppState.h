@@ -153,12 +153,19 @@ public:
     void saveHistory();
     /// Puts a record in front, drops the oldest beyond the limit, and saves.
     void addToHistory(const HistoryItem &item);
+    /// Removes one record, and saves. The file stays.
+    void removeFromHistory(const QUuid &id);
 
     // Utilities (Utilities.cpp).
     /// The absolute folder that downloads are written to.
     [[nodiscard]] QString resolvedDownloadDir() const;
     /// Shows a saved file, or its folder when it is gone.
     void revealInFinder(const QString &path);
+    /// Plays a saved file with the desktop's program for it; does nothing unless it is a
+    /// media file that is there.
+    void openFile(const QString &path);
+    /// Opens a page of the web; does nothing for any other URL.
+    void openInBrowser(const QString &url);
     /// Announces a finished run by sound and notification, if the user wants it.
     void sendCompleteNotification(const QString &title, qint64 count);
 

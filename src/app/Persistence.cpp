@@ -56,3 +56,12 @@ void AppState::addToHistory(const HistoryItem &item)
     history = std::move(records);
     saveHistory();
 }
+
+void AppState::removeFromHistory(const QUuid &id)
+{
+    History records = history();
+    if (records.removeIf([&id](const HistoryItem &record) { return record.id == id; }) == 0)
+        return;
+    history = std::move(records);
+    saveHistory();
+}

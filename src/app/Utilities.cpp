@@ -4,6 +4,7 @@
 #include "CompletionText.h"
 #include "DownloadFolder.h"
 #include "HomeDirectory.h"
+#include "Openable.h"
 #include "ShownText.h"
 #include "URLKind.h"
 
@@ -28,6 +29,19 @@ void AppState::revealInFinder(const QString &path)
         m_platform.fileViewer->select(absolute);
     else
         m_platform.fileViewer->openFolder(QFileInfo(absolute).path());
+}
+
+void AppState::openFile(const QString &path)
+{
+    const QString absolute = absoluteForTool(path);
+    if (isPlayableFile(absolute))
+        m_platform.fileViewer->open(QUrl::fromLocalFile(absolute));
+}
+
+void AppState::openInBrowser(const QString &url)
+{
+    if (isOfTheWeb(url))
+        m_platform.fileViewer->open(QUrl(url.trimmed()));
 }
 
 void AppState::sendCompleteNotification(const QString &title, qint64 count)

@@ -14,6 +14,7 @@ struct VideoInfo
     Q_GADGET
     Q_PROPERTY(QString title READ shownTitle CONSTANT)
     Q_PROPERTY(QString thumbnailURL MEMBER thumbnailURL CONSTANT)
+    Q_PROPERTY(QString originalURL MEMBER originalURL CONSTANT)
     Q_PROPERTY(QString uploader READ shownUploader CONSTANT)
     Q_PROPERTY(QString formattedDuration READ formattedDuration CONSTANT)
     Q_PROPERTY(bool isPlaylist MEMBER isPlaylist CONSTANT)

@@ -21,6 +21,11 @@ void DesktopFileViewer::openFolder(const QString &path)
         call(u"ShowFolders"_s, path, path);
 }
 
+void DesktopFileViewer::open(const QUrl &url)
+{
+    QDesktopServices::openUrl(url);
+}
+
 void DesktopFileViewer::call(const QString &method, const QString &path,
                              const QString &fallbackFolder)
 {

@@ -14,6 +14,7 @@ class DesktopFileViewer : public QObject, public FileViewer
 public:
     void select(const QString &path) override;
     void openFolder(const QString &path) override;
+    void open(const QUrl &url) override;
 
 private:
     void call(const QString &method, const QString &path, const QString &fallbackFolder);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
 /// The desktop's file manager. Main thread; returns at once, fails silently.
 class FileViewer
@@ -13,4 +14,8 @@ public:
     virtual void select(const QString &path) = 0;
 
     virtual void openFolder(const QString &path) = 0;
+
+    /// Opens a file, or a page, with the program that the desktop has for it. The caller
+    /// sees to it that this is harmless.
+    virtual void open(const QUrl &url) = 0;
 };

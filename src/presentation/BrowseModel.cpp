@@ -53,6 +53,8 @@ QVariant BrowseModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case TitleRole:
         return shownLine(result.title);
+    case URLRole:
+        return result.videoURL;
     case UploaderRole:
         return shownLine(result.uploader);
     case DurationRole:
@@ -76,6 +78,7 @@ QHash<int, QByteArray> BrowseModel::roleNames() const
             {DurationRole, "duration"},
             {ThumbnailRole, "thumbnailURL"},
             {IsNowPlayingRole, "isNowPlaying"},
+            {URLRole, "url"},
             {VideoRole, "video"},
             {AudioRole, "audio"}};
 }

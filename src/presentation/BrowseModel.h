@@ -26,6 +26,7 @@ public:
         DurationRole,
         ThumbnailRole,
         IsNowPlayingRole,
+        URLRole,   ///< of the watch page
         VideoRole, ///< a StatusLook: of the button that downloads it as video
         AudioRole, ///< a StatusLook: of the one that downloads it as audio
     };

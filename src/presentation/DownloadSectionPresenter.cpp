@@ -5,9 +5,6 @@
 #include "Percent.h"
 #include "ShownText.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-
 using namespace Qt::StringLiterals;
 
 DownloadSectionPresenter::DownloadSectionPresenter(AppState &state)
@@ -129,11 +126,6 @@ void DownloadSectionPresenter::togglePause()
 void DownloadSectionPresenter::stop()
 {
     state().stopSingleDownload();
-}
-
-void DownloadSectionPresenter::copyFailure()
-{
-    QGuiApplication::clipboard()->setText(failure());
 }
 
 void DownloadSectionPresenter::reveal()

@@ -63,7 +63,6 @@ public:
     Q_INVOKABLE void togglePause();
     Q_INVOKABLE void stop();
     Q_INVOKABLE void reveal();
-    Q_INVOKABLE void copyFailure();
 
 Q_SIGNALS:
     void progressChanged();

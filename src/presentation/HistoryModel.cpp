@@ -55,6 +55,10 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
         return shownLine(record.format.toUpper() + u" · "_s + record.quality);
     case CanRevealRole:
         return record.savedPath.has_value();
+    case URLRole:
+        return record.url;
+    case PathRole:
+        return record.savedPath.value_or(QString());
     default:
         return {};
     }
@@ -62,8 +66,14 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> HistoryModel::roleNames() const
 {
-    return {{TitleRole, "title"}, {ThumbnailRole, "thumbnailURL"}, {PlaceholderRole, "symbol"},
-            {DateRole, "date"},   {DetailsRole, "details"},        {CanRevealRole, "canReveal"}};
+    return {{TitleRole, "title"},
+            {ThumbnailRole, "thumbnailURL"},
+            {PlaceholderRole, "symbol"},
+            {DateRole, "date"},
+            {DetailsRole, "details"},
+            {CanRevealRole, "canReveal"},
+            {URLRole, "url"},
+            {PathRole, "path"}};
 }
 
 void HistoryModel::reveal(int row)
@@ -80,6 +90,12 @@ void HistoryModel::refetch(int row)
     m_state.singleURL = m_records[row].url;
     m_state.fetchAsPlaylist = false;
     m_state.fetchSingleInfo();
+}
+
+void HistoryModel::remove(int row)
+{
+    if (row >= 0 && row < m_records.size())
+        m_state.removeFromHistory(m_records[row].id);
 }
 
 void HistoryModel::clearAll()

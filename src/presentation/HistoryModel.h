@@ -24,6 +24,8 @@ public:
         DateRole,        ///< relative to now; updated by a timer
         DetailsRole,     ///< format and quality
         CanRevealRole,   ///< whether the file's place is known
+        URLRole,         ///< of the video
+        PathRole,        ///< of the file; empty while it is unknown
     };
 
     /// The state outlives the model.
@@ -39,6 +41,7 @@ public:
     Q_INVOKABLE void reveal(int row);
     /// Fetches a row's URL again, in single mode.
     Q_INVOKABLE void refetch(int row);
+    Q_INVOKABLE void remove(int row);
     /// Removes all records, also on disk.
     Q_INVOKABLE void clearAll();
 

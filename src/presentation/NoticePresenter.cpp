@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "NoticePresenter.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
+#include "Clipboard.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,7 +41,7 @@ void NoticePresenter::dismiss()
 
 void NoticePresenter::copyCommand()
 {
-    QGuiApplication::clipboard()->setText(command());
+    Clipboard::copy(command());
     m_copied.start();
     Q_EMIT changed();
 }

@@ -29,6 +29,11 @@ QString PlayerPanelPresenter::title() const
     return state().nowPlaying() ? shownLine(state().nowPlaying()->title) : QString();
 }
 
+QString PlayerPanelPresenter::url() const
+{
+    return state().nowPlaying() ? state().nowPlaying()->videoURL : QString();
+}
+
 QString PlayerPanelPresenter::errorText() const
 {
     return shownText(state().playerError().value_or(QString()));

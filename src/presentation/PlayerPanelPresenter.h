@@ -18,6 +18,7 @@ class PlayerPanelPresenter : public StatePresenter
     Q_PROPERTY(bool isPresent READ isPresent NOTIFY presenceChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString url READ url NOTIFY changed)
     Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
     Q_PROPERTY(QString place READ place NOTIFY changed)
     Q_PROPERTY(QString elapsed READ elapsed NOTIFY timesChanged)
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] bool isPresent() const { return state().nowPlaying().has_value(); }
     [[nodiscard]] bool isLoading() const { return state().isLoadingStream(); }
     [[nodiscard]] QString title() const;
+    [[nodiscard]] QString url() const;
     [[nodiscard]] QString errorText() const;
     /// Such as "2 / 25"; without a number if it is not among the results.
     [[nodiscard]] QString place() const;

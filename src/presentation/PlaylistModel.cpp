@@ -49,6 +49,8 @@ QVariant PlaylistModel::data(const QModelIndex &index, int role) const
         return entry.thumbnailURL;
     case DurationRole:
         return entry.formattedDuration();
+    case URLRole:
+        return entry.originalURL;
     case SelectedRole:
         return m_state.selectedPlaylistItems().contains(entry.id);
     default:
@@ -61,7 +63,8 @@ QHash<int, QByteArray> PlaylistModel::roleNames() const
     return {{TitleRole, "title"},
             {ThumbnailRole, "thumbnailURL"},
             {DurationRole, "duration"},
-            {SelectedRole, "isSelected"}};
+            {SelectedRole, "isSelected"},
+            {URLRole, "url"}};
 }
 
 void PlaylistModel::toggle(int row)

@@ -23,6 +23,7 @@ public:
         ThumbnailRole,
         DurationRole,
         SelectedRole,
+        URLRole,
     };
 
     /// The state outlives the model.

@@ -5,6 +5,7 @@
 #include "DownloadSectionPresenter.h"
 #include "FormatQualityPresenter.h"
 #include "HistoryModel.h"
+#include "LinkPresenter.h"
 #include "ModePresenter.h"
 #include "PlayerPanelPresenter.h"
 #include "PlaylistModel.h"
@@ -29,6 +30,7 @@ class Presenters : public QObject
     Q_PROPERTY(FormatQualityPresenter *singleFormat READ singleFormat CONSTANT)
     Q_PROPERTY(FormatQualityPresenter *queueFormat READ queueFormat CONSTANT)
     Q_PROPERTY(HistoryModel *history READ history CONSTANT)
+    Q_PROPERTY(LinkPresenter *links READ links CONSTANT)
     Q_PROPERTY(ModePresenter *mode READ mode CONSTANT)
     Q_PROPERTY(PlayerPanelPresenter *playerPanel READ playerPanel CONSTANT)
     Q_PROPERTY(PlaylistModel *playlist READ playlist CONSTANT)
@@ -51,6 +53,7 @@ public:
     FormatQualityPresenter *singleFormat() { return presenter<SingleFormatQualityPresenter>(); }
     FormatQualityPresenter *queueFormat() { return presenter<QueueFormatQualityPresenter>(); }
     HistoryModel *history() { return presenter<HistoryModel>(); }
+    LinkPresenter *links() { return presenter<LinkPresenter>(); }
     ModePresenter *mode() { return presenter<ModePresenter>(); }
     PlayerPanelPresenter *playerPanel() { return presenter<PlayerPanelPresenter>(); }
     PlaylistModel *playlist() { return presenter<PlaylistModel>(); }

@@ -74,6 +74,12 @@ QVariant QueueModel::data(const QModelIndex &index, int role) const
         return shownText(statusText(status));
     case BadgeRole:
         return QVariant::fromValue(badgeLook(status, m_state.isPaused()));
+    case URLRole:
+        return item.url;
+    case PathRole:
+        return pathOf(status);
+    case MessageRole:
+        return shownText(messageOf(status));
     case CanRevealRole:
         return !pathOf(status).isEmpty();
     default:
@@ -83,10 +89,16 @@ QVariant QueueModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> QueueModel::roleNames() const
 {
-    return {{TitleRole, "title"},           {ThumbnailRole, "thumbnailURL"},
-            {PlaceholderRole, "symbol"},    {StatusLineRole, "statusLine"},
-            {StatusTextRole, "statusText"}, {BadgeRole, "badge"},
-            {CanRevealRole, "canReveal"}};
+    return {{TitleRole, "title"},
+            {ThumbnailRole, "thumbnailURL"},
+            {PlaceholderRole, "symbol"},
+            {StatusLineRole, "statusLine"},
+            {StatusTextRole, "statusText"},
+            {BadgeRole, "badge"},
+            {CanRevealRole, "canReveal"},
+            {URLRole, "url"},
+            {PathRole, "path"},
+            {MessageRole, "message"}};
 }
 
 void QueueModel::reveal(int row)

@@ -28,6 +28,9 @@ public:
         StatusTextRole,  ///< the same with all of its lines
         BadgeRole,       ///< a StatusLook
         CanRevealRole,   ///< whether the file's place is known
+        URLRole,         ///< of the video, or what was entered
+        PathRole,        ///< of a finished file; else empty
+        MessageRole,     ///< why the download has failed; else empty
     };
 
     /// The state outlives the model.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "URLInputPresenter.h"
 
+#include "Clipboard.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -12,17 +14,18 @@ struct ModeTexts
     QString idleLabel;
     QString busyLabel;
     QString buttonIcon;
+    QString pasteLabel;
 };
 
 const ModeTexts &textsOf(AppMode mode)
 {
     static const QList<ModeTexts> texts{
         {u"Paste a YouTube URL..."_s, u"link"_s, u"Fetch Info"_s, u"Fetching..."_s,
-         u"magnifyingglass"_s},
+         u"magnifyingglass"_s, u"Paste and Fetch"_s},
         {u"Paste a URL to add to queue..."_s, u"link"_s, u"Add to Queue"_s, u"Add to Queue"_s,
-         u"plus"_s},
+         u"plus"_s, u"Paste and Add"_s},
         {u"Search YouTube..."_s, u"magnifyingglass"_s, u"Search"_s, u"Searching..."_s,
-         u"magnifyingglass"_s},
+         u"magnifyingglass"_s, u"Paste and Search"_s},
     };
     return texts[static_cast<qsizetype>(mode)];
 }
@@ -66,6 +69,11 @@ QString URLInputPresenter::buttonLabel() const
 {
     const ModeTexts &texts = textsOf(state().mode());
     return isBusy() ? texts.busyLabel : texts.idleLabel;
+}
+
+QString URLInputPresenter::pasteLabel() const
+{
+    return textsOf(state().mode()).pasteLabel;
 }
 
 QString URLInputPresenter::buttonIcon() const
@@ -145,6 +153,12 @@ void URLInputPresenter::handleSubmit()
         state().searchYouTube();
         break;
     }
+}
+
+void URLInputPresenter::pasteAndSubmit()
+{
+    take(Clipboard::text());
+    handleSubmit();
 }
 
 void URLInputPresenter::clearURL()

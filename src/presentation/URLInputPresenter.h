@@ -15,6 +15,7 @@ class URLInputPresenter : public StatePresenter
     Q_PROPERTY(QString placeholder READ placeholder NOTIFY changed)
     Q_PROPERTY(QString fieldIcon READ fieldIcon NOTIFY changed)
     Q_PROPERTY(QString buttonLabel READ buttonLabel NOTIFY changed)
+    Q_PROPERTY(QString pasteLabel READ pasteLabel NOTIFY changed)
     Q_PROPERTY(QString buttonIcon READ buttonIcon NOTIFY changed)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY changed)
     Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
@@ -29,6 +30,8 @@ public:
     [[nodiscard]] QString placeholder() const;
     [[nodiscard]] QString fieldIcon() const;
     [[nodiscard]] QString buttonLabel() const;
+    /// The command that pastes and then presses the button.
+    [[nodiscard]] QString pasteLabel() const;
     [[nodiscard]] QString buttonIcon() const;
     /// Whether the current mode's own operation is running.
     [[nodiscard]] bool isBusy() const;
@@ -43,6 +46,7 @@ public:
     /// been typed.
     Q_INVOKABLE void take(const QString &dropped);
     Q_INVOKABLE void handleSubmit();
+    Q_INVOKABLE void pasteAndSubmit();
     Q_INVOKABLE void clearURL();
     /// Chooses what a mixed URL fetches; what was fetched before is cleared.
     Q_INVOKABLE void choosePlaylist(bool asPlaylist);

@@ -108,12 +108,6 @@ private:
         return show() && waitFor([&] { return shown("failure"); })
             && waitFor([&] { return hasEntered(item("failure")); });
     }
-    static bool hasEntered(const QQuickItem *place)
-    {
-        while (!place->property("presence").isValid())
-            place = place->parentItem();
-        return place->property("presence").toDouble() == 1;
-    }
     bool show()
     {
         state().singleInfo = video();

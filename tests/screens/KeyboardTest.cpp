@@ -22,10 +22,11 @@ private Q_SLOTS:
                 break;
             reached.append(name);
         }
-        const QStringList expected{u"clearField"_s,   u"submit"_s,       u"format0"_s,
-                                   u"format1"_s,      u"qualityBest"_s,  u"quality4K"_s,
-                                   u"quality1440p"_s, u"quality1080p"_s, u"quality720p"_s,
-                                   u"quality480p"_s,  u"quality360p"_s,  u"download"_s};
+        const QStringList expected{u"clearField"_s,  u"submit"_s,       u"videoCard"_s,
+                                   u"format0"_s,     u"format1"_s,      u"qualityBest"_s,
+                                   u"quality4K"_s,   u"quality1440p"_s, u"quality1080p"_s,
+                                   u"quality720p"_s, u"quality480p"_s,  u"quality360p"_s,
+                                   u"download"_s};
         QCOMPARE(reached.mid(0, expected.size()), expected);
     }
 

@@ -109,6 +109,14 @@ protected:
         return found && found->isVisible();
     }
 
+    /// Whether what enters with an animation is in its place.
+    static bool hasEntered(const QQuickItem *place)
+    {
+        while (!place->property("presence").isValid())
+            place = place->parentItem();
+        return place->property("presence").toDouble() == 1;
+    }
+
     static SearchResult result(int number)
     {
         const QString id = QString::number(number);

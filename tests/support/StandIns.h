@@ -33,8 +33,10 @@ struct RecordingDesktop
     public:
         void select(const QString &path) override { selected.append(path); }
         void openFolder(const QString &path) override { opened.append(path); }
+        void open(const QUrl &url) override { openedUrls.append(url.toString()); }
         QStringList selected;
         QStringList opened;
+        QStringList openedUrls;
     };
     class FixedFolders : public Folders
     {

@@ -12,6 +12,23 @@ ListRow {
     required property string duration
     required property string thumbnailURL
     required property bool isNowPlaying
+    required property string url
+
+    onMenuAsked: commands = [
+        {
+            text: isNowPlaying ? "Stop" : "Play",
+            run: () => activated()
+        },
+        {
+            text: "Download MP4",
+            run: () => downloaded(false)
+        },
+        {
+            text: "Download MP3",
+            run: () => downloaded(true)
+        },
+        ...VideoCommands.ofVideo(title, url)
+    ]
     required property statusLook video
     required property statusLook audio
 

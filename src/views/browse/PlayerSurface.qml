@@ -39,6 +39,20 @@ FocusScope {
         onPlaceChanged: root.wake()
     }
 
+    ContextArea {
+        id: menu
+
+        onAsked: commands = [
+            {
+                text: root.player.isPaused ? "Play" : "Pause",
+                enabled: root.player.hasItem,
+                run: () => root.player.togglePause()
+            },
+            ...VideoCommands.ofMessage(root.panel.errorText),
+            ...VideoCommands.ofVideo(root.panel.title, root.panel.url)
+        ]
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.videoBackground
@@ -68,6 +82,8 @@ FocusScope {
         Accessible.role: Accessible.Graphic
 
         onActiveFocusChanged: root.wake()
+
+        Keys.onPressed: event => menu.handleKey(event)
 
         TapHandler {
             onDoubleTapped: root.fullScreenToggled()

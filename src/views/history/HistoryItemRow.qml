@@ -12,6 +12,16 @@ ListRow {
     required property string date
     required property string details
     required property bool canReveal
+    required property string url
+    required property string path
+
+    onMenuAsked: commands = [...VideoCommands.ofFile(path), {
+            text: "Fetch again",
+            run: () => refetched()
+        }, ...VideoCommands.ofVideo(title, url), {
+            text: "Remove from history",
+            run: () => removed()
+        }]
 
     signal revealed
     signal refetched

@@ -69,6 +69,7 @@ Column {
             objectName: "history" + index
             width: rows.cellWidth
 
+            onRemoved: root.history.remove(index)
             onRefetched: root.history.refetch(index)
             onRevealed: root.history.reveal(index)
         }

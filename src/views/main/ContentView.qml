@@ -153,12 +153,8 @@ FocusScope {
         width: Math.min(parent.width - 2 * Theme.margin, 760)
     }
 
-    Shortcut {
-        context: Qt.ApplicationShortcut
-        enabled: Presenters.downloadSection.isDownloading
-        sequence: "Ctrl+."
-
-        onActivated: Presenters.downloadSection.stop()
+    WindowKeys {
+        onFieldRequested: input.focusField()
     }
 
     Shortcut {

@@ -43,7 +43,13 @@ MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProvide
         m_engine.setIncubationController(window()->incubationController());
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // What QML still holds must not outlive the engine: a component that is being loaded
+    // would reach for its loader.
+    m_root.reset();
+    m_engine.collectGarbage();
+}
 
 QQuickWindow *MainWindow::window() const
 {

@@ -9,9 +9,16 @@ FocusScope {
     property string icon
     property string placeholder
     property string text
+    property alias moreCommands: field.moreCommands
     readonly property bool urlFocused: field.activeFocus
 
+    function selectAll() {
+        field.forceActiveFocus(Qt.ShortcutFocusReason);
+        field.selectAll();
+    }
+
     signal accepted
+    signal menuAsked
     signal cleared
     signal edited(text: string)
 
@@ -30,6 +37,7 @@ FocusScope {
         Accessible.name: root.placeholder
 
         onAccepted: root.accepted()
+        onMenuAsked: root.menuAsked()
         onTextEdited: root.edited(text)
     }
 

@@ -14,6 +14,10 @@ FocusScope {
 
     implicitHeight: row.height + 12 + (root.input.showsMixedBar ? mixed.height + 8 + 6 : 12)
 
+    function focusField() {
+        field.selectAll();
+    }
+
     function handleDrop(text: string) {
         root.input.take(text);
     }
@@ -56,6 +60,13 @@ FocusScope {
 
             onAccepted: root.input.handleSubmit()
             onCleared: root.input.clearURL()
+            onMenuAsked: moreCommands = [
+                {
+                    text: root.input.pasteLabel,
+                    enabled: Clipboard.text() !== "",
+                    run: () => root.input.pasteAndSubmit()
+                }
+            ]
             onEdited: text => root.input.edit(text)
         }
 

@@ -14,6 +14,14 @@ ListRow {
     required property string statusText
     required property statusLook badge
     required property bool canReveal
+    required property string url
+    required property string path
+    required property string message
+
+    onMenuAsked: commands = [...VideoCommands.ofFile(path), ...VideoCommands.ofMessage(message), ...VideoCommands.ofVideo(title, url), {
+            text: "Remove",
+            run: () => removed()
+        }]
 
     readonly property bool isDone: badge.kind === StatusKind.Done
     readonly property bool hasFailed: badge.kind === StatusKind.Failed

@@ -8,12 +8,32 @@ Rectangle {
 
     property string text
 
+    property alias commands: menu.commands
+
+    signal menuAsked
+
     color: Theme.at(Theme.redFill, 0.88)
     implicitHeight: label.implicitHeight + 22
     radius: Theme.radius
 
     Accessible.name: text
     Accessible.role: Accessible.AlertMessage
+
+    activeFocusOnTab: true
+
+    Accessible.focusable: true
+
+    Keys.onPressed: event => menu.handleKey(event)
+
+    ContextArea {
+        id: menu
+
+        onAsked: root.menuAsked()
+    }
+
+    FocusRing {
+        shown: root.activeFocus
+    }
 
     SymbolIcon {
         id: icon

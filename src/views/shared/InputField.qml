@@ -9,6 +9,60 @@ T.TextField {
 
     property real radius: Theme.buttonRadius
 
+    // What a field offers beside the commands of every field, in front of them; set in
+    // answer to menuAsked().
+    property var moreCommands: []
+
+    signal menuAsked
+
+    readonly property bool hasSelection: selectedText !== ""
+
+    persistentSelection: true
+
+    Keys.onPressed: event => menu.handleKey(event)
+
+    ContextArea {
+        id: menu
+
+        onAsked: root.menuAsked()
+
+        commands: [...root.moreCommands,
+            {
+                text: "Undo",
+                enabled: root.canUndo,
+                run: () => root.undo()
+            },
+            {
+                text: "Cut",
+                enabled: root.hasSelection,
+                run: () => root.cut()
+            },
+            {
+                text: "Copy",
+                enabled: root.hasSelection,
+                run: () => root.copy()
+            },
+            {
+                text: "Paste",
+                enabled: root.canPaste,
+                run: () => root.paste()
+            },
+            {
+                text: "Delete",
+                enabled: root.hasSelection,
+                run: () => {
+                    root.remove(root.selectionStart, root.selectionEnd);
+                    root.textEdited();
+                }
+            },
+            {
+                text: "Select All",
+                enabled: root.length > 0,
+                run: () => root.selectAll()
+            }
+        ]
+    }
+
     color: Theme.primary
     font.family: hint.fontInfo.family // without a style, the colour would be the desktop's
     font.pixelSize: 13

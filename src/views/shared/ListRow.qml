@@ -14,6 +14,9 @@ FocusScope {
     readonly property bool isCurrent: GridView.isCurrentItem
     readonly property bool isHovered: hover.hovered
 
+    property alias commands: menu.commands
+
+    signal menuAsked
     signal activated
     signal removed
 
@@ -40,6 +43,14 @@ FocusScope {
     HoverHandler {
         id: hover
     }
+
+    ContextArea {
+        id: menu
+
+        onAsked: root.menuAsked()
+    }
+
+    Keys.onPressed: event => menu.handleKey(event)
 
     Item {
         id: face

@@ -48,6 +48,6 @@ Rectangle {
         objectName: "copyFailure"
         text: "Copy"
 
-        onClicked: root.section.copyFailure()
+        onClicked: Clipboard.copy(root.text)
     }
 }

@@ -9,6 +9,7 @@ ErrorBannerView {
 
     readonly property SingleModePresenter mode: Presenters.singleMode
 
+    onMenuAsked: commands = VideoCommands.ofMessage(text)
     objectName: "errorBanner"
 
     Binding on text {

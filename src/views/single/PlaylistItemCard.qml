@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import Quillon
 import Quillon.Shared
 
 // One entry of a playlist, to be selected or not.
@@ -10,6 +11,7 @@ BaseButton {
     required property string thumbnailURL
     required property string duration
     required property bool isSelected
+    required property string url
 
     property bool isTitleCut: false
     readonly property real thumbnailHeight: (width - 16) * 9 / 16
@@ -46,6 +48,20 @@ BaseButton {
             visible: root.hovered
         }
     }
+    Keys.onPressed: event => menu.handleKey(event)
+
+    ContextArea {
+        id: menu
+
+        onAsked: commands = [
+            {
+                text: root.isSelected ? "Deselect" : "Select",
+                run: () => root.clicked()
+            },
+            ...VideoCommands.ofVideo(root.title, root.url)
+        ]
+    }
+
     contentItem: Item {
         ThumbnailView {
             duration: root.duration

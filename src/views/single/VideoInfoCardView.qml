@@ -9,7 +9,25 @@ Card {
 
     required property videoInfo info
 
+    activeFocusOnTab: true
     implicitHeight: Math.max(thumbnail.height, facts.height) + 32
+    objectName: "videoCard"
+
+    Accessible.focusable: true
+    Accessible.name: info.title
+    Accessible.role: Accessible.Grouping
+
+    Keys.onPressed: event => menu.handleKey(event)
+
+    ContextArea {
+        id: menu
+
+        onAsked: commands = VideoCommands.ofVideo(root.info.title, root.info.originalURL)
+    }
+
+    FocusRing {
+        shown: root.activeFocus
+    }
 
     ThumbnailView {
         id: thumbnail
