@@ -2,11 +2,14 @@
 #include "Program.h"
 
 #include "Appearance.h"
+#include "FailureNotice.h"
+#include "InterruptedNotice.h"
 #include "MainWindow.h"
 #include "MediaSession.h"
 #include "NoticePresenter.h"
 #include "Preferences.h"
 #include "QuillonApp.h"
+#include "SeveralURLsNotice.h"
 #include "SingleInstance.h"
 #include "SystemAppearance.h"
 #include "TerminationSignals.h"
@@ -108,8 +111,11 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     toolParts.source = setup.releases;
     ToolKeeper toolKeeper(app.state(), preferences, toolParts);
     ToolPresenter toolPresenter(toolKeeper);
-    const ToolNotice toolNotice(toolKeeper);
-    NoticePresenter notices({&toolNotice});
+    ToolNotice toolNotice(toolKeeper);
+    FailureNotice failureNotice(app.state(), toolKeeper.retry());
+    SeveralURLsNotice severalURLsNotice(app.state());
+    InterruptedNotice interruptedNotice(app.state());
+    NoticePresenter notices({&toolNotice, &failureNotice, &severalURLsNotice, &interruptedNotice});
 
     const MainWindow mainWindow(app, appearance, new ThumbnailProvider(setup.pictures),
                                 {.notices = &notices, .tool = &toolPresenter});

@@ -8,6 +8,7 @@
 #include "Mailbox.h"
 #include "MediaFormat.h"
 #include "MediaPlayer.h"
+#include "PendingDownloads.h"
 #include "PlatformServices.h"
 #include "Published.h"
 #include "QualityOption.h"
@@ -186,6 +187,8 @@ public:
     /// Puts a URL at the end of the queue and fetches what it is; a playlist
     /// gives way to its entries. Blank text does nothing.
     void addURLToQueue(const QString &url);
+    /// As addURLToQueue() for each, but they are fetched one after another.
+    void addURLsToQueue(const QStringList &urls);
     /// Downloads every entry that is not being fetched or downloaded, including finished
     /// and failed ones. Does nothing during a run or with an empty queue.
     void startQueueDownload();
@@ -194,6 +197,18 @@ public:
     void clearQueue();
     /// Removes one entry. Its fetch or download continues unseen.
     void removeFromQueue(const QUuid &id);
+
+    // What an earlier start has left (Interrupted.cpp).
+    [[nodiscard]] const QList<PendingDownload> &interruptedDownloads() const;
+    /// Shows the queue and puts them into it, with their format and quality.
+    void requeueInterrupted();
+    void forgetInterrupted();
+    Q_SIGNAL void interruptedDownloadsChanged();
+    /// Removes all records, and whatever else tells what was downloaded; saves.
+    void clearHistory();
+
+    /// The user has pasted or dropped several URLs, where one was expected.
+    Q_SIGNAL void severalURLsSeen(const QStringList &urls);
 
     // Browse mode (Browse.cpp).
     /// Searches for the query; while a search is going on, or for a blank one, it
@@ -229,6 +244,7 @@ private:
     ReplyAwaiter<Value> request(std::function<void(Completion<Value>)> start);
     ReplyAwaiter<VideoInfo> requestInfo(const QString &url, bool asPlaylist);
     [[nodiscard]] QCoro::Task<> fetchForQueue(std::shared_ptr<DownloadItem> item);
+    [[nodiscard]] QCoro::Task<> fetchOneByOne(Queue items);
     [[nodiscard]] QCoro::Task<> runQueue(QueueRun queueRun);
     [[nodiscard]] QCoro::Task<> downloadItem(QueueRun queueRun, qsizetype position);
     /// What a running download reports. Called on the main thread, and not once the state
@@ -266,6 +282,7 @@ private:
     QCoro::Task<> lookAfter(QCoro::Task<> task);
 
     Preferences &m_preferences;
+    PendingDownloads m_pending;
     const PlatformServices m_platform;
     const std::shared_ptr<Mailbox> m_mailbox; // to the main thread
     const std::unique_ptr<QSocketNotifier> m_delivery;

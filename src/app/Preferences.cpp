@@ -151,6 +151,13 @@ void Preferences::setBlob(const QString &key, BlobEncoder encode)
     scheduleWrite();
 }
 
+void Preferences::remove(const QString &key)
+{
+    m_values.remove(key);
+    m_blobs.remove(key);
+    scheduleWrite();
+}
+
 void Preferences::flush()
 {
     std::binary_semaphore written(0);

@@ -51,6 +51,7 @@ public:
     /// Takes a function rather than bytes, so that a long document is made on
     /// the writing thread.
     void setBlob(const QString &key, BlobEncoder encode);
+    void remove(const QString &key);
 
     /// Writes what is still unwritten; returns when that has succeeded or failed.
     void flush();

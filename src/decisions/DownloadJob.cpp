@@ -6,6 +6,14 @@ QualityOption runQuality(MediaFormat format, const QualityOption &selected)
     return format == MediaFormat::mp3 ? QualityOption::best(format) : selected;
 }
 
+PendingDownload pendingDownload(const DownloadTask &task, const QualityOption &quality)
+{
+    return {.url = task.url,
+            .title = task.title,
+            .format = quality.outputExt,
+            .quality = quality.label};
+}
+
 HistoryItem historyRecord(const DownloadJob &job, const QString &savedPath)
 {
     return {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "HistoryItem.h"
+#include "PendingDownload.h"
 #include "QualityOption.h"
 
 #include <QString>
@@ -24,6 +25,9 @@ struct DownloadJob
 
 /// The quality of a run: MP3 overrides whatever quality is selected.
 QualityOption runQuality(MediaFormat format, const QualityOption &selected);
+
+/// What is kept of a file until it has been downloaded.
+PendingDownload pendingDownload(const DownloadTask &task, const QualityOption &quality);
 
 /// The record of a finished file, dated now; an empty path counts as none. The path of an
 /// MP3 names the file that the audio was extracted from, since that is what the tool

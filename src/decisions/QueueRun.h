@@ -16,6 +16,7 @@ struct QueueRun
     QueueItems items;
     QualityOption quality;
     QString folder;
+    int pending = 0; ///< the run's number in PendingDownloads
 };
 
 /// Whether an entry is busy: it is being fetched, downloaded or processed.

@@ -18,6 +18,7 @@ struct SingleRun
     QString folder;
     QString title;        ///< what its end is announced with
     std::stop_token stop; ///< requested by the user
+    int pending = 0;      ///< the run's number in PendingDownloads
 };
 
 /// One task for a video; for a playlist one for each selected entry, in the

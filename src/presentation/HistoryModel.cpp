@@ -100,8 +100,7 @@ void HistoryModel::remove(int row)
 
 void HistoryModel::clearAll()
 {
-    m_state.history = AppState::History();
-    m_state.saveHistory();
+    m_state.clearHistory();
 }
 
 void HistoryModel::follow()

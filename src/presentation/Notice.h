@@ -30,7 +30,7 @@ class NoticeSource : public QObject
 
 public:
     /// What there is to say now; without a kind, nothing.
-    [[nodiscard]] virtual Notice notice() const = 0;
+    [[nodiscard]] virtual Notice notice() = 0;
 
 Q_SIGNALS:
     void changed();

@@ -11,14 +11,15 @@ constexpr std::chrono::seconds confirmationTime{2};
 
 } // namespace
 
-NoticePresenter::NoticePresenter(QList<const NoticeSource *> sources)
+NoticePresenter::NoticePresenter(QList<NoticeSource *> sources)
     : m_sources(std::move(sources))
 {
-    for (const NoticeSource *const source : m_sources)
+    for (NoticeSource *const source : m_sources)
         connect(source, &NoticeSource::changed, this, &NoticePresenter::update);
     m_copied.setSingleShot(true);
     m_copied.setInterval(confirmationTime);
     connect(&m_copied, &QTimer::timeout, this, &NoticePresenter::changed);
+    update();
 }
 
 QString NoticePresenter::copyText() const
@@ -48,7 +49,7 @@ void NoticePresenter::copyCommand()
 
 Notice NoticePresenter::firstDue() const
 {
-    for (const NoticeSource *const source : m_sources) {
+    for (NoticeSource *const source : m_sources) {
         if (Notice notice = source->notice(); !notice.kind.isEmpty())
             return notice;
     }

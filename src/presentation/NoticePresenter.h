@@ -27,7 +27,7 @@ class NoticePresenter : public QObject
 
 public:
     /// The sources outlive it.
-    explicit NoticePresenter(QList<const NoticeSource *> sources);
+    explicit NoticePresenter(QList<NoticeSource *> sources);
 
     [[nodiscard]] bool isShown() const { return !m_notice.kind.isEmpty(); }
     [[nodiscard]] QString title() const { return m_notice.title; }
@@ -54,7 +54,7 @@ private:
     [[nodiscard]] Notice firstDue() const;
     void update();
 
-    const QList<const NoticeSource *> m_sources;
+    const QList<NoticeSource *> m_sources;
     Notice m_notice;
     QTimer m_copied; // runs while the button says that the command has been copied
 };

@@ -13,7 +13,7 @@ ToolNotice::ToolNotice(ToolKeeper &keeper)
     connect(&keeper, &ToolKeeper::changed, this, &ToolNotice::changed);
 }
 
-Notice ToolNotice::notice() const
+Notice ToolNotice::notice()
 {
     switch (m_keeper.updatePhase()) {
     case ToolKeeper::UpdatePhase::running:

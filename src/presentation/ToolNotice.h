@@ -14,7 +14,7 @@ public:
     /// The keeper outlives it.
     explicit ToolNotice(ToolKeeper &keeper);
 
-    [[nodiscard]] Notice notice() const override;
+    [[nodiscard]] Notice notice() override;
 
 private:
     [[nodiscard]] Notice updating() const;

@@ -2,6 +2,7 @@
 #include "URLInputPresenter.h"
 
 #include "Clipboard.h"
+#include "URLList.h"
 
 using namespace Qt::StringLiterals;
 
@@ -111,8 +112,10 @@ bool URLInputPresenter::fetchesPlaylist() const
 
 void URLInputPresenter::edit(const QString &text)
 {
-    if (text == currentURL())
+    const QString before = currentURL();
+    if (text == before)
         return;
+    lookForSeveral(text, before);
     switch (state().mode()) {
     case AppMode::single:
         state().singleURL = text;
@@ -128,12 +131,31 @@ void URLInputPresenter::edit(const QString &text)
     state().fetchAsPlaylist = false;
 }
 
+// A field of one line joins the lines of what is pasted, so the clipboard is asked. Only
+// after more than a letter, since asking takes time.
+void URLInputPresenter::lookForSeveral(const QString &text, const QString &before)
+{
+    if (state().mode() == AppMode::browse || text.size() < before.size() + 2)
+        return;
+    const QStringList urls = webURLsIn(Clipboard::text());
+    if (urls.size() > 1 && text.contains(urls.first()) && text.contains(urls.last()))
+        Q_EMIT state().severalURLsSeen(urls);
+}
+
 void URLInputPresenter::take(const QString &dropped)
 {
+    const QStringList urls = webURLsInDrop(dropped);
+    if (urls.size() > 1 && state().mode() == AppMode::multi) {
+        state().addURLsToQueue(urls);
+        return;
+    }
+    if (urls.size() > 1 && state().mode() == AppMode::single)
+        Q_EMIT state().severalURLsSeen(urls);
     const QStringList lines = dropped.split(u'\n');
     for (const QString &line : lines) {
         if (const QString text = line.trimmed(); !text.isEmpty()) {
-            edit(text);
+            const bool isFile = QUrl(text).isLocalFile();
+            edit(isFile && !urls.isEmpty() ? urls.first() : text);
             return;
         }
     }

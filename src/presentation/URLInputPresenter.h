@@ -50,4 +50,7 @@ public:
     Q_INVOKABLE void clearURL();
     /// Chooses what a mixed URL fetches; what was fetched before is cleared.
     Q_INVOKABLE void choosePlaylist(bool asPlaylist);
+
+private:
+    void lookForSeveral(const QString &text, const QString &before);
 };

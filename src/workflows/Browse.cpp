@@ -56,6 +56,7 @@ QCoro::Task<> AppState::downloadResult(QString key, DownloadJob job)
                 setBrowseProgress(key, progress);
             },
         .onProcessing = [=, this] { setBrowseStatus(key, Status::Processing{}); }};
+    const int pending = m_pending.begin({pendingDownload(job.task, job.quality)});
     try {
         const QString savedPath = co_await requestDownload(job, reports);
         setBrowseStatus(key, Status::Done{savedPath});
@@ -64,6 +65,7 @@ QCoro::Task<> AppState::downloadResult(QString key, DownloadJob job)
     } catch (const DescribedError &error) {
         setBrowseStatus(key, Status::Failed{error.errorDescription()});
     }
+    m_pending.endRun(pending);
 }
 
 void AppState::setBrowseStatus(const QString &key, const DownloadStatus &status)

@@ -35,16 +35,40 @@ QCoro::Task<> AppState::fetchForQueue(std::shared_ptr<DownloadItem> item)
     }
 }
 
+void AppState::addURLsToQueue(const QStringList &urls)
+{
+    Queue items;
+    for (const QString &url : urls) {
+        const auto item = std::make_shared<DownloadItem>(url.trimmed());
+        item->status = Status::Fetching{};
+        items.append(item);
+    }
+    queue = queue() + items;
+    spawn([this, items] { return fetchOneByOne(items); });
+}
+
+QCoro::Task<> AppState::fetchOneByOne(Queue items)
+{
+    for (const auto &item : items) {
+        co_await fetchForQueue(item);
+    }
+}
+
 void AppState::startQueueDownload()
 {
     if (queue().isEmpty() || isQueueDownloading())
         return;
     QueueRun queueRun{.items = {},
                       .quality = runQuality(multiFormat(), multiQuality()),
-                      .folder = resolvedDownloadDir()};
+                      .folder = resolvedDownloadDir(),
+                      .pending = 0};
     isQueueDownloading = true;
     unsetPause();
     queueRun.items = inactive(queue());
+    QList<PendingDownload> pending;
+    for (const auto &item : std::as_const(queueRun.items))
+        pending.append(pendingDownload(taskOf(*item), queueRun.quality));
+    queueRun.pending = m_pending.begin(pending);
     totalDownloadCount = queueRun.items.size();
     currentDownloadIndex = 0;
     spawn([this, queueRun] { return runQueue(queueRun); });
@@ -54,6 +78,7 @@ QCoro::Task<> AppState::runQueue(QueueRun queueRun)
 {
     for (qsizetype position = 0; position < queueRun.items.size(); ++position) {
         co_await downloadItem(queueRun, position);
+        m_pending.endFile(queueRun.pending);
     }
     isQueueDownloading = false;
     unsetPause();

@@ -46,7 +46,8 @@ void AppState::startSingleDownload()
                         .quality = runQuality(selectedFormat(), selectedQuality()),
                         .folder = {},
                         .title = runTitle(*singleInfo()),
-                        .stop = {}};
+                        .stop = {},
+                        .pending = 0};
     m_failure.reset();
     m_stopSource = std::stop_source();
     singleRun.stop = m_stopSource.get_token();
@@ -58,6 +59,10 @@ void AppState::startSingleDownload()
     downloadStatus = Status::Running{};
     singleRun.folder = resolvedDownloadDir();
     singleRun.tasks = runTasks(*singleInfo(), selectedPlaylistItems());
+    QList<PendingDownload> pending;
+    for (const DownloadTask &task : std::as_const(singleRun.tasks))
+        pending.append(pendingDownload(task, singleRun.quality));
+    singleRun.pending = m_pending.begin(pending);
     totalDownloadCount = singleRun.tasks.size();
     currentDownloadIndex = 0;
     currentDownloadTitle = QString();
@@ -70,6 +75,7 @@ QCoro::Task<> AppState::run(SingleRun singleRun)
     try {
         for (; position < singleRun.tasks.size(); ++position) {
             co_await downloadTask(singleRun, position);
+            m_pending.endFile(singleRun.pending);
         }
         endRun(Status::Done{singleRun.folder});
         downloadProgress = 1.0;
@@ -79,6 +85,7 @@ QCoro::Task<> AppState::run(SingleRun singleRun)
                      .count = singleRun.tasks.size(),
                      .message = error.errorDescription(),
                      .wasStopped = singleRun.stop.stop_requested()};
+        m_pending.endRun(singleRun.pending);
         endRun(Status::Failed{error.errorDescription()});
     }
 }

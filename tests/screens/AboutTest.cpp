@@ -94,7 +94,7 @@ private Q_SLOTS:
     void aDroppedLinkLandsInTheField()
     {
         QMimeData link;
-        link.setUrls({QUrl(u"https://x/watch?v=b%20%C3%A9"_s), QUrl(u"https://x/watch?v=c"_s)});
+        link.setUrls({QUrl(u"https://x/watch?v=b%20%C3%A9"_s)});
         state().mode = AppMode::multi;
         drop(link);
         QCOMPARE(state().multiURL(), u"https://x/watch?v=b%20%C3%A9"_s);

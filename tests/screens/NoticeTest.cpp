@@ -295,8 +295,7 @@ protected:
                               .today = [] { return QDate(2026, 8, 19); }});
         m_keeper->begin();
         m_toolNotice = std::make_unique<ToolNotice>(*m_keeper);
-        m_notices =
-            std::make_unique<NoticePresenter>(QList<const NoticeSource *>{m_toolNotice.get()});
+        m_notices = std::make_unique<NoticePresenter>(QList<NoticeSource *>{m_toolNotice.get()});
         m_tool = std::make_unique<ToolPresenter>(*m_keeper);
         return {.notices = m_notices.get(), .tool = m_tool.get()};
     }

@@ -2,6 +2,8 @@
 #include "URLInputPresenter.h"
 #include "StateFixture.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -229,11 +231,55 @@ private Q_SLOTS:
         QVERIFY(input.fetchesPlaylist());
     }
 
+    void severalDroppedURLsBecomeEntriesOfTheQueue()
+    {
+        URLInputPresenter input(state());
+        m_fixture->tool.respond("exit 1");
+        state().mode = AppMode::multi;
+        input.take(u"https://x/a\r\nhttps://x/b\r\n"_s);
+        QCOMPARE(state().queue().size(), 2);
+        QCOMPARE(state().multiURL(), QString());
+        QTRY_VERIFY_WITH_TIMEOUT(kindOf(state().queue()[1]->status()) == StatusKind::Failed,
+                                 patience);
+    }
+
+    void severalDroppedURLsAreOfferedInSingleMode()
+    {
+        URLInputPresenter input(state());
+        const QSignalSpy offers(&state(), &AppState::severalURLsSeen);
+        input.take(u"https://x/a\nhttps://x/b"_s);
+        QCOMPARE(state().singleURL(), u"https://x/a"_s);
+        QCOMPARE(offers.size(), 1);
+        QVERIFY(state().queue().isEmpty());
+    }
+
+    void severalPastedURLsAreOfferedAndLeftAsTheyAre()
+    {
+        URLInputPresenter input(state());
+        const QSignalSpy offers(&state(), &AppState::severalURLsSeen);
+        QGuiApplication::clipboard()->setText(u"https://x/a\nhttps://x/b"_s);
+        input.edit(u"https://x/a https://x/b"_s);
+        QCOMPARE(offers.size(), 1);
+        QCOMPARE(offers.first().first().toStringList(),
+                 QStringList({u"https://x/a"_s, u"https://x/b"_s}));
+        QCOMPARE(state().singleURL(), u"https://x/a https://x/b"_s);
+    }
+
+    void typingBesideAFullClipboardOffersNothing()
+    {
+        URLInputPresenter input(state());
+        const QSignalSpy offers(&state(), &AppState::severalURLsSeen);
+        QGuiApplication::clipboard()->setText(u"https://x/a\nhttps://x/b"_s);
+        input.edit(u"h"_s);
+        input.edit(u"https://y/"_s);
+        QVERIFY(offers.isEmpty());
+    }
+
 private:
     AppState &state() { return *m_fixture->state; }
 
     std::unique_ptr<StateFixture> m_fixture;
 };
 
-QTEST_GUILESS_MAIN(URLInputPresenterTest)
+QTEST_MAIN(URLInputPresenterTest)
 #include "URLInputPresenterTest.moc"
