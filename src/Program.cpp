@@ -17,6 +17,7 @@
 #include "ToolKeeper.h"
 #include "ToolNotice.h"
 #include "ToolPresenter.h"
+#include "UndoNotice.h"
 
 #include <QFileInfo>
 #include <QFont>
@@ -115,7 +116,9 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     FailureNotice failureNotice(app.state(), toolKeeper.retry());
     SeveralURLsNotice severalURLsNotice(app.state());
     InterruptedNotice interruptedNotice(app.state());
-    NoticePresenter notices({&toolNotice, &failureNotice, &severalURLsNotice, &interruptedNotice});
+    UndoNotice undoNotice(app.state());
+    NoticePresenter notices(
+        {&undoNotice, &toolNotice, &failureNotice, &severalURLsNotice, &interruptedNotice});
 
     const MainWindow mainWindow(app, appearance, new ThumbnailProvider(setup.pictures),
                                 {.notices = &notices, .tool = &toolPresenter});

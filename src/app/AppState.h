@@ -195,6 +195,9 @@ public:
     /// Removes every entry that is not being fetched or downloaded. A run that has
     /// already taken one still downloads it.
     void clearQueue();
+    /// Puts the entries of before a clearing back in their places.
+    void restoreQueue(const Queue &before);
+    Q_SIGNAL void queueCleared(const Queue &before);
     /// Removes one entry. Its fetch or download continues unseen.
     void removeFromQueue(const QUuid &id);
 
@@ -206,6 +209,9 @@ public:
     Q_SIGNAL void interruptedDownloadsChanged();
     /// Removes all records, and whatever else tells what was downloaded; saves.
     void clearHistory();
+    /// Puts the records of before a clearing behind those of since; saves.
+    void restoreHistory(const History &before);
+    Q_SIGNAL void historyCleared(const History &before);
 
     /// The user has pasted or dropped several URLs, where one was expected.
     Q_SIGNAL void severalURLsSeen(const QStringList &urls);

@@ -65,3 +65,20 @@ void AppState::removeFromHistory(const QUuid &id)
     history = std::move(records);
     saveHistory();
 }
+
+void AppState::clearHistory()
+{
+    const History before = history();
+    history = History();
+    saveHistory();
+    m_pending.clear();
+    Q_EMIT interruptedDownloadsChanged();
+    if (!before.isEmpty())
+        Q_EMIT historyCleared(before);
+}
+
+void AppState::restoreHistory(const History &before)
+{
+    history = history() + before;
+    saveHistory();
+}

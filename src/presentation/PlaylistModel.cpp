@@ -3,20 +3,34 @@
 
 #include "ShownText.h"
 
+#include <QGuiApplication>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// More than fit on a screen.
+constexpr qsizetype fewestToFilter = 13;
+
+} // namespace
 
 PlaylistModel::PlaylistModel(AppState &state)
     : m_state(state)
 {
     connect(&state, &AppState::selectedPlaylistItemsChanged, this, &PlaylistModel::followSelection);
+    connect(&state, &AppState::historyChanged, this, &PlaylistModel::followHistory);
+    followHistory();
 }
 
 void PlaylistModel::setInfo(const VideoInfo &info)
 {
     beginResetModel();
     m_info = info;
+    m_filter.clear();
+    choose();
     endResetModel();
     Q_EMIT infoChanged();
+    Q_EMIT filterChanged();
     Q_EMIT countLineChanged();
 }
 
@@ -33,14 +47,14 @@ QString PlaylistModel::countLine() const
 
 int PlaylistModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_info.playlistEntries.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
 }
 
 QVariant PlaylistModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const VideoInfo &entry = m_info.playlistEntries[index.row()];
+    const VideoInfo &entry = this->entry(index.row());
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:
@@ -49,6 +63,8 @@ QVariant PlaylistModel::data(const QModelIndex &index, int role) const
         return entry.thumbnailURL;
     case DurationRole:
         return entry.formattedDuration();
+    case KnownRole:
+        return m_known.contains(entry.originalURL);
     case URLRole:
         return entry.originalURL;
     case SelectedRole:
@@ -60,21 +76,90 @@ QVariant PlaylistModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> PlaylistModel::roleNames() const
 {
-    return {{TitleRole, "title"},
-            {ThumbnailRole, "thumbnailURL"},
-            {DurationRole, "duration"},
-            {SelectedRole, "isSelected"},
-            {URLRole, "url"}};
+    return {{TitleRole, "title"},       {ThumbnailRole, "thumbnailURL"},
+            {DurationRole, "duration"}, {SelectedRole, "isSelected"},
+            {URLRole, "url"},           {KnownRole, "isKnown"}};
+}
+
+bool PlaylistModel::canFilter() const
+{
+    return m_info.playlistEntries.size() >= fewestToFilter;
+}
+
+void PlaylistModel::setFilter(const QString &filter)
+{
+    if (filter == m_filter)
+        return;
+    beginResetModel();
+    m_filter = filter;
+    choose();
+    endResetModel();
+    Q_EMIT filterChanged();
+    Q_EMIT countLineChanged();
+}
+
+QString PlaylistModel::unseenLine() const
+{
+    if (!isFiltered())
+        return {};
+    QSet<QString> unseen = m_state.selectedPlaylistItems();
+    for (const qsizetype shown : m_shown)
+        unseen.remove(m_info.playlistEntries[shown].id);
+    return unseen.isEmpty() ? QString() : u"%1 of them not shown"_s.arg(unseen.size());
+}
+
+// Which entries are rows.
+void PlaylistModel::choose()
+{
+    m_shown.clear();
+    m_anchor = -1;
+    const QString wanted = m_filter.trimmed();
+    for (qsizetype number = 0; number < m_info.playlistEntries.size(); ++number) {
+        if (m_info.playlistEntries[number].title.contains(wanted, Qt::CaseInsensitive))
+            m_shown.append(number);
+    }
 }
 
 void PlaylistModel::toggle(int row)
 {
-    if (row < 0 || row >= m_info.playlistEntries.size())
+    if (row < 0 || row >= rowCount())
         return;
-    const QString id = m_info.playlistEntries[row].id;
+    const QString id = entry(row).id;
     AppState::EntrySelection selection = m_state.selectedPlaylistItems();
     if (!selection.remove(id))
         selection.insert(id);
+    m_anchor = row;
+    m_state.selectedPlaylistItems = selection;
+}
+
+void PlaylistModel::press(int row)
+{
+    if (QGuiApplication::keyboardModifiers() & Qt::ShiftModifier && m_anchor >= 0)
+        extendTo(row);
+    else
+        toggle(row);
+}
+
+void PlaylistModel::moveTo(int row)
+{
+    if (!(QGuiApplication::keyboardModifiers() & Qt::ShiftModifier))
+        m_anchor = row;
+    else if (m_anchor >= 0)
+        extendTo(row);
+}
+
+void PlaylistModel::extendTo(int row)
+{
+    if (row < 0 || row >= rowCount())
+        return;
+    AppState::EntrySelection selection = m_state.selectedPlaylistItems();
+    const bool isSelected = selection.contains(entry(m_anchor).id);
+    for (int each = std::min(row, m_anchor); each <= std::max(row, m_anchor); ++each) {
+        if (isSelected)
+            selection.insert(entry(each).id);
+        else
+            selection.remove(entry(each).id);
+    }
     m_state.selectedPlaylistItems = selection;
 }
 
@@ -89,6 +174,23 @@ void PlaylistModel::selectAll()
 void PlaylistModel::selectNone()
 {
     m_state.selectedPlaylistItems = AppState::EntrySelection();
+}
+
+void PlaylistModel::selectShown()
+{
+    AppState::EntrySelection shown;
+    for (const qsizetype number : std::as_const(m_shown))
+        shown.insert(m_info.playlistEntries[number].id);
+    m_state.selectedPlaylistItems = shown;
+}
+
+void PlaylistModel::followHistory()
+{
+    m_known.clear();
+    for (const HistoryItem &record : m_state.history())
+        m_known.insert(record.url);
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {KnownRole});
 }
 
 void PlaylistModel::followSelection()

@@ -16,6 +16,10 @@ class PlaylistModel : public QAbstractListModel
     Q_PROPERTY(VideoInfo info READ info WRITE setInfo NOTIFY infoChanged)
     Q_PROPERTY(QString heading READ heading NOTIFY infoChanged)
     Q_PROPERTY(QString countLine READ countLine NOTIFY countLineChanged)
+    Q_PROPERTY(bool canFilter READ canFilter NOTIFY infoChanged)
+    Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged)
+    Q_PROPERTY(bool isFiltered READ isFiltered NOTIFY filterChanged)
+    Q_PROPERTY(QString unseenLine READ unseenLine NOTIFY countLineChanged)
 
 public:
     enum Role {
@@ -24,6 +28,7 @@ public:
         DurationRole,
         SelectedRole,
         URLRole,
+        KnownRole, ///< whether the history has it
     };
 
     /// The state outlives the model.
@@ -39,17 +44,46 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
+    /// Whether there are so many entries that a filter helps.
+    [[nodiscard]] bool canFilter() const;
+    /// Only entries whose title contains it are rows, in any case; empty: all are.
+    [[nodiscard]] QString filter() const { return m_filter; }
+    void setFilter(const QString &filter);
+    [[nodiscard]] bool isFiltered() const { return !m_filter.trimmed().isEmpty(); }
+    /// How many selected entries the filter hides, in words; empty if there are none.
+    [[nodiscard]] QString unseenLine() const;
+
     Q_INVOKABLE void toggle(int row);
+    /// As toggle(), but with Shift held, everything from the row used before to this one
+    /// becomes as that one is.
+    Q_INVOKABLE void press(int row);
+    /// The keyboard has moved to a row; with Shift held this is as press().
+    Q_INVOKABLE void moveTo(int row);
+    /// These mean all entries, whatever the filter shows.
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void selectNone();
+    /// Selects the rows and nothing else.
+    Q_INVOKABLE void selectShown();
 
 Q_SIGNALS:
     void infoChanged();
     void countLineChanged();
+    void filterChanged();
 
 private:
+    [[nodiscard]] const VideoInfo &entry(int row) const
+    {
+        return m_info.playlistEntries[m_shown[row]];
+    }
+    void choose();
+    void extendTo(int row);
     void followSelection();
+    void followHistory();
 
     AppState &m_state;
     VideoInfo m_info;
+    QString m_filter;
+    QList<qsizetype> m_shown; // the entries that are rows
+    QSet<QString> m_known;    // the history's URLs
+    int m_anchor = -1;        // the row used last; -1: none
 };

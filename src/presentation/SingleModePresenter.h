@@ -17,6 +17,8 @@ class SingleModePresenter : public StatePresenter
     Q_PROPERTY(bool isFetching READ isFetching NOTIFY changed)
     Q_PROPERTY(bool hasInfo READ hasInfo NOTIFY changed)
     Q_PROPERTY(VideoInfo info READ info NOTIFY infoChanged)
+    Q_PROPERTY(QString known READ known NOTIFY knownChanged)
+    Q_PROPERTY(QString knownPath READ knownPath NOTIFY knownChanged)
 
 public:
     explicit SingleModePresenter(AppState &state);
@@ -27,6 +29,15 @@ public:
     [[nodiscard]] bool hasInfo() const { return state().singleInfo().has_value(); }
     [[nodiscard]] VideoInfo info() const { return state().singleInfo().value_or(VideoInfo()); }
 
+    /// When the fetched video was downloaded last; empty if the history does not say.
+    [[nodiscard]] QString known() const;
+    /// Its file; empty if that is unknown.
+    [[nodiscard]] QString knownPath() const;
+
 Q_SIGNALS:
     void infoChanged();
+    void knownChanged();
+
+private:
+    [[nodiscard]] const HistoryItem *record() const;
 };

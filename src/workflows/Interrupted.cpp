@@ -38,11 +38,3 @@ void AppState::forgetInterrupted()
     m_pending.forgetInterrupted();
     Q_EMIT interruptedDownloadsChanged();
 }
-
-void AppState::clearHistory()
-{
-    history = History();
-    saveHistory();
-    m_pending.clear();
-    Q_EMIT interruptedDownloadsChanged();
-}

@@ -117,7 +117,20 @@ QCoro::Task<> AppState::downloadItem(QueueRun queueRun, qsizetype position)
 
 void AppState::clearQueue()
 {
-    queue = active(queue());
+    const Queue before = queue();
+    queue = active(before);
+    if (queue().size() < before.size())
+        Q_EMIT queueCleared(before);
+}
+
+void AppState::restoreQueue(const Queue &before)
+{
+    Queue restored = before;
+    for (const auto &item : queue()) {
+        if (!before.contains(item))
+            restored.append(item);
+    }
+    queue = restored;
 }
 
 void AppState::removeFromQueue(const QUuid &id)

@@ -224,7 +224,8 @@ class Browse(Case):
         window = wait_until(self.player_window, "the small window")
         person.desktop.keys("Escape")
         wait_until(lambda: not self.player_window(), "the player to be back")
-        self.assertEqual(self.position(), place)
+        # A seek first tells where it was sent, and then the picture that it found.
+        self.assertAlmostEqual(self.position(), place, delta=2e5)
         self.control("Play")
         self.check_plays()
         person.click("Picture in picture")

@@ -171,7 +171,9 @@ class MainJob(Case):
         error = ("Failed to fetch info: ERROR: [youtube] private: Private video. "
                  "Sign in if you've been granted access to this video")
         person.see(error)
-        wait_until(lambda: alerts() == [error], "the alert")
+        advice = ("The site wants to know who you are. Choose a browser in which you are signed in, "
+                  "and its cookies will be used.")
+        wait_until(lambda: sorted(alerts()) == sorted([error, advice]), "both alerts")
 
     def test_odd_titles_are_saved_and_recorded(self):
         odd = ("quotes", "slashes", "emoji", "rtl", "cjk", "percent", "angles")

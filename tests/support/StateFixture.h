@@ -62,6 +62,18 @@ struct StateFixture
         return info;
     }
 
+    static HistoryItem record(const QString &title, const QString &url = {})
+    {
+        return {.id = QUuid::createUuid(),
+                .title = title,
+                .thumbnailURL = {},
+                .url = url,
+                .format = u"mp4"_s,
+                .quality = u"Best"_s,
+                .savedPath = {},
+                .date = ReferenceDate::now()};
+    }
+
     QTemporaryDir folder;
     FakeTool tool;
     RecordingDesktop desktop;

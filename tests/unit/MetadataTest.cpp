@@ -169,8 +169,7 @@ private Q_SLOTS:
 
     void oneObjectIsAVideo()
     {
-        QCOMPARE(std::get<VideoInfo>(videoFromOutput("{\"title\":\"t\"}\n", url)).title,
-                 u"t"_s);
+        QCOMPARE(std::get<VideoInfo>(videoFromOutput("{\"title\":\"t\"}\n", url)).title, u"t"_s);
     }
 
     void aPlaylistIsMadeOfItsLines()

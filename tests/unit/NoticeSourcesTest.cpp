@@ -5,6 +5,7 @@
 #include "Retry.h"
 #include "SeveralURLsNotice.h"
 #include "StateFixture.h"
+#include "UndoNotice.h"
 
 #include <QTest>
 
@@ -118,7 +119,66 @@ private Q_SLOTS:
         QCOMPARE(m_notices->actionText(), u"Add all 2 to the queue"_s);
     }
 
+    void aClearedHistoryComesBack()
+    {
+        const UndoFixture undo(state());
+        state().addToHistory(StateFixture::record(u"a"_s));
+        state().clearHistory();
+        QCOMPARE(undo.notices->text(), u"The history was cleared."_s);
+        state().addToHistory(StateFixture::record(u"b"_s));
+        undo.notices->act();
+        QCOMPARE(state().history().size(), 2);
+        QCOMPARE(state().history().last().title, u"a"_s);
+        QVERIFY(!undo.notices->isShown());
+        state().loadHistory();
+        QCOMPARE(state().history().size(), 2);
+    }
+
+    void aClearedQueueComesBackInOrder()
+    {
+        const UndoFixture undo(state());
+        const auto running = std::make_shared<DownloadItem>(u"b"_s);
+        running->status = Status::Downloading{};
+        const AppState::Queue before{std::make_shared<DownloadItem>(u"a"_s), running,
+                                     std::make_shared<DownloadItem>(u"c"_s)};
+        state().queue = before;
+        state().clearQueue();
+        QCOMPARE(undo.notices->text(), u"2 entries were removed."_s);
+        const auto added = std::make_shared<DownloadItem>(u"d"_s);
+        state().queue = state().queue() + AppState::Queue{added};
+        undo.notices->act();
+        QCOMPARE(state().queue(), before + AppState::Queue{added});
+    }
+
+    void clearingNothingOffersNothing()
+    {
+        const UndoFixture undo(state());
+        state().clearHistory();
+        state().clearQueue();
+        QVERIFY(!undo.notices->isShown());
+    }
+
+    void theOfferToUndoGoesByItself()
+    {
+        const UndoFixture undo(state());
+        state().addToHistory(StateFixture::record(u"a"_s));
+        state().clearHistory();
+        QVERIFY(undo.notices->isShown());
+        QTRY_VERIFY_WITH_TIMEOUT(!undo.notices->isShown(), patience);
+    }
+
 private:
+    struct UndoFixture
+    {
+        explicit UndoFixture(AppState &state)
+            : notice(std::make_unique<UndoNotice>(state, std::chrono::milliseconds(200)))
+            , notices(std::make_unique<NoticePresenter>(QList<NoticeSource *>{notice.get()}))
+        {
+        }
+        std::unique_ptr<UndoNotice> notice;
+        std::unique_ptr<NoticePresenter> notices;
+    };
+
     AppState &state() { return *m_fixture->state; }
 
     [[nodiscard]] bool failToFetch(const QByteArray &message)

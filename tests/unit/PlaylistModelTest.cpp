@@ -125,7 +125,83 @@ private Q_SLOTS:
         QVERIFY(!m_model->data({}, PlaylistModel::TitleRole).isValid());
     }
 
+    void aFilterIsOfferedFromThirteenEntriesOn()
+    {
+        QStringList ids;
+        for (int number = 1; number <= 12; ++number)
+            ids.append(QString::number(number));
+        m_model->setInfo(StateFixture::playlist(ids));
+        QVERIFY(!m_model->canFilter());
+        m_model->setInfo(StateFixture::playlist(ids + QStringList(u"13"_s)));
+        QVERIFY(m_model->canFilter());
+    }
+
+    void aFilterShowsMatchingTitles()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"ab"_s, u"c"_s}));
+        m_model->setFilter(u" TITLE A "_s);
+        QCOMPARE(m_model->rowCount(), 2);
+        QCOMPARE(text(1, PlaylistModel::TitleRole), u"Title ab"_s);
+        m_model->setFilter(u"nothing"_s);
+        QCOMPARE(m_model->rowCount(), 0);
+        m_model->setFilter(QString());
+        QCOMPARE(m_model->rowCount(), 3);
+    }
+
+    void allAndNoneMeanHiddenEntriesToo()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
+        m_model->setFilter(u"b"_s);
+        m_model->selectAll();
+        QCOMPARE(state().selectedPlaylistItems().size(), 3);
+        QCOMPARE(m_model->countLine(), u"3 of 3 selected"_s);
+        QCOMPARE(m_model->unseenLine(), u"2 of them not shown"_s);
+        m_model->selectNone();
+        QVERIFY(state().selectedPlaylistItems().isEmpty());
+        QCOMPARE(m_model->unseenLine(), QString());
+    }
+
+    void onlyTheseSelectsWhatIsShown()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
+        m_model->selectAll();
+        m_model->setFilter(u"b"_s);
+        m_model->selectShown();
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"b"_s}));
+        QCOMPARE(m_model->unseenLine(), QString());
+    }
+
+    void togglingAFilteredRowTogglesItsEntry()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
+        m_model->setFilter(u"c"_s);
+        m_model->toggle(0);
+        QCOMPARE(state().selectedPlaylistItems(), QSet({u"c"_s}));
+    }
+
+    void aNewPlaylistHasNoFilter()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s}));
+        m_model->setFilter(u"a"_s);
+        m_model->setInfo(StateFixture::playlist({u"c"_s, u"d"_s}));
+        QCOMPARE(m_model->filter(), QString());
+        QCOMPARE(m_model->rowCount(), 2);
+    }
+
+    void downloadedEntriesAreMarked()
+    {
+        m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s}));
+        QVERIFY(!isKnown(1));
+        state().addToHistory(StateFixture::record(u"b"_s, StateFixture::video(u"b"_s).originalURL));
+        QVERIFY(isKnown(1));
+        QVERIFY(!isKnown(0));
+    }
+
 private:
+    bool isKnown(int row)
+    {
+        return m_model->data(m_model->index(row), PlaylistModel::KnownRole).toBool();
+    }
     AppState &state() { return *m_fixture->state; }
     QString text(int row, int role) { return m_model->data(m_model->index(row), role).toString(); }
     bool isSelected(int row)

@@ -240,8 +240,8 @@ private Q_SLOTS:
             << false;
         QTest::newRow("cookies") << u"ERROR: could not find chrome cookies database in \"/x\""_s
                                  << false;
-        QTest::newRow("hyphen")
-            << u"The URL “-x” begins with a hyphen, so it is not a URL"_s << false;
+        QTest::newRow("hyphen") << u"The URL “-x” begins with a hyphen, so it is not a URL"_s
+                                << false;
     }
     void ageExplainsWhatIsNotExplainedOtherwise()
     {

@@ -80,7 +80,6 @@ Column {
     PlainText {
         bottomPadding: root.gap
         color: Theme.secondary
-        leftPadding: 4
         objectName: "resultCount"
         size: 12
         text: root.browse.countText

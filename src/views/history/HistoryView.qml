@@ -28,7 +28,6 @@ Column {
             font.weight: Font.DemiBold
             objectName: "historyTitle"
             text: "Download History"
-            x: 2
 
             Accessible.role: Accessible.Heading
         }

@@ -73,6 +73,7 @@ Column {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             objectName: "clearQueue"
+            help: "Removes finished, waiting and failed entries"
             text: "Clear done"
 
             onClicked: {

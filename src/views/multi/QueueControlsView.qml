@@ -38,6 +38,7 @@ Card {
                 busy: root.run.isRunning
                 enabled: root.queue.canDownload
                 height: parent.height
+                help: "Downloads waiting entries, and finished and failed ones once more"
                 objectName: "startQueue"
                 prominent: true
                 symbol: "arrow.down.circle.fill"

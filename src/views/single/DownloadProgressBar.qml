@@ -40,6 +40,7 @@ Card {
             Row {
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
+                opacity: root.section.isPaused ? 0.55 : 1 // they stand still
                 spacing: 16
 
                 MetaTag {

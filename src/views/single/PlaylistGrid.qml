@@ -39,6 +39,9 @@ Item {
             }
         }
 
+        onCurrentIndexChanged: if (view.activeFocus && !isAdopting)
+            root.model.moveTo(currentIndex)
+
         delegate: PlaylistItemCard {
             required property int index
 
@@ -48,7 +51,7 @@ Item {
 
             onActiveFocusChanged: if (activeFocus)
                 grid.adopt(index)
-            onClicked: root.model.toggle(index)
+            onClicked: root.model.press(index)
         }
     }
 }

@@ -73,7 +73,7 @@ Card {
                     color: Theme.secondary
                     objectName: "playlistCount"
                     size: 12
-                    text: root.playlist.countLine
+                    text: root.playlist.countLine + (root.playlist.unseenLine !== "" ? " · " + root.playlist.unseenLine : "")
                 }
             }
 
@@ -109,6 +109,12 @@ Card {
                     onClicked: root.isCollapsed = !root.isCollapsed
                 }
             }
+        }
+
+        PlaylistFilter {
+            playlist: root.playlist
+            visible: root.playlist.canFilter && !root.isCollapsed
+            width: parent.width
         }
 
         Reveal {

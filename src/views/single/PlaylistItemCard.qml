@@ -12,6 +12,7 @@ BaseButton {
     required property string duration
     required property bool isSelected
     required property string url
+    required property bool isKnown
 
     property bool isTitleCut: false
     readonly property real thumbnailHeight: (width - 16) * 9 / 16
@@ -29,7 +30,7 @@ BaseButton {
     Accessible.checkable: true
     Accessible.checked: isSelected
     Accessible.focusable: true
-    Accessible.name: title
+    Accessible.name: isKnown ? title + ", downloaded" : title
 
     Accessible.onToggleAction: if (enabled)
         root.clicked()
@@ -96,6 +97,24 @@ BaseButton {
             symbol: root.isSelected ? "checkmark.circle.fill" : "circle"
             x: 5
             y: 5
+        }
+
+        Rectangle {
+            color: Theme.green
+            height: 16
+            objectName: "known"
+            radius: 8
+            visible: root.isKnown
+            width: 16
+            x: parent.width - width - 6
+            y: 6
+
+            SymbolIcon {
+                anchors.centerIn: parent
+                color: Theme.card
+                size: 10
+                symbol: "checkmark"
+            }
         }
 
         PlainText {

@@ -9,6 +9,8 @@ Card {
 
     required property videoInfo info
 
+    readonly property SingleModePresenter mode: Presenters.singleMode
+
     activeFocusOnTab: true
     implicitHeight: Math.max(thumbnail.height, facts.height) + 32
     objectName: "videoCard"
@@ -77,6 +79,28 @@ Card {
             text: root.info.formattedDuration
             visible: text !== ""
             width: parent.width
+        }
+
+        Row {
+            spacing: 6
+            visible: root.mode.known !== ""
+
+            InfoRow {
+                anchors.verticalCenter: parent.verticalCenter
+                icon: "checkmark.circle.fill"
+                objectName: "known"
+                text: root.mode.known
+                width: implicitWidth
+            }
+
+            TextButton {
+                anchors.verticalCenter: parent.verticalCenter
+                objectName: "revealKnown"
+                text: "Show in Finder"
+                visible: root.mode.knownPath !== ""
+
+                onClicked: Presenters.links.reveal(root.mode.knownPath)
+            }
         }
     }
 }

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowFixture.h"
+
+/// Finding entries of a long playlist, selecting ranges, and what is known already.
+class PlaylistFilterTest : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shiftClickSelectsARange()
+    {
+        QVERIFY(show(playlist(8)));
+        QTRY_VERIFY_WITH_TIMEOUT(item("card5"), patience);
+        click("selectNone");
+        click("card1");
+        m_window->grabWindow();
+        const QQuickItem *const last = item("card4");
+        const QPointF centre = last->mapToScene({last->width() / 2, last->height() / 2});
+        QTest::mouseClick(m_window, Qt::LeftButton, Qt::ShiftModifier, centre.toPoint());
+        QTRY_COMPARE_WITH_TIMEOUT(state().selectedPlaylistItems(),
+                                  AppState::EntrySelection({u"1"_s, u"2"_s, u"3"_s, u"4"_s}),
+                                  patience);
+    }
+
+    void shiftArrowsExtendTheSelection()
+    {
+        QVERIFY(show(playlist(8)));
+        QTRY_VERIFY_WITH_TIMEOUT(item("card5"), patience);
+        click("selectNone");
+        click("card0");
+        QTest::keyClick(m_window, Qt::Key_Right, Qt::ShiftModifier);
+        QTest::keyClick(m_window, Qt::Key_Right, Qt::ShiftModifier);
+        QTRY_COMPARE_WITH_TIMEOUT(state().selectedPlaylistItems(),
+                                  AppState::EntrySelection({u"0"_s, u"1"_s, u"2"_s}), patience);
+    }
+
+    void typingIntoTheFilterShowsMatches()
+    {
+        QVERIFY(show(playlist(20)));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("playlistFilter"), patience);
+        QVERIFY(!shown("selectShown"));
+        QVERIFY(focusByTab("playlistFilter"));
+        typeText("19");
+        QTRY_COMPARE_WITH_TIMEOUT(item("playlistGrid")->property("count").toInt(), 1, patience);
+        QVERIFY(shown("selectShown"));
+        QVERIFY(textOf("playlistCount").endsWith(u"19 of them not shown"_s));
+        press(Qt::Key_Escape);
+        QTRY_COMPARE_WITH_TIMEOUT(item("playlistGrid")->property("count").toInt(), 20, patience);
+    }
+
+    void aShortPlaylistHasNoFilter()
+    {
+        QVERIFY(show(playlist(12)));
+        QTRY_VERIFY_WITH_TIMEOUT(item("card0"), patience);
+        QVERIFY(!shown("playlistFilter"));
+    }
+
+    void aKnownVideoSaysWhenItWasDownloaded()
+    {
+        VideoInfo info = video();
+        state().addToHistory({.id = QUuid::createUuid(),
+                              .title = info.title,
+                              .thumbnailURL = {},
+                              .url = info.originalURL,
+                              .format = u"mp4"_s,
+                              .quality = u"Best"_s,
+                              .savedPath = u"/nowhere/a.mp4"_s,
+                              .date = {ReferenceDate::now().seconds - 2 * 86400 - 60}});
+        state().singleInfo = info;
+        QTRY_VERIFY_WITH_TIMEOUT(shown("known"), patience);
+        QCOMPARE(item("known")->property("text").toString(), u"Downloaded 2 days ago"_s);
+        click("revealKnown");
+        QTRY_COMPARE_WITH_TIMEOUT(m_fixture->desktop.fileViewer->opened, QStringList(u"/nowhere"_s),
+                                  patience);
+    }
+
+    void anUnknownVideoSaysNothing()
+    {
+        state().singleInfo = video();
+        QTRY_VERIFY_WITH_TIMEOUT(shown("videoCard"), patience);
+        QVERIFY(!shown("known"));
+    }
+
+private:
+    [[nodiscard]] bool show(const VideoInfo &info)
+    {
+        AppState::EntrySelection all;
+        for (const VideoInfo &entry : info.playlistEntries)
+            all.insert(entry.id);
+        state().selectedPlaylistItems = all;
+        state().singleInfo = info;
+        return waitFor([&] {
+            return shown("playlistCount") && (info.playlistEntries.isEmpty() || shown("card0"))
+                && shown("download");
+        });
+    }
+};
+
+QTEST_MAIN(PlaylistFilterTest)
+#include "PlaylistFilterTest.moc"
