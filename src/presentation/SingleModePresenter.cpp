@@ -17,6 +17,7 @@ SingleModePresenter::SingleModePresenter(AppState &state)
     connect(&state, &AppState::singleInfoChanged, this, &SingleModePresenter::infoChanged);
     connect(&state, &AppState::singleInfoChanged, this, &SingleModePresenter::knownChanged);
     connect(&state, &AppState::historyChanged, this, &SingleModePresenter::knownChanged);
+    connect(&state, &AppState::downloadStatusChanged, this, &SingleModePresenter::knownChanged);
 }
 
 QString SingleModePresenter::error() const
@@ -39,7 +40,9 @@ QString SingleModePresenter::knownPath() const
 const HistoryItem *SingleModePresenter::record() const
 {
     const auto &info = state().singleInfo();
-    if (!info || info->isPlaylist || info->originalURL.isEmpty())
+    // What is being downloaded, or has just been, is told by the download section.
+    const bool isIdle = kindOf(state().downloadStatus()) == StatusKind::Idle;
+    if (!isIdle || !info || info->isPlaylist || info->originalURL.isEmpty())
         return nullptr;
     const AppState::History &records = state().history();
     const auto found =

@@ -74,6 +74,15 @@ private Q_SLOTS:
                                   patience);
     }
 
+    void aRunOfAKnownVideoTakesTheLineAway()
+    {
+        state().addToHistory(StateFixture::record(u"a"_s, video().originalURL));
+        state().singleInfo = video();
+        QTRY_VERIFY_WITH_TIMEOUT(shown("known"), patience);
+        state().downloadStatus = Status::Done{u"/nowhere"_s};
+        QTRY_VERIFY_WITH_TIMEOUT(!shown("known"), patience);
+    }
+
     void anUnknownVideoSaysNothing()
     {
         state().singleInfo = video();
