@@ -78,10 +78,7 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->desktop.notifier->posted.size(), 1);
     }
 
-    void theVersionReadsAsAboutShowsIt()
-    {
-        QCOMPARE(QuillonApp::versionText(), u"Version 1.0"_s);
-    }
+    void theVersionReadsAsAboutShowsIt() { QCOMPARE(QuillonApp::versionText(), u"Version 1.0"_s); }
 
     void toggleModeNeverReachesBrowse()
     {
