@@ -82,11 +82,12 @@ void PendingDownloads::load()
 {
     const QByteArray document = m_preferences.blob(key).value_or(QByteArray());
     const QJsonArray entries = QJsonDocument::fromJson(document).array();
-    for (const QJsonValue &entry : entries) {
-        const PendingDownload download{.url = entry[u"url"].toString(),
-                                       .title = entry[u"title"].toString(),
-                                       .format = entry[u"format"].toString(),
-                                       .quality = entry[u"quality"].toString()};
+    for (const auto &entry : entries) {
+        const QJsonObject object = entry.toObject();
+        const PendingDownload download{.url = object[u"url"].toString(),
+                                       .title = object[u"title"].toString(),
+                                       .format = object[u"format"].toString(),
+                                       .quality = object[u"quality"].toString()};
         if (!download.url.isEmpty() && m_interrupted.size() < most)
             m_interrupted.append(download);
     }

@@ -19,7 +19,7 @@ PlaylistModel::PlaylistModel(AppState &state)
 {
     connect(&state, &AppState::selectedPlaylistItemsChanged, this, &PlaylistModel::followSelection);
     connect(&state, &AppState::historyChanged, this, &PlaylistModel::followHistory);
-    followHistory();
+    readHistory();
 }
 
 void PlaylistModel::setInfo(const VideoInfo &info)
@@ -184,11 +184,16 @@ void PlaylistModel::selectShown()
     m_state.selectedPlaylistItems = shown;
 }
 
-void PlaylistModel::followHistory()
+void PlaylistModel::readHistory()
 {
     m_known.clear();
     for (const HistoryItem &record : m_state.history())
         m_known.insert(record.url);
+}
+
+void PlaylistModel::followHistory()
+{
+    readHistory();
     if (rowCount() > 0)
         Q_EMIT dataChanged(index(0), index(rowCount() - 1), {KnownRole});
 }

@@ -78,6 +78,7 @@ private:
     void choose();
     void extendTo(int row);
     void followSelection();
+    void readHistory();
     void followHistory();
 
     AppState &m_state;
