@@ -32,7 +32,7 @@ const QString noFfmpeg = u"ffmpeg is missing, which merges and converts download
 const QList<Row> &rows()
 {
     static const QList<Row> table{
-        // Said by the site; as reported in yt-dlp's issues, with both apostrophes.
+        // Said by the site, as users of yt-dlp report it; with both apostrophes.
         {u"confirm you’re not a bot"_s, signIn, Remedy::chooseCookies},
         {u"confirm you're not a bot"_s, signIn, Remedy::chooseCookies},
         {u"sign in to confirm your age"_s, signIn, Remedy::chooseCookies},
@@ -48,20 +48,20 @@ const QList<Row> &rows()
         {u"secretstorage not available"_s, unreadable, Remedy::chooseCookies},
         // In the sources of 2025.04.30 and 2026.08.19.
         {u"could not copy chrome cookie database"_s, unreadable, Remedy::chooseCookies},
-        // Recorded with SQLite's own words.
+        // SQLite's own words.
         {u"database is locked"_s, unreadable, Remedy::chooseCookies},
-        // Recorded: the system's words for ENOSPC, EDQUOT, EACCES and EROFS.
+        // The system's words for ENOSPC, EDQUOT, EACCES and EROFS.
         {u"no space left on device"_s, full, Remedy::openSettings},
         {u"disk quota exceeded"_s, full, Remedy::openSettings},
         {u"errno 13] permission denied"_s, readOnly, Remedy::openSettings},
         {u"read-only file system"_s, readOnly, Remedy::openSettings},
-        // Recorded: HTTP's own words.
+        // The status line that HTTP gives it.
         {u"http error 429"_s, u"The site asks for a pause: there were too many requests."_s,
          Remedy::tryAgainLater},
         // In sources: "ffmpeg is not installed", "ffprobe and ffmpeg not found".
         {u"ffmpeg is not installed"_s, noFfmpeg, Remedy::runCommand, u"sudo apt install ffmpeg"_s},
         {u"ffmpeg not found"_s, noFfmpeg, Remedy::runCommand, u"sudo apt install ffmpeg"_s},
-        // Recorded: the resolver's and the system's words.
+        // The resolver's and the system's words.
         {u"temporary failure in name resolution"_s, offline, Remedy::tryAgain},
         {u"name or service not known"_s, offline, Remedy::tryAgain},
         {u"failed to resolve"_s, offline, Remedy::tryAgain},
