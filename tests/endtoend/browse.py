@@ -7,6 +7,7 @@ import re
 import subprocess
 import unittest
 
+from accessibility import focused
 from case import Case, probe
 from person import wait_until
 from scenarios import TITLES
@@ -172,13 +173,13 @@ class Browse(Case):
         wait_until(lambda: self.picture() != still, "the picture to move")
         person.tab_to(THIRD)
         keys("Tab", "Tab")
-        wait_until(lambda: person.focused() == "MP3", "the row's MP3")
+        wait_until(lambda: focused() == "MP3", "the row's MP3")
         keys("Return")
         person.tab_to(THIRD, "shift+Tab")
         keys("Down")
-        wait_until(lambda: person.focused() == FOURTH, "the next row")
+        wait_until(lambda: focused() == FOURTH, "the next row")
         keys("Tab")
-        wait_until(lambda: person.focused() == "MP4", "the next row's MP4")
+        wait_until(lambda: focused() == "MP4", "the next row's MP4")
         keys("Return")
         self.check_downloads()
         person.tab_to("Close player", "shift+Tab")

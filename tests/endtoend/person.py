@@ -10,15 +10,15 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import urllib.parse
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "demo"))
 
-import gi  # noqa: E402
+import accessibility  # noqa: E402
+from accessibility import Atspi, GLib, application, find, focused  # noqa: E402
 from desktop import Desktop, wait_until  # noqa: E402
-
-gi.require_version("Atspi", "2.0")
 
 PROGRAM = pathlib.Path(os.environ["QUILLON_PROGRAM"])
 MEDIA = pathlib.Path(os.environ["QUILLON_MEDIA"])
@@ -125,8 +125,7 @@ class Person:
 
     def has_keyboard(self) -> bool:
         """Whether the window itself knows that it is the active one."""
-        from gi.repository import Atspi
-        frame = self._find(self._application(), lambda node, _states: node.get_role_name() == "frame")
+        frame = find(application(), lambda node, _states: node.get_role_name() == "frame")
         frame.clear_cache()
         return frame.get_state_set().contains(Atspi.StateType.ACTIVE)
 
@@ -181,34 +180,9 @@ class Person:
 
     # Seeing
 
-    def _application(self):
-        from gi.repository import Atspi
-        desktop = Atspi.get_desktop(0)
-        for index in range(desktop.get_child_count()):
-            child = desktop.get_child_at_index(index)
-            if child and child.get_name() in ("quillon", "Quillon"):
-                return child
-        return None
-
-    def _find(self, node, matches):
-        from gi.repository import Atspi, GLib
-        try:
-            states = node.get_state_set()
-            if matches(node, states):
-                return node
-            for index in range(node.get_child_count()):
-                child = node.get_child_at_index(index)
-                if child and (found := self._find(child, matches)):
-                    return found
-        except GLib.Error:
-            pass  # it has just gone
-        return None
-
     def look_for(self, name: str, enabled: bool = True, row: str | None = None):
         """The control with this name that is shown now, or nothing; in the row whose
         name begins so, if one is given."""
-        from gi.repository import Atspi
-
         def is_available(node):
             node.clear_cache()  # nobody is told that a description has changed
             return node.get_description() != "Unavailable"
@@ -218,11 +192,11 @@ class Person:
                 and states.contains(Atspi.StateType.SHOWING) \
                 and (not enabled or is_available(node))
 
-        place = self._application()
+        place = application()
         if place and row:
-            place = self._find(place, lambda node, _states: node.get_role_name() == "list item"
-                               and node.get_name().startswith(row))
-        return self._find(place, matches) if place else None
+            place = find(place, lambda node, _states: node.get_role_name() == "list item"
+                         and node.get_name().startswith(row))
+        return find(place, matches) if place else None
 
     def background(self) -> str:
         """The colour of the window where there is nothing on it."""
@@ -236,10 +210,25 @@ class Person:
             return node.get_name().endswith("%") and node.get_role_name() == "progress bar" \
                 and node.get_name() != "Download 0%"
 
-        wait_until(lambda: self._find(self._application(), matches), "progress")
+        wait_until(lambda: find(application(), matches), "progress")
 
     def see(self, name: str, seconds: float = 60, enabled: bool = True, row: str | None = None):
-        return wait_until(lambda: self.look_for(name, enabled, row), f"“{name}”", seconds)
+        due = time.monotonic() + 5
+
+        def look():
+            nonlocal due
+            if time.monotonic() > due and (window := application()):
+                # The library may have missed that something is shown, and never asks again.
+                window.clear_cache()
+                due += 5
+            return self.look_for(name, enabled, row)
+
+        try:
+            return wait_until(look, f"“{name}”", seconds)
+        except TimeoutError as error:
+            raise TimeoutError(f"{error}; instead there are {accessibility.shown()}; the tool was called "
+                               f"with {[call for call, _environment in self.calls()]}, and "
+                               f"{len(self.tools())} of its processes run") from error
 
     def see_row(self, title: str, rest: str):
         """A row of this title, with what it tells besides (a regular expression)."""
@@ -247,12 +236,11 @@ class Person:
             return node.get_role_name() == "list item" \
                 and re.match(re.escape(title) + ", " + rest, node.get_name())
 
-        return wait_until(lambda: self._find(self._application(), matches), f"“{title}, {rest}”")
+        return wait_until(lambda: find(application(), matches), f"“{title}, {rest}”")
 
     def listen_for_alerts(self):
         """A screen reader's ear: what it returns tells the names of the alerts that have
         been shown since."""
-        from gi.repository import Atspi, GLib
         heard = []
 
         def take(event):
@@ -268,30 +256,8 @@ class Person:
         self.listener.register("object:state-changed:showing")
         return hear
 
-    def focused(self) -> str:
-        from gi.repository import Atspi
-
-        def has_focus(node, states):
-            if node.get_role_name() in ("frame", "application", "window") \
-                    or not states.contains(Atspi.StateType.FOCUSED):
-                return False
-            node.clear_cache()  # it may have lost it without a word
-            states = node.get_state_set()
-            return states.contains(Atspi.StateType.FOCUSED) \
-                and states.contains(Atspi.StateType.FOCUSABLE)
-
-        # What lies around it has the focus, too.
-        node, place = None, self._application()
-        while place:
-            children = (place.get_child_at_index(index) for index in range(place.get_child_count()))
-            place = next((found for child in children
-                          if child and (found := self._find(child, has_focus))), None)
-            node = place or node
-        return node.get_name() if node else ""
-
     def text_of(self, name: str) -> str:
         """What stands in the field with this name."""
-        from gi.repository import Atspi
         field = self.see(name)
         return Atspi.Text.get_text(field, 0, Atspi.Text.get_character_count(field))
 
@@ -301,7 +267,7 @@ class Person:
         control = self.see(name, row=row)
         # It may still be moving to its place, or be below the edge of the window.
         place = None
-        while place != (place := self._place(control)) or self._turns_wheel_for(place):
+        while place != (place := accessibility.middle_of(control)) or self._turns_wheel_for(place):
             self.desktop.run("sleep", "0.1")
         self.desktop.run("xdotool", "mousemove", str(place[0]), str(place[1]), "click", "1")
 
@@ -310,7 +276,7 @@ class Person:
         def matches(node, _states):
             return node.get_name() == name or node.get_name().startswith(name + ", ")
 
-        place = self._place(wait_until(lambda: self._find(self._application(), matches), name))
+        place = accessibility.middle_of(wait_until(lambda: find(application(), matches), name))
         self.desktop.run("xdotool", "mousemove", str(place[0]), str(place[1]))
 
     def _turns_wheel_for(self, place) -> bool:
@@ -323,16 +289,10 @@ class Person:
                          "click", "5")
         return True
 
-    @staticmethod
-    def _place(control):
-        from gi.repository import Atspi
-        box = control.get_extents(Atspi.CoordType.SCREEN)
-        return box.x + box.width // 2, box.y + box.height // 2
-
     def tab_to(self, name: str, key: str = "Tab"):
         """Goes to the control whose name is this, or of a row begins so."""
         for _step in range(40):
-            if (focused := self.focused()) == name or focused.startswith(name + ", "):
+            if (current := focused()) == name or current.startswith(name + ", "):
                 return
             self.desktop.keys(key)
-        raise AssertionError(f"Tab does not reach “{name}”; it is at “{self.focused()}”")
+        raise AssertionError(f"Tab does not reach “{name}”; it is at “{focused()}”")

@@ -7,6 +7,7 @@ import pathlib
 import unittest
 import urllib.parse
 
+from accessibility import focused
 from case import Case, probe
 from person import wait_until
 from scenarios import TITLES
@@ -97,7 +98,7 @@ class PlaylistHistorySettings(Case):
         person.see("0 of 5 selected")
         person.tab_to(CHOSEN[0])
         keys("space", "Right", "Right")
-        wait_until(lambda: person.focused() == CHOSEN[1], "the third card")
+        wait_until(lambda: focused() == CHOSEN[1], "the third card")
         keys("space")
         person.see("2 of 5 selected")
         person.tab_to("360p")

@@ -10,6 +10,7 @@ import subprocess
 import tempfile
 import unittest
 
+from accessibility import application, find, focused
 from person import WATCH, Person, version_of, wait_until
 from releases import Releases
 
@@ -47,7 +48,7 @@ class Tool(unittest.TestCase):
         def matches(node, _states):
             return re.fullmatch(r"Downloading yt-dlp… [1-9]\d?%", node.get_name())
 
-        wait_until(lambda: self.person._find(self.person._application(), matches), "percent")
+        wait_until(lambda: find(application(), matches), "percent")
 
     def test_by_mouse(self):
         person = self.person
@@ -78,19 +79,19 @@ class Tool(unittest.TestCase):
         person.desktop.keys("Return")
         person.see(REFUSAL)
         person.desktop.keys("F6")
-        wait_until(lambda: person.focused() == "Update yt-dlp", "the notice")
+        wait_until(lambda: focused() == "Update yt-dlp", "the notice")
         person.desktop.keys("Escape")
-        wait_until(lambda: person.focused() == "Paste a YouTube URL...", "the field")
+        wait_until(lambda: focused() == "Paste a YouTube URL...", "the field")
         person.desktop.keys("F6")
-        wait_until(lambda: person.focused() == "Update yt-dlp", "the notice")
+        wait_until(lambda: focused() == "Update yt-dlp", "the notice")
         person.desktop.keys("Return")
-        wait_until(lambda: person.focused() == "Cancel", "the next button")
+        wait_until(lambda: focused() == "Cancel", "the next button")
         self.see_percent()
-        wait_until(lambda: person.focused() == "Try again", "the new tool")
+        wait_until(lambda: focused() == "Try again", "the new tool")
         self.check_new_tool()
         person.desktop.keys("space")
         person.see(TITLE)
-        wait_until(lambda: person.focused() == "Paste a YouTube URL...", "the field")
+        wait_until(lambda: focused() == "Paste a YouTube URL...", "the field")
         wait_until(lambda: alerts() == [self.complaint, REFUSAL, "Updating yt-dlp", f"yt-dlp {NEW} is ready."],
                    f"the alerts; heard {alerts()}")
 

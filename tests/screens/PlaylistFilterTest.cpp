@@ -9,7 +9,7 @@ class PlaylistFilterTest : public WindowFixture
 private Q_SLOTS:
     void shiftClickSelectsARange()
     {
-        QVERIFY(show(playlist(8)));
+        QVERIFY(showPlaylist(playlist(8)));
         QTRY_VERIFY_WITH_TIMEOUT(item("card5"), patience);
         click("selectNone");
         click("card1");
@@ -24,7 +24,7 @@ private Q_SLOTS:
 
     void shiftArrowsExtendTheSelection()
     {
-        QVERIFY(show(playlist(8)));
+        QVERIFY(showPlaylist(playlist(8)));
         QTRY_VERIFY_WITH_TIMEOUT(item("card5"), patience);
         click("selectNone");
         click("card0");
@@ -36,7 +36,7 @@ private Q_SLOTS:
 
     void typingIntoTheFilterShowsMatches()
     {
-        QVERIFY(show(playlist(20)));
+        QVERIFY(showPlaylist(playlist(20)));
         QTRY_VERIFY_WITH_TIMEOUT(shown("playlistFilter"), patience);
         QVERIFY(!shown("selectShown"));
         QVERIFY(focusByTab("playlistFilter"));
@@ -50,7 +50,7 @@ private Q_SLOTS:
 
     void aShortPlaylistHasNoFilter()
     {
-        QVERIFY(show(playlist(12)));
+        QVERIFY(showPlaylist(playlist(12)));
         QTRY_VERIFY_WITH_TIMEOUT(item("card0"), patience);
         QVERIFY(!shown("playlistFilter"));
     }
@@ -88,20 +88,6 @@ private Q_SLOTS:
         state().singleInfo = video();
         QTRY_VERIFY_WITH_TIMEOUT(shown("videoCard"), patience);
         QVERIFY(!shown("known"));
-    }
-
-private:
-    [[nodiscard]] bool show(const VideoInfo &info)
-    {
-        AppState::EntrySelection all;
-        for (const VideoInfo &entry : info.playlistEntries)
-            all.insert(entry.id);
-        state().selectedPlaylistItems = all;
-        state().singleInfo = info;
-        return waitFor([&] {
-            return shown("playlistCount") && (info.playlistEntries.isEmpty() || shown("card0"))
-                && shown("download");
-        });
     }
 };
 

@@ -12,7 +12,7 @@ class PlaylistTest : public WindowFixture
 private Q_SLOTS:
     void anEmptyPlaylistShowsZeroAndSelectsNothing()
     {
-        QVERIFY(show(playlist(0)));
+        QVERIFY(showPlaylist(playlist(0)));
         QCOMPARE(textOf("playlistCount"), u"0 of 0 selected"_s);
         click("selectAll");
         QVERIFY(state().selectedPlaylistItems().isEmpty());
@@ -22,7 +22,7 @@ private Q_SLOTS:
 
     void noneAllAndOneCardByMouse()
     {
-        QVERIFY(show(playlist(3)));
+        QVERIFY(showPlaylist(playlist(3)));
         QCOMPARE(textOf("playlistCount"), u"3 of 3 selected"_s);
         click("selectNone");
         QCOMPARE(textOf("playlistCount"), u"0 of 3 selected"_s);
@@ -39,7 +39,7 @@ private Q_SLOTS:
     {
         VideoInfo info = playlist(5);
         info.playlistEntries[2].id = u"0"_s;
-        QVERIFY(show(info));
+        QVERIFY(showPlaylist(info));
         QCOMPARE(textOf("playlistCount"), u"4 of 5 selected"_s);
         QCOMPARE(textOf("download"), u"Download 4 Videos"_s);
         click("download");
@@ -53,7 +53,7 @@ private Q_SLOTS:
 
     void hideAndShowToggleTheGrid()
     {
-        QVERIFY(show(playlist(3)));
+        QVERIFY(showPlaylist(playlist(3)));
         QCOMPARE(item("collapse")->property("help").toString(), u"Hide video list"_s);
         click("collapse");
         QTRY_VERIFY_WITH_TIMEOUT(!shown("playlistCards"), patience);
@@ -67,10 +67,10 @@ private Q_SLOTS:
 
     void aRefetchedPlaylistShowsItsGrid()
     {
-        QVERIFY(show(playlist(3)));
+        QVERIFY(showPlaylist(playlist(3)));
         click("collapse");
         QTRY_VERIFY_WITH_TIMEOUT(!shown("playlistCards"), patience);
-        QVERIFY(show(playlist(4)));
+        QVERIFY(showPlaylist(playlist(4)));
         QTRY_VERIFY_WITH_TIMEOUT(shown("card3"), patience);
     }
 
@@ -85,7 +85,7 @@ private Q_SLOTS:
     {
         QFETCH(int, width);
         const QSize before = m_window->size();
-        QVERIFY(show(playlist(12)));
+        QVERIFY(showPlaylist(playlist(12)));
         m_window->resize(width, before.height());
         QTRY_COMPARE_WITH_TIMEOUT(m_window->contentItem()->width(), width, patience);
         m_window->grabWindow();
@@ -99,7 +99,7 @@ private Q_SLOTS:
 
     void arrowsMoveBetweenCardsAndSpaceToggles()
     {
-        QVERIFY(show(playlist(12)));
+        QVERIFY(showPlaylist(playlist(12)));
         QVERIFY(focusByTab("playlistCards"));
         QCOMPARE(focused(), u"card0"_s);
         press(Qt::Key_Right);
@@ -116,7 +116,7 @@ private Q_SLOTS:
 
     void ctrlASelectsAllInTheFocusedGrid()
     {
-        QVERIFY(show(playlist(12)));
+        QVERIFY(showPlaylist(playlist(12)));
         state().selectedPlaylistItems = AppState::EntrySelection();
         QVERIFY(focusByTab("playlistCards"));
         press(Qt::Key_Right);
@@ -126,7 +126,7 @@ private Q_SLOTS:
 
     void theGridIsOneTabStop()
     {
-        QVERIFY(show(playlist(12)));
+        QVERIFY(showPlaylist(playlist(12)));
         QVERIFY(focusByTab("selectAll"));
         QStringList reached;
         for (int step = 0; step < 4; ++step) {
@@ -140,7 +140,7 @@ private Q_SLOTS:
 
     void ofThousandsOnlyThoseInSightAreAlive()
     {
-        QVERIFY(show(playlist(5000)));
+        QVERIFY(showPlaylist(playlist(5000)));
         m_window->grabWindow();
         const int atStart = numbered("playlistCards", u"card"_s);
         QVERIFY2(atStart >= 12 && atStart <= 40, qPrintable(QString::number(atStart)));
@@ -160,7 +160,7 @@ private Q_SLOTS:
 
     void wheelAndPageKeysScrollTheWholePage()
     {
-        QVERIFY(show(playlist(5000)));
+        QVERIFY(showPlaylist(playlist(5000)));
         m_window->grabWindow();
         const double before = sceneY("card0");
         const double title = sceneY("playlistTitle");
@@ -179,7 +179,7 @@ private Q_SLOTS:
 
     void clickingInMidScrollTogglesWithoutMoving()
     {
-        QVERIFY(show(playlist(5000)));
+        QVERIFY(showPlaylist(playlist(5000)));
         QQuickItem *card = nullptr;
         // Not before everything has its height.
         QTRY_VERIFY_WITH_TIMEOUT(
@@ -201,7 +201,7 @@ private Q_SLOTS:
 
     void clickingAPartlyVisibleCardMovesNothing()
     {
-        QVERIFY(show(playlist(5000)));
+        QVERIFY(showPlaylist(playlist(5000)));
         const double pageTop = sceneY("page");
         QQuickItem *card = nullptr;
         QTRY_VERIFY_WITH_TIMEOUT(
@@ -222,7 +222,7 @@ private Q_SLOTS:
 
     void theScrollBarShowsAndDragsToTheEnd()
     {
-        QVERIFY(show(playlist(5000)));
+        QVERIFY(showPlaylist(playlist(5000)));
         m_window->grabWindow();
         QQuickItem *const page = item("page");
         QQuickItem *const handle = item("scrollHandle");
@@ -244,7 +244,7 @@ private Q_SLOTS:
 
     void aTouchpadScrolls()
     {
-        QVERIFY(show(playlist(5000)));
+        QVERIFY(showPlaylist(playlist(5000)));
         QTRY_VERIFY_WITH_TIMEOUT(item("page")->property("contentHeight").toDouble() > 100000,
                                  patience);
         const double before = sceneY("playlistTitle");
@@ -258,7 +258,7 @@ private Q_SLOTS:
     {
         VideoInfo info = playlist(400);
         info.playlistEntries[0].thumbnailURL = m_silentServer.url();
-        QVERIFY(show(info));
+        QVERIFY(showPlaylist(info));
         QTRY_COMPARE_WITH_TIMEOUT(m_silentServer.asked, 1, patience);
         QCOMPARE(m_silentServer.left, 0);
         QVERIFY(focusByTab("playlistCards"));
@@ -270,7 +270,7 @@ private Q_SLOTS:
 
     void aCardIsACheckBoxNamedAfterItsTitle()
     {
-        QVERIFY(show(playlist(2)));
+        QVERIFY(showPlaylist(playlist(2)));
         QAccessibleInterface *const card = accessible("card1");
         QCOMPARE(card->role(), QAccessible::CheckBox);
         QCOMPARE(card->text(QAccessible::Name), u"Title 1"_s);
@@ -302,19 +302,6 @@ protected:
     }
 
 private:
-    [[nodiscard]] bool show(const VideoInfo &info)
-    {
-        AppState::EntrySelection all;
-        for (const VideoInfo &entry : info.playlistEntries)
-            all.insert(entry.id);
-        state().selectedPlaylistItems = all;
-        state().singleInfo = info;
-        return waitFor([&] {
-            return shown("playlistCount") && (info.playlistEntries.isEmpty() || shown("card0"))
-                && shown("download");
-        });
-    }
-
     QString focused() const
     {
         return m_window->activeFocusItem() ? m_window->activeFocusItem()->objectName() : QString();

@@ -117,15 +117,26 @@ protected:
         return place->property("presence").toDouble() == 1;
     }
 
+    /// All of its entries are chosen, as after a fetch.
+    [[nodiscard]] bool showPlaylist(const VideoInfo &info)
+    {
+        AppState::EntrySelection all;
+        for (const VideoInfo &entry : info.playlistEntries)
+            all.insert(entry.id);
+        state().selectedPlaylistItems = all;
+        state().singleInfo = info;
+        return waitFor([&] {
+            return shown("playlistCount") && (info.playlistEntries.isEmpty() || shown("card0"))
+                && shown("download");
+        });
+    }
+
     static SearchResult result(int number)
     {
-        const QString id = QString::number(number);
-        return {.id = id,
-                .title = u"Title "_s + id,
-                .uploader = u"Harbour"_s,
-                .duration = 61,
-                .thumbnailURL = QString(),
-                .videoURL = u"https://x/"_s + id};
+        SearchResult result = StateFixture::searchResult(QString::number(number));
+        result.uploader = u"Harbour"_s;
+        result.duration = 61;
+        return result;
     }
 
     /// What a screen reader knows of it.

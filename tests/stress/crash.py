@@ -28,6 +28,7 @@ sys.path[:0] = [str(ROOT / "tests/endtoend"), str(ROOT / "demo")]
 os.environ.setdefault("QUILLON_PROGRAM", str(ROOT / "build/release/src/quillon"))
 os.environ.setdefault("QUILLON_MEDIA", str(ROOT / "build/site-media"))
 
+from accessibility import application, find  # noqa: E402
 from media import SECONDS  # noqa: E402
 from person import PROGRAM, WATCH, Person, version_of, wait_until  # noqa: E402
 
@@ -138,9 +139,8 @@ class Rounds:
                 found.add((row["title"], row["format"].lower()))
             return False
 
-        application = self.person._application()
-        if application:
-            self.person._find(application, collect)
+        if window := application():
+            find(window, collect)
         return found
 
     def end(self, how: str):

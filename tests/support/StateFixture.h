@@ -62,6 +62,16 @@ struct StateFixture
         return info;
     }
 
+    static SearchResult searchResult(const QString &id)
+    {
+        return {.id = id,
+                .title = u"Title "_s + id,
+                .uploader = {},
+                .duration = {},
+                .thumbnailURL = {},
+                .videoURL = u"https://x/"_s + id};
+    }
+
     static HistoryItem record(const QString &title, const QString &url = {})
     {
         return {.id = QUuid::createUuid(),

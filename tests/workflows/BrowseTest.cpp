@@ -245,12 +245,9 @@ private:
 
     static SearchResult result(const QString &id)
     {
-        return {.id = id,
-                .title = u"Title "_s + id,
-                .uploader = {},
-                .duration = {},
-                .thumbnailURL = u"http://x/%1.jpg"_s.arg(id),
-                .videoURL = u"https://x/"_s + id};
+        SearchResult result = StateFixture::searchResult(id);
+        result.thumbnailURL = u"http://x/%1.jpg"_s.arg(id);
+        return result;
     }
 
     [[nodiscard]] bool search()

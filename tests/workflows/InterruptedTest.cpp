@@ -51,13 +51,7 @@ private Q_SLOTS:
         tool().respond("wait go");
         state().queue = {std::make_shared<DownloadItem>(u"https://x/q"_s)};
         state().startQueueDownload();
-        state().browseDownload({.id = u"b"_s,
-                                .title = u"B"_s,
-                                .uploader = {},
-                                .duration = {},
-                                .thumbnailURL = {},
-                                .videoURL = u"https://x/b"_s},
-                               true);
+        state().browseDownload(StateFixture::searchResult(u"b"_s), true);
         QTRY_COMPARE_WITH_TIMEOUT(tool().processIdentifiers().size(), 2, patience);
         m_fixture->restart();
         QCOMPARE(urls(), QStringList({u"https://x/q"_s, u"https://x/b"_s}));

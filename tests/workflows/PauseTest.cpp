@@ -173,13 +173,7 @@ private:
 
     [[nodiscard]] bool browse()
     {
-        state().browseDownload({.id = u"b"_s,
-                                .title = u"B"_s,
-                                .uploader = {},
-                                .duration = {},
-                                .thumbnailURL = {},
-                                .videoURL = u"https://x/b"_s},
-                               false);
+        state().browseDownload(StateFixture::searchResult(u"b"_s), false);
         return waitFor([&] { return runs(1); });
     }
 

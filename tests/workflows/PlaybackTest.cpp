@@ -15,7 +15,9 @@ private Q_SLOTS:
     void init()
     {
         m_fixture = std::make_unique<StateFixture>();
-        state().browseResults = AppState::Results{result(u"a"_s), result(u"b"_s), result(u"c"_s)};
+        state().browseResults = AppState::Results{StateFixture::searchResult(u"a"_s),
+                                                  StateFixture::searchResult(u"b"_s),
+                                                  StateFixture::searchResult(u"c"_s)};
         tool().respond("print http://media/{id}.mp4");
     }
     void cleanup() { m_fixture.reset(); }
@@ -23,7 +25,7 @@ private Q_SLOTS:
     void aChosenResultIsResolvedAndPlayed()
     {
         state().cookiesBrowser = u"firefox"_s;
-        state().playBrowseResult(result(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
         QVERIFY(state().isLoadingStream());
         QVERIFY(!engine()); // not before there is something to play
@@ -37,7 +39,7 @@ private Q_SLOTS:
     void choosingItAgainStopsIt()
     {
         QVERIFY(play(u"a"_s));
-        state().playBrowseResult(result(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
         QVERIFY(!state().nowPlaying());
         QVERIFY(!state().avPlayer.hasItem());
         QVERIFY(engine()->isPaused);
@@ -47,9 +49,9 @@ private Q_SLOTS:
     {
         tool().respond("wait late\n"
                        "print http://media/a.mp4");
-        state().playBrowseResult(result(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
         QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
-        state().playBrowseResult(result(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
         QVERIFY(!state().nowPlaying());
         QVERIFY(!state().isLoadingStream());
         const qint64 first = tool().processIdentifiers().last();
@@ -65,7 +67,7 @@ private Q_SLOTS:
     {
         AssignmentRecorder recorder(state());
         const QStringList all{u"nowPlaying"_s, u"isLoadingStream"_s, u"playerError"_s};
-        state().playBrowseResult(result(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
         QCOMPARE(recorder.take(), all);
         QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(recorder.take(), QStringList{u"isLoadingStream"_s});
@@ -77,7 +79,7 @@ private Q_SLOTS:
     {
         tool().respond("for */a wait late\n"
                        "print http://media/{id}.mp4");
-        state().playBrowseResult(result(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
         QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 1, patience);
         const qint64 first = tool().processIdentifiers().last();
         QVERIFY(play(u"b"_s));
@@ -97,7 +99,7 @@ private Q_SLOTS:
                        "print http://media/{id}.mp4");
         AppState::Results results;
         for (int number = 0; number < 6; ++number)
-            results.append(result(QString::number(number)));
+            results.append(StateFixture::searchResult(QString::number(number)));
         state().browseResults = results;
         for (const SearchResult &each : results)
             state().playBrowseResult(each);
@@ -114,8 +116,8 @@ private Q_SLOTS:
     {
         tool().respond("ignore signals\n"
                        "wait never");
-        state().playBrowseResult(result(u"a"_s));
-        state().playBrowseResult(result(u"b"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"b"_s));
         QTRY_COMPARE_WITH_TIMEOUT(tool().calls().size(), 2, patience);
         const QList<qint64> processes = tool().processIdentifiers();
         m_fixture->state.reset();
@@ -126,11 +128,11 @@ private Q_SLOTS:
     void aFailedResolutionKeepsTheChoice()
     {
         tool().respond("");
-        state().playBrowseResult(result(u"a"_s));
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
         QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(state().playerError(), u"Failed to fetch info: Could not retrieve stream URL"_s);
         QCOMPARE(state().nowPlaying()->id, u"a"_s);
-        state().playBrowseResult(result(u"a"_s)); // stops
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s)); // stops
         QVERIFY(!state().nowPlaying() && !state().playerError());
         tool().respond("print http://media/a.mp4");
         QVERIFY(play(u"a"_s)); // tries again
@@ -182,8 +184,9 @@ private Q_SLOTS:
 
     void ofTwoWithOneIdentifierTheFirstCounts()
     {
-        state().browseResults =
-            AppState::Results{result(u"x"_s), result(u"b"_s), result(u"x"_s), result(u"d"_s)};
+        state().browseResults = AppState::Results{
+            StateFixture::searchResult(u"x"_s), StateFixture::searchResult(u"b"_s),
+            StateFixture::searchResult(u"x"_s), StateFixture::searchResult(u"d"_s)};
         state().playBrowseResult(state().browseResults()[2]);
         QTRY_VERIFY_WITH_TIMEOUT(!state().isLoadingStream(), patience);
         QCOMPARE(state().currentPlayIndex(), 0);
@@ -194,7 +197,9 @@ private Q_SLOTS:
 
     void equalNeighbouringIdentifiersStopTheSuccession()
     {
-        state().browseResults = AppState::Results{result(u"x"_s), result(u"x"_s), result(u"d"_s)};
+        state().browseResults = AppState::Results{StateFixture::searchResult(u"x"_s),
+                                                  StateFixture::searchResult(u"x"_s),
+                                                  StateFixture::searchResult(u"d"_s)};
         QVERIFY(play(u"x"_s));
         end(); // chooses what is chosen already
         QTRY_VERIFY_WITH_TIMEOUT(!state().nowPlaying(), patience);
@@ -226,19 +231,9 @@ private:
     FakeTool &tool() { return m_fixture->tool; }
     RecordingDesktop::SilentEngine *engine() { return *m_fixture->desktop.engine; }
 
-    static SearchResult result(const QString &id)
-    {
-        return {.id = id,
-                .title = u"Title "_s + id,
-                .uploader = {},
-                .duration = {},
-                .thumbnailURL = {},
-                .videoURL = u"https://x/"_s + id};
-    }
-
     [[nodiscard]] bool play(const QString &id)
     {
-        state().playBrowseResult(result(id));
+        state().playBrowseResult(StateFixture::searchResult(id));
         return waitFor([&] { return !state().isLoadingStream(); });
     }
 

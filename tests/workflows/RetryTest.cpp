@@ -40,12 +40,7 @@ private Q_SLOTS:
     void aPlaybackIsRepeatedNotStopped()
     {
         state().mode = AppMode::browse;
-        const SearchResult result{.id = u"a"_s,
-                                  .title = u"A"_s,
-                                  .uploader = {},
-                                  .duration = 1,
-                                  .thumbnailURL = {},
-                                  .videoURL = u"https://x/a"_s};
+        const SearchResult result = StateFixture::searchResult(u"a"_s);
         state().playBrowseResult(result);
         QTRY_VERIFY_WITH_TIMEOUT(state().playerError(), patience);
         QVERIFY(m_keeper->retry().isPossible());

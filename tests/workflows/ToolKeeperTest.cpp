@@ -116,12 +116,7 @@ private Q_SLOTS:
         QFETCH(QString, operation);
         setTool("2026.03.01", "fail ERROR: HTTP Error 403: Forbidden");
         QVERIFY(begin());
-        const SearchResult result{.id = u"a"_s,
-                                  .title = u"A"_s,
-                                  .uploader = {},
-                                  .duration = 1,
-                                  .thumbnailURL = {},
-                                  .videoURL = u"https://x/a"_s};
+        const SearchResult result = StateFixture::searchResult(u"a"_s);
         if (operation == u"fetch") {
             QVERIFY(fetch());
         } else if (operation == u"search") {
