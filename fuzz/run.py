@@ -51,9 +51,11 @@ def seeds() -> dict[str, list[bytes]]:
 
 
 def build() -> None:
-    quiet = {"stdout": subprocess.DEVNULL, "check": True, "cwd": ROOT}
-    subprocess.run(["cmake", "--preset", "fuzz"], **quiet)
-    subprocess.run(["cmake", "--build", "--preset", "fuzz"], **quiet)
+    for command in (["cmake", "--preset", "fuzz"], ["cmake", "--build", "--preset", "fuzz"]):
+        made = subprocess.run(command, cwd=ROOT, check=False, stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT)
+        if made.returncode != 0:
+            sys.exit(made.stdout.decode(errors="replace")[-4000:])
 
 
 def run(name: str, inputs: list[bytes], seconds: int) -> bool:
