@@ -78,6 +78,11 @@ QString DownloadSectionPresenter::runLineCount() const
     return u"%1 / %2"_s.arg(state().currentDownloadIndex()).arg(state().totalDownloadCount());
 }
 
+QString DownloadSectionPresenter::runLine() const
+{
+    return showsRunLine() ? u"%1 · %2"_s.arg(runLineCount(), runLineTitle()) : runLineTitle();
+}
+
 bool DownloadSectionPresenter::showsProgress() const
 {
     return kindOf(state().displayedDownloadStatus()) == StatusKind::Downloading;

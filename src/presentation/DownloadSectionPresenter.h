@@ -25,6 +25,7 @@ class DownloadSectionPresenter : public StatePresenter
     Q_PROPERTY(bool showsRunLine READ showsRunLine NOTIFY changed)
     Q_PROPERTY(QString runLineTitle READ runLineTitle NOTIFY changed)
     Q_PROPERTY(QString runLineCount READ runLineCount NOTIFY changed)
+    Q_PROPERTY(QString runLine READ runLine NOTIFY changed)
     Q_PROPERTY(bool showsProgress READ showsProgress NOTIFY changed)
     Q_PROPERTY(bool showsProcessing READ showsProcessing NOTIFY changed)
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
@@ -49,6 +50,8 @@ public:
     [[nodiscard]] bool showsRunLine() const;
     [[nodiscard]] QString runLineTitle() const;
     [[nodiscard]] QString runLineCount() const;
+    /// Title and count in one.
+    [[nodiscard]] QString runLine() const;
     [[nodiscard]] bool showsProgress() const;
     [[nodiscard]] bool showsProcessing() const;
     [[nodiscard]] double progress() const { return state().downloadProgress(); }

@@ -37,6 +37,7 @@ Notice FailureNotice::notice()
             .tone = u"orange"_s,
             .command = m_advice->command,
             .actionText = actionText(),
+            .setting = setting(),
             .dismissText = u"Close"_s,
             .act = [this] { act(); },
             .dismiss = [this] { forget(); }};
@@ -87,6 +88,18 @@ QString FailureNotice::actionText() const
         return {};
     }
     Q_UNREACHABLE();
+}
+
+QString FailureNotice::setting() const
+{
+    switch (m_advice->remedy) {
+    case Remedy::chooseCookies:
+        return u"cookiesBrowser"_s;
+    case Remedy::openSettings:
+        return u"downloadDir"_s;
+    default:
+        return {};
+    }
 }
 
 bool FailureNotice::hasFailedDownload() const

@@ -30,6 +30,7 @@ private:
     void forget();
     void act();
     [[nodiscard]] QString actionText() const;
+    [[nodiscard]] QString setting() const;
     [[nodiscard]] bool hasFailedDownload() const;
 
     AppState &m_state;

@@ -16,6 +16,7 @@ struct Notice
     QString tone{};        // the name of the symbol's colour in Theme
     QString command{};     // a line for a shell that the user may copy, or nothing
     QString actionText{};  // empty where there is nothing to be done here
+    QString setting{};     // the one that its action leads to, by its name in the panel
     QString dismissText{}; // the button that ends the notice
     std::function<void()> act{};
     std::function<void()> dismiss{};

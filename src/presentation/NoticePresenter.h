@@ -23,6 +23,7 @@ class NoticePresenter : public QObject
     Q_PROPERTY(QString command READ command NOTIFY changed)
     Q_PROPERTY(QString copyText READ copyText NOTIFY changed)
     Q_PROPERTY(QString actionText READ actionText NOTIFY changed)
+    Q_PROPERTY(QString setting READ setting NOTIFY changed)
     Q_PROPERTY(QString dismissText READ dismissText NOTIFY changed)
 
 public:
@@ -39,6 +40,7 @@ public:
     [[nodiscard]] QString command() const { return m_notice.command; }
     [[nodiscard]] QString copyText() const;
     [[nodiscard]] QString actionText() const { return m_notice.actionText; }
+    [[nodiscard]] QString setting() const { return m_notice.setting; }
     [[nodiscard]] QString dismissText() const { return m_notice.dismissText; }
 
     Q_INVOKABLE void act();

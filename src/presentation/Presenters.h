@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ActionBarPresenter.h"
 #include "BrowseModel.h"
 #include "DownloadSectionPresenter.h"
 #include "FormatQualityPresenter.h"
@@ -25,6 +26,7 @@ class Presenters : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
+    Q_PROPERTY(ActionBarPresenter *actionBar READ actionBar CONSTANT)
     Q_PROPERTY(BrowseModel *browse READ browse CONSTANT)
     Q_PROPERTY(DownloadSectionPresenter *downloadSection READ downloadSection CONSTANT)
     Q_PROPERTY(FormatQualityPresenter *singleFormat READ singleFormat CONSTANT)
@@ -48,6 +50,7 @@ public:
     void offerTo(QQmlEngine &engine);
     static Presenters *create(QQmlEngine *qml, QJSEngine *js);
 
+    ActionBarPresenter *actionBar() { return presenter<ActionBarPresenter>(); }
     BrowseModel *browse() { return presenter<BrowseModel>(); }
     DownloadSectionPresenter *downloadSection() { return presenter<DownloadSectionPresenter>(); }
     FormatQualityPresenter *singleFormat() { return presenter<SingleFormatQualityPresenter>(); }

@@ -6,19 +6,14 @@ import Quillon.Presentation
 import Quillon.Shared
 
 // The player, and below it what a search has found.
-Column {
+ModePage {
     id: root
 
     readonly property BrowseModel browse: Presenters.browse
     readonly property PlayerPanelPresenter panel: Presenters.playerPanel
 
-    leftPadding: Theme.margin
-    rightPadding: Theme.margin
-    topPadding: 8
-
     readonly property real gap: 10
 
-    readonly property real innerWidth: width - leftPadding - rightPadding
     // The height of the page that is left for what takes the place of results.
     readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - player.height
     readonly property bool showsResults: root.browse.area === BrowseModel.Area.Results

@@ -51,11 +51,11 @@ Item {
             Accessible.role: Accessible.Heading
         }
 
-        PlainText {
+        ElidedText {
             anchors.horizontalCenter: parent.horizontalCenter
             color: Theme.secondary
-            elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter
+            isStop: true
             maximumLineCount: 6
             text: root.subtitle
             visible: text !== ""

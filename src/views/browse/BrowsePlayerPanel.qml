@@ -46,12 +46,12 @@ Card {
         window = made;
     }
 
+    // A window that closes asks for this once more.
     function forget() {
-        if (window) {
-            window.close();
-            window.destroy();
-        }
+        const left = window;
         window = null;
+        left?.close();
+        left?.destroy();
     }
 
     onPlaceChanged: {
@@ -173,13 +173,14 @@ Card {
             }
         }
 
-        LineText {
+        ElidedText {
             anchors.left: next.right
             anchors.leftMargin: 12
             anchors.right: video.left
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             font.weight: Font.Medium
+            isStop: true
             objectName: "playerTitle"
             text: root.panel.title
         }

@@ -32,6 +32,8 @@ ListRow {
     required property statusLook video
     required property statusLook audio
 
+    texts: [titleText, uploaderText]
+
     signal downloaded(isAudio: bool)
 
     Accessible.description: uploader + (uploader !== "" && duration !== "" ? ", " : "") + duration
@@ -123,7 +125,9 @@ ListRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 4
 
-        LineText {
+        ElidedText {
+            id: titleText
+
             font.weight: Font.Medium
             objectName: "rowTitle"
             text: root.title
@@ -135,7 +139,9 @@ ListRow {
         Row {
             spacing: 12
 
-            LineText {
+            ElidedText {
+                id: uploaderText
+
                 color: Theme.secondary
                 size: 12
                 text: root.uploader

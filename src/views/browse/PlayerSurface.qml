@@ -83,7 +83,10 @@ FocusScope {
 
         onActiveFocusChanged: root.wake()
 
-        Keys.onPressed: event => menu.handleKey(event)
+        Keys.onPressed: event => {
+            menu.handleKey(event);
+            tip.handleKey(event);
+        }
 
         TapHandler {
             onDoubleTapped: root.fullScreenToggled()
@@ -120,7 +123,9 @@ FocusScope {
         }
     }
 
-    PlainText {
+    ElidedText {
+        id: error
+
         anchors.centerIn: parent
         color: Theme.overAccent
         horizontalAlignment: Text.AlignHCenter
@@ -132,6 +137,16 @@ FocusScope {
         wrapMode: Text.Wrap
 
         Accessible.role: Accessible.AlertMessage
+
+        HelpTip {
+            id: tip
+
+            offersCopy: error.text !== ""
+            text: error.cutText
+            wanted: face.activeFocus
+
+            onCopied: Clipboard.copy(error.text)
+        }
     }
 
     // A handler's cursor would change with the next move only.

@@ -23,6 +23,8 @@ ListRow {
             run: () => removed()
         }]
 
+    texts: [titleText, detailsText]
+
     signal revealed
     signal refetched
 
@@ -60,7 +62,9 @@ ListRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
 
-        LineText {
+        ElidedText {
+            id: titleText
+
             font.weight: Font.Medium
             objectName: "rowTitle"
             text: root.title
@@ -69,7 +73,9 @@ ListRow {
             Accessible.ignored: true
         }
 
-        LineText {
+        ElidedText {
+            id: detailsText
+
             color: Theme.secondary
             size: 11
             text: root.date + "  ·  " + root.details

@@ -39,6 +39,10 @@ FocusScope {
 
             source: "SettingsPanelView.qml"
 
+            function focusSetting(name: string) {
+                item?.[name]?.forceActiveFocus(Qt.TabFocusReason);
+            }
+
             Binding {
                 property: "tool"
                 target: settings.item
@@ -72,8 +76,8 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: bars.bottom
-        // Lets the end of the page scroll clear of a notice.
-        bottomMargin: notice.isShown ? notice.height + notice.anchors.bottomMargin : 0
+        // Lets the end of the page scroll clear of what lies over it.
+        bottomMargin: slot.isShown ? slot.height + slot.anchors.bottomMargin : 0
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         contentHeight: content.height
@@ -109,6 +113,8 @@ FocusScope {
             width: page.width
 
             Loader {
+                id: screen
+
                 width: content.width
 
                 source: root.mode.isSingle ? "SingleModeView.qml" : root.mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
@@ -142,15 +148,32 @@ FocusScope {
         }
     }
 
-    NoticeSlot {
-        id: notice
+    // Tells where the screen's action row is.
+    Binding {
+        delayed: true // what follows may scroll the page
+        property: "sight"
+        target: Presenters.actionBar
+        value: {
+            const row = (screen.item as ModePage)?.actions;
+            if (!row)
+                return ActionBarPresenter.Sight.None;
+            const top = Pages.offset(row, page) - page.contentY;
+            return top + row.height > page.height ? ActionBarPresenter.Sight.Below : top < 0 ? ActionBarPresenter.Sight.Above : ActionBarPresenter.Sight.Shown;
+        }
+    }
+
+    LowerSlot {
+        id: slot
 
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 14
         anchors.horizontalCenter: parent.horizontalCenter
         home: input
         notices: root.notices
+        page: screen.item as ModePage
         width: Math.min(parent.width - 2 * Theme.margin, 760)
+
+        onSettingRequested: name => settings.focusSetting(name)
     }
 
     WindowKeys {
@@ -158,10 +181,10 @@ FocusScope {
     }
 
     Shortcut {
-        enabled: notice.isShown
+        enabled: slot.isShown
         sequence: "F6"
 
-        onActivated: notice.enterOrLeave()
+        onActivated: slot.enterOrLeave()
     }
 
     DropArea {

@@ -6,21 +6,27 @@ import QtQuick.Templates as T
 import Quillon.Presentation
 import Quillon.Shared
 
-// The one place for notices, over the lower edge of the page. It moves nothing there and
-// takes no focus by itself: the keyboard enters by Tab or F6 and leaves by Escape.
+// The one place over the lower edge of the page: for a notice, else for what stands for an
+// action row that is out of sight. It moves nothing on the page and takes no focus by
+// itself: the keyboard enters by Tab or F6 and leaves by Escape.
 FocusScope {
     id: root
 
     required property NoticePresenter notices // null where there are none
+    required property ModePage page
     required property Item home // where the focus goes when it has nowhere else to go
-    readonly property bool isShown: notices?.isShown ?? false
+    readonly property ActionBarPresenter actionBar: Presenters.actionBar
+    readonly property bool hasNotice: notices?.isShown ?? false
+    readonly property bool hasBar: !hasNotice && actionBar.kind !== ActionBarPresenter.Kind.None
+    readonly property bool isShown: hasNotice || hasBar
+    signal settingRequested(name: string)
+
     property Item elsewhere // where the focus was before it came here
 
-    height: card.height
-    visible: isShown
+    height: hasNotice ? notice.height : bar.height
 
     function focusCard(withRing: bool) {
-        (card.item as NoticeCard).focusFirst(withRing);
+        ((hasNotice ? notice : bar).item as SlotCard).focusFirst(withRing);
     }
 
     function enterOrLeave() {
@@ -35,6 +41,14 @@ FocusScope {
         place.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // To the row itself if that has come into sight.
+    function leaveBar() {
+        if (actionBar.sight === ActionBarPresenter.Sight.Shown && page?.entry)
+            page.entry.forceActiveFocus(Qt.TabFocusReason);
+        else
+            leave();
+    }
+
     function holds(item: Item): bool {
         let each = item;
         while (each && each !== root)
@@ -42,14 +56,39 @@ FocusScope {
         return each === root;
     }
 
+    function act() {
+        const setting = notices.setting;
+        notices.act();
+        if (setting !== "")
+            settingRequested(setting);
+    }
+
+    function chooseFormat() {
+        const hadFocus = activeFocus;
+        Pages.reveal(page.choice);
+        if (hadFocus)
+            page.choice.focusSelected();
+    }
+
+    function showDownload() {
+        const hadFocus = activeFocus;
+        actionBar.lead();
+        if (page?.actions)
+            Pages.reveal(page.actions);
+        if (hadFocus)
+            leaveBar();
+    }
+
     Keys.onEscapePressed: leave()
-    onIsShownChanged: if (!isShown && focus)
+    onHasBarChanged: if (!hasBar && focus && !hasNotice)
+        leaveBar()
+    onHasNoticeChanged: if (focus)
         leave()
 
     Loader {
-        id: card
+        id: notice
 
-        active: root.isShown
+        active: root.hasNotice
         width: parent.width
 
         Component.onCompleted: setSource("NoticeCard.qml", {
@@ -57,9 +96,53 @@ FocusScope {
         })
     }
 
+    Loader {
+        id: bar
+
+        property real presence: root.hasBar ? 1 : 0
+        Behavior on presence {
+            NumberAnimation {
+                duration: Theme.calm
+            }
+        }
+
+        active: presence > 0
+        enabled: root.hasBar
+        opacity: presence
+        visible: !root.hasNotice
+        width: parent.width
+
+        // What is shown stays until it has left.
+        Binding on source {
+            restoreMode: Binding.RestoreNone
+            value: root.actionBar.kind === ActionBarPresenter.Kind.Queue ? "QueueBar.qml" : "DownloadBar.qml"
+            when: root.hasBar
+        }
+    }
+
+    Connections {
+        function onActed() {
+            root.act();
+        }
+
+        target: notice.item as SlotCard
+    }
+
+    Connections {
+        function onChoiceRequested() {
+            root.chooseFormat();
+        }
+
+        function onLed() {
+            root.showDownload();
+        }
+
+        target: bar.item as SlotCard
+    }
+
     // Announced by screen readers, once for each notice: a new text makes a new item.
     Repeater {
-        model: root.isShown ? [root.notices.title] : []
+        model: root.hasNotice ? [root.notices.title] : []
 
         Item {
             anchors.fill: parent
@@ -74,7 +157,7 @@ FocusScope {
     Connections {
         function onKindChanged() {
             const button = root.Window.activeFocusItem as T.Control;
-            if (button && root.activeFocus && root.isShown)
+            if (button && root.activeFocus && root.hasNotice)
                 root.focusCard(button.visualFocus);
         }
 

@@ -4,12 +4,12 @@ import Quillon.Presentation
 import Quillon.Shared
 
 // One notice: what there is to say, how far it is, and what can be done about it.
-Card {
+SlotCard {
     id: root
 
     required property NoticePresenter notices
 
-    border.color: Theme.primaryAt(0.14)
+    entry: action.visible ? action : copy.visible ? copy : dismiss
     implicitHeight: column.height + 24
     objectName: "notice"
 
@@ -17,21 +17,6 @@ Card {
         duration: Theme.calm
         from: 0
         to: 1
-    }
-
-    // The first visible of its buttons.
-    function focusFirst(withRing: bool) {
-        const first = action.visible ? action : copy.visible ? copy : dismiss;
-        first.forceActiveFocus(withRing ? Qt.TabFocusReason : Qt.OtherFocusReason);
-    }
-
-    // Keeps the pointer from what lies below.
-    MouseArea {
-        acceptedButtons: Qt.AllButtons
-        anchors.fill: parent
-        hoverEnabled: true
-
-        onWheel: wheel => wheel.accepted = false
     }
 
     Column {
@@ -61,7 +46,7 @@ Card {
                 visible: !root.notices.isBusy
             }
 
-            PlainText {
+            ElidedText {
                 id: label
 
                 anchors.left: parent.left
@@ -69,6 +54,7 @@ Card {
                 anchors.right: buttons.left
                 anchors.rightMargin: 14
                 anchors.verticalCenter: parent.verticalCenter
+                isStop: true
                 maximumLineCount: 4
                 objectName: "noticeText"
                 text: root.notices.text
@@ -93,7 +79,7 @@ Card {
                     text: root.notices.actionText
                     visible: text !== ""
 
-                    onClicked: root.notices.act()
+                    onClicked: root.acted()
                     // The focus stays in the notice when this goes.
                     onVisibleChanged: if (!visible && focus)
                         dismiss.forceActiveFocus(focusReason)
@@ -149,19 +135,10 @@ Card {
             }
         }
 
-        Rectangle {
-            color: Theme.hairline
-            height: 4
-            radius: 2
+        ProgressLine {
+            progress: root.notices.progress
             visible: root.notices.isBusy
             width: parent.width
-
-            Rectangle {
-                color: Theme.accent
-                height: parent.height
-                radius: parent.radius
-                width: parent.width * Math.max(0, Math.min(1, root.notices.progress))
-            }
         }
     }
 }

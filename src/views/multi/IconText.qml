@@ -12,6 +12,8 @@ Item {
     property string text
     property string whole: text
 
+    readonly property alias label: label
+
     signal pressed
 
     implicitHeight: label.implicitHeight
@@ -26,7 +28,7 @@ Item {
         visible: root.symbol !== ""
     }
 
-    LineText {
+    ElidedText {
         id: label
 
         objectName: "line"

@@ -6,18 +6,16 @@ import Quillon.Presentation
 import Quillon.Shared
 
 // The queue, or what to do where there is none.
-Column {
+ModePage {
     id: root
 
     readonly property QueueModel queue: Presenters.queue
     readonly property QueueControlsPresenter run: Presenters.queueControls
 
-    leftPadding: Theme.margin
-    rightPadding: Theme.margin
-    spacing: 10
-    topPadding: 8
+    actions: controls.visible ? controls.actions : null
+    entry: controls.actions.entry
 
-    readonly property real innerWidth: width - leftPadding - rightPadding
+    spacing: 10
 
     // When nothing is left here, the focus goes to the previous stop.
     function leaveEmptyQueue() {
@@ -86,6 +84,8 @@ Column {
     }
 
     QueueControlsView {
+        id: controls
+
         next: rows.view
         queue: root.queue
         run: root.run

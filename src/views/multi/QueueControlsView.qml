@@ -10,8 +10,8 @@ Card {
     required property QueueModel queue
     required property QueueControlsPresenter run
 
-    // Where the focus goes when a run has ended.
-    property Item next
+    readonly property alias actions: buttons
+    property Item next // where the focus goes when a run has ended
 
     implicitHeight: content.height + 28
 
@@ -28,96 +28,14 @@ Card {
             width: parent.width
         }
 
-        Item {
+        QueueActions {
+            id: buttons
+
             height: 32
+            next: root.next
+            queue: root.queue
+            run: root.run
             width: parent.width
-
-            PushButton {
-                id: start
-
-                busy: root.run.isRunning
-                enabled: root.queue.canDownload
-                height: parent.height
-                help: "Downloads waiting entries, and finished and failed ones once more"
-                objectName: "startQueue"
-                prominent: true
-                symbol: "arrow.down.circle.fill"
-                text: root.queue.downloadButtonLabel
-
-                onClicked: {
-                    const byKeyboard = visualFocus;
-                    root.run.start();
-                    if (byKeyboard)
-                        pause.forceActiveFocus(Qt.TabFocusReason);
-                }
-            }
-
-            PushButton {
-                id: pause
-
-                anchors.left: start.right
-                anchors.leftMargin: 10
-                height: parent.height
-                help: root.run.pauseHelp
-                iconSize: 14
-                objectName: "pauseQueue"
-                symbol: root.run.pauseIcon
-                tint: root.run.isPaused ? Theme.green : Theme.orange
-                visible: root.run.isRunning
-
-                onClicked: root.run.togglePause()
-                onVisibleChanged: {
-                    const to = start.enabled ? start : root.next;
-                    if (!visible && visualFocus)
-                        to.forceActiveFocus(Qt.TabFocusReason);
-                }
-            }
-
-            Item {
-                anchors.bottom: parent.bottom
-                anchors.left: pause.right
-                anchors.leftMargin: 16
-                anchors.right: parent.right
-                anchors.top: parent.top
-                visible: root.run.isRunning
-
-                SymbolIcon {
-                    id: arrow
-
-                    anchors.verticalCenter: parent.verticalCenter
-                    color: Theme.secondary
-                    size: 13
-                    symbol: "arrow.down.circle"
-                }
-
-                PlainText {
-                    id: position
-
-                    anchors.left: arrow.right
-                    anchors.leftMargin: 5
-                    anchors.verticalCenter: parent.verticalCenter
-                    color: Theme.secondary
-                    objectName: "queuePosition"
-                    text: root.run.position
-                }
-
-                LineText {
-                    anchors.left: position.right
-                    anchors.leftMargin: 10
-                    anchors.right: parent.right
-                    anchors.verticalCenter: parent.verticalCenter
-                    color: Theme.secondary
-                    objectName: "queueTitle"
-                    opacity: text === "" ? 0 : 1
-                    text: root.run.title
-
-                    Behavior on opacity {
-                        NumberAnimation {
-                            duration: Theme.calm
-                        }
-                    }
-                }
-            }
         }
     }
 }

@@ -16,7 +16,8 @@ ListRow {
     required property bool canReveal
     required property string url
     required property string path
-    required property string message
+    required message
+    texts: [titleText, status.label]
 
     onMenuAsked: commands = [...VideoCommands.ofFile(path), ...VideoCommands.ofMessage(message), ...VideoCommands.ofVideo(title, url), {
             text: "Remove",
@@ -39,6 +40,7 @@ ListRow {
     Accessible.name: title + ", " + badge.text + (statusLine !== "" ? ", " + statusLine : "")
 
     onActivated: revealed()
+    onMessageCopied: Clipboard.copy(message)
 
     Card {
         anchors.fill: parent
@@ -72,7 +74,9 @@ ListRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 3
 
-        LineText {
+        ElidedText {
+            id: titleText
+
             font.weight: Font.Medium
             objectName: "rowTitle"
             text: root.title
@@ -82,6 +86,8 @@ ListRow {
         }
 
         IconText {
+            id: status
+
             color: root.hasFailed ? Theme.red : Theme.secondary
             objectName: "statusLine"
             pressable: root.canReveal

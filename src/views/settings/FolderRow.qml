@@ -8,6 +8,7 @@ Item {
     id: root
 
     required property SettingsPresenter settings
+    readonly property alias field: field
 
     implicitHeight: caption.height + 4 + 32
 

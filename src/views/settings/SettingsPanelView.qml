@@ -11,6 +11,10 @@ Rectangle {
 
     property ToolPresenter tool
 
+    // The settings that a notice may lead to.
+    readonly property alias cookiesBrowser: browser
+    readonly property alias downloadDir: folder.field
+
     color: Theme.primaryAt(0.03)
     implicitHeight: rows.height + 28 + divider.height
 
@@ -23,6 +27,8 @@ Rectangle {
         y: 14
 
         FolderRow {
+            id: folder
+
             settings: root.settings
             width: parent.width
         }
@@ -100,6 +106,8 @@ Rectangle {
                 }
 
                 MenuPicker {
+                    id: browser
+
                     currentIndex: root.settings.browserIndex
                     help: "Browser whose cookies yt-dlp uses to authenticate with YouTube"
                     label: "Cookies"

@@ -11,6 +11,7 @@ Rectangle {
     property alias commands: menu.commands
 
     signal menuAsked
+    signal copied
 
     color: Theme.at(Theme.redFill, 0.88)
     implicitHeight: label.implicitHeight + 22
@@ -23,7 +24,19 @@ Rectangle {
 
     Accessible.focusable: true
 
-    Keys.onPressed: event => menu.handleKey(event)
+    Keys.onPressed: event => {
+        menu.handleKey(event);
+        tip.handleKey(event);
+    }
+
+    HelpTip {
+        id: tip
+
+        offersCopy: true
+        wanted: root.activeFocus
+
+        onCopied: root.copied()
+    }
 
     ContextArea {
         id: menu

@@ -2,15 +2,26 @@
 import QtQuick
 import Quillon.Shared
 
-// Explains the control around it once the pointer has rested there. Nothing is made of it
-// before.
+// Explains the control around it once the pointer or the keyboard has rested there, or
+// offers to copy the message that it shows. Nothing is made of it before.
 Loader {
     id: root
 
     property string text
     property bool wanted: false
+    property bool offersCopy: false
 
-    active: wanted && text !== ""
+    signal copied
+
+    // What offers a copy hands its keys here.
+    function handleKey(event: KeyEvent) {
+        if (!offersCopy || event.key !== Qt.Key_C || event.modifiers !== Qt.ControlModifier)
+            return;
+        event.accepted = true;
+        copied();
+    }
+
+    active: wanted && (text !== "" || offersCopy)
     anchors.fill: parent
 
     source: Qt.resolvedUrl("HelpTipBubble.qml") // found beside this file, wherever it is used
@@ -19,5 +30,19 @@ Loader {
         property: "text"
         target: root.item
         value: root.text
+    }
+
+    Binding {
+        property: "offersCopy"
+        target: root.item
+        value: root.offersCopy
+    }
+
+    Connections {
+        function onCopied() {
+            root.copied();
+        }
+
+        target: root.item as HelpTipBubble
     }
 }

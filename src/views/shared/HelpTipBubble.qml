@@ -7,11 +7,17 @@ import Quillon.Shared
 T.ToolTip {
     id: root
 
+    property bool offersCopy: false
+    readonly property real widest: 420
+
+    signal copied
+
     bottomMargin: 6
     bottomPadding: 5
+    closePolicy: offersCopy ? T.Popup.NoAutoClose : T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
     delay: 600
     implicitHeight: contentHeight + topPadding + bottomPadding
-    implicitWidth: Math.min(420, contentWidth + leftPadding + rightPadding)
+    implicitWidth: contentWidth + leftPadding + rightPadding
     leftMargin: 6
     leftPadding: 9
     objectName: "tip"
@@ -28,10 +34,36 @@ T.ToolTip {
         color: Theme.card
         radius: Theme.smallRadius
     }
-    contentItem: PlainText {
-        maximumLineCount: 30
-        size: 12
-        text: root.text
-        wrapMode: Text.Wrap
+    contentItem: Column {
+        spacing: 4
+
+        PlainText {
+            maximumLineCount: 30
+            size: 12
+            text: root.text
+            visible: text !== ""
+            width: Math.min(implicitWidth, root.widest - root.leftPadding - root.rightPadding)
+            wrapMode: Text.Wrap
+        }
+
+        Row {
+            spacing: 4
+            visible: root.offersCopy
+
+            TextButton {
+                focusPolicy: Qt.NoFocus
+                objectName: "copyTip"
+                text: "Copy"
+
+                onClicked: root.copied()
+            }
+
+            PlainText {
+                anchors.verticalCenter: parent.verticalCenter
+                color: Theme.secondary
+                size: 12
+                text: "Ctrl+C"
+            }
+        }
     }
 }

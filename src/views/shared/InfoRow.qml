@@ -8,6 +8,7 @@ Item {
 
     property string icon
     property string text
+    readonly property alias cutText: label.cutText
 
     implicitHeight: label.implicitHeight
     implicitWidth: label.x + label.implicitWidth
@@ -19,7 +20,7 @@ Item {
         symbol: root.icon
     }
 
-    LineText {
+    ElidedText {
         id: label
 
         color: Theme.secondary

@@ -26,13 +26,7 @@ Item {
     readonly property int rows: Math.ceil(count / columns)
 
     readonly property Flickable page: Pages.of(root)
-    // Where this begins on the page; follows whatever moves above it.
-    readonly property real offset: {
-        let sum = 0;
-        for (let item = root; item && page && item !== page.contentItem; item = item.parent)
-            sum += item.y;
-        return sum;
-    }
+    readonly property real offset: Pages.offset(root, page)
     readonly property real shownTop: page ? clamped(page.contentY - offset) : 0
     readonly property real shownBottom: page ? clamped(page.contentY + page.height - offset) : 0
 

@@ -15,10 +15,22 @@ FocusScope {
     readonly property bool isHovered: hover.hovered
 
     property alias commands: menu.commands
+    // Of what is cut the row shows the whole while it has the focus.
+    property list<ElidedText> texts
+    // What can be copied of it; empty if there is nothing.
+    property string message
 
     signal menuAsked
+    signal messageCopied
     signal activated
     signal removed
+
+    function cutTexts(): string {
+        let lines = "";
+        for (let each = 0; each < texts.length; ++each)
+            lines += (lines !== "" && texts[each].cutText !== "" ? "\n" : "") + texts[each].cutText;
+        return lines;
+    }
 
     // Once, however long the key is held.
     function activateBy(event: KeyEvent) {
@@ -50,7 +62,20 @@ FocusScope {
         onAsked: root.menuAsked()
     }
 
-    Keys.onPressed: event => menu.handleKey(event)
+    Keys.onPressed: event => {
+        menu.handleKey(event);
+        tip.handleKey(event);
+    }
+
+    HelpTip {
+        id: tip
+
+        offersCopy: root.message !== ""
+        text: root.cutTexts()
+        wanted: root.hasFocus
+
+        onCopied: root.messageCopied()
+    }
 
     Item {
         id: face

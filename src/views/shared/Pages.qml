@@ -13,6 +13,14 @@ QtObject {
         return each as Flickable;
     }
 
+    // Where an item begins on its page; in a binding it follows whatever moves above it.
+    function offset(item: Item, page: Flickable): real {
+        let sum = 0;
+        for (let each = item; each && page && each !== page.contentItem; each = each.parent)
+            sum += each.y;
+        return sum;
+    }
+
     // Scrolls as little as needed to show the range between two heights.
     function show(page: Flickable, top: real, bottom: real) {
         if (top < page.contentY)

@@ -59,18 +59,10 @@ Card {
             }
         }
 
-        Rectangle {
-            color: Theme.hairline
+        ProgressLine {
             height: 6
-            radius: 3
+            progress: root.section.progress
             width: parent.width
-
-            Rectangle {
-                color: Theme.accent
-                height: parent.height
-                radius: parent.radius
-                width: parent.width * Math.max(0, Math.min(1, root.section.progress))
-            }
         }
     }
 }

@@ -9,39 +9,20 @@ Column {
 
     readonly property DownloadSectionPresenter section: Presenters.downloadSection
 
-    property bool keyboardIsHere: false
+    readonly property alias actions: row
+    readonly property alias entry: buttons.entry
     property bool awaitsGrowth: false
     readonly property bool isDownloading: section.isDownloading
 
     spacing: 14
 
-    onIsDownloadingChanged: awaitsGrowth = isDownloading
+    // A download comes into view when it is started, but not when it was started from afar.
+    onIsDownloadingChanged: awaitsGrowth = isDownloading && Presenters.actionBar.sight === ActionBarPresenter.Sight.Shown
 
-    // A download comes into view when it is started.
     onHeightChanged: {
         if (awaitsGrowth)
             Pages.reveal(root);
         awaitsGrowth = false;
-    }
-
-    // The focus moves along with the work, since a button that goes or is disabled would
-    // lose it. Where to is known once everything has changed.
-    Timer {
-        id: leaveRun
-
-        interval: 0
-
-        onTriggered: (root.section.isDone ? show : download).forceActiveFocus(Qt.TabFocusReason)
-    }
-
-    Connections {
-        function onChanged() {
-            if (root.keyboardIsHere && root.isDownloading)
-                pause.forceActiveFocus(Qt.TabFocusReason);
-            root.keyboardIsHere = false;
-        }
-
-        target: root.section
     }
 
     Divider {
@@ -50,66 +31,20 @@ Column {
     }
 
     Item {
+        id: row
+
         height: 34
         width: parent.width
 
         Row {
-            id: actions
-
-            readonly property real gap: 10
-
             height: parent.height
 
-            PushButton {
-                id: download
+            DownloadActions {
+                id: buttons
 
-                busy: root.isDownloading
-                enabled: !root.section.isDisabled
                 height: parent.height
-                objectName: "download"
-                prominent: true
-                symbol: "arrow.down.circle.fill"
-                text: root.section.buttonLabel
-
-                onClicked: {
-                    root.keyboardIsHere = visualFocus;
-                    root.section.download();
-                }
-            }
-
-            Reveal {
-                shown: root.isDownloading
-
-                PushButton {
-                    id: pause
-
-                    height: actions.height
-                    x: actions.gap
-                    help: root.section.pauseHelp
-                    iconSize: 14
-                    objectName: "pause"
-                    symbol: root.section.pauseIcon
-                    tint: root.section.isPaused ? Theme.green : Theme.orange
-
-                    onActiveFocusChanged: if (!activeFocus && !root.isDownloading)
-                        leaveRun.start()
-                    onClicked: root.section.togglePause()
-                }
-
-                PushButton {
-                    anchors.left: pause.right
-                    anchors.leftMargin: actions.gap
-                    height: actions.height
-                    help: "Stop download"
-                    iconSize: 14
-                    objectName: "stop"
-                    symbol: "stop.fill"
-                    tint: Theme.red
-
-                    onActiveFocusChanged: if (!activeFocus && !root.isDownloading)
-                        leaveRun.start()
-                    onClicked: root.section.stop()
-                }
+                next: root.section.isDone ? show : buttons.start
+                section: root.section
             }
 
             Reveal {
@@ -118,8 +53,8 @@ Column {
                 PushButton {
                     id: show
 
-                    height: actions.height
-                    x: actions.gap
+                    height: buttons.height
+                    x: buttons.gap
                     objectName: "showInFinder"
                     symbol: "folder.fill"
                     text: "Show in Finder"
@@ -164,9 +99,10 @@ Column {
             symbol: "music.note.list"
         }
 
-        LineText {
+        ElidedText {
             id: title
 
+            isStop: true
             text: root.section.runLineTitle
             width: Math.min(implicitWidth, parent.width - x - count.implicitWidth - 10)
             x: note.width + 8

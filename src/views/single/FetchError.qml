@@ -9,6 +9,7 @@ ErrorBannerView {
 
     readonly property SingleModePresenter mode: Presenters.singleMode
 
+    onCopied: Clipboard.copy(text)
     onMenuAsked: commands = VideoCommands.ofMessage(text)
     objectName: "errorBanner"
 

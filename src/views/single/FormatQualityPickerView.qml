@@ -11,6 +11,10 @@ Column {
 
     required property FormatQualityPresenter choice
 
+    function focusSelected() {
+        formats.itemAt(choice.selectedFormat).forceActiveFocus(Qt.TabFocusReason);
+    }
+
     spacing: 10
 
     Row {
@@ -22,6 +26,8 @@ Column {
         }
 
         Repeater {
+            id: formats
+
             model: root.choice.formats
 
             ModernPill {

@@ -59,8 +59,9 @@ Card {
                 anchors.verticalCenter: parent.verticalCenter
                 spacing: 3
 
-                LineText {
+                ElidedText {
                     font.weight: Font.DemiBold
+                    isStop: true
                     objectName: "playlistTitle"
                     size: 14
                     text: root.playlist.heading

@@ -49,6 +49,11 @@ BaseButton {
             visible: root.hovered
         }
     }
+    HelpTip {
+        text: root.help
+        wanted: root.showsRing && !root.hovered
+    }
+
     Keys.onPressed: event => menu.handleKey(event)
 
     ContextArea {

@@ -7,6 +7,9 @@ Column {
     id: root
 
     readonly property SingleModePresenter mode: Presenters.singleMode
+    readonly property alias actions: section.actions
+    readonly property alias entry: section.entry
+    readonly property alias choice: picker
 
     spacing: 12
     topPadding: 4
@@ -33,11 +36,15 @@ Column {
     }
 
     FormatQualityPickerView {
+        id: picker
+
         choice: Presenters.singleFormat
         width: root.width
     }
 
     DownloadSection {
+        id: section
+
         width: root.width
     }
 }

@@ -5,24 +5,24 @@ import Quillon.Shared
 
 // The error of the last fetch, the placeholder of the running one, and its result: three
 // independent sections.
-Column {
+ModePage {
     id: root
 
     readonly property SingleModePresenter mode: Presenters.singleMode
+    readonly property SingleInfoView info: result.item as SingleInfoView
 
-    leftPadding: Theme.margin
-    rightPadding: Theme.margin
-    topPadding: 8
-
-    readonly property real innerWidth: width - leftPadding - rightPadding
+    actions: info?.actions ?? null
+    choice: info?.choice ?? null
+    entry: info?.entry ?? null
 
     // The result's view, prepared while the tool is working.
-    property Component result: null
+    property Component resultView: null
 
     // Made each time it is shown, and gone when it has left.
     component Section: Reveal {
         id: section
 
+        readonly property alias item: content.item
         property alias source: content.source
         property alias sourceComponent: content.sourceComponent
 
@@ -54,11 +54,13 @@ Column {
             objectName: "fetching"
         }
 
-        onShownChanged: if (shown && !root.result)
-            root.result = Qt.createComponent("SingleInfoView.qml", Component.Asynchronous)
+        onShownChanged: if (shown && !root.resultView)
+            root.resultView = Qt.createComponent("SingleInfoView.qml", Component.Asynchronous)
     }
 
     Section {
+        id: result
+
         shown: root.mode.hasInfo
         source: "SingleInfoView.qml"
         width: root.innerWidth

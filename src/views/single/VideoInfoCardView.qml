@@ -27,6 +27,11 @@ Card {
         onAsked: commands = VideoCommands.ofVideo(root.info.title, root.info.originalURL)
     }
 
+    HelpTip {
+        text: titleText.cutText + (titleText.cutText !== "" && uploader.cutText !== "" ? "\n" : "") + uploader.cutText
+        wanted: root.activeFocus
+    }
+
     FocusRing {
         shown: root.activeFocus
     }
@@ -53,7 +58,9 @@ Card {
         spacing: 8
         y: 16
 
-        PlainText {
+        ElidedText {
+            id: titleText
+
             font.weight: Font.DemiBold
             maximumLineCount: 4
             objectName: "videoTitle"
@@ -66,6 +73,8 @@ Card {
         }
 
         InfoRow {
+            id: uploader
+
             icon: "person.circle.fill"
             objectName: "videoUploader"
             text: root.info.uploader
