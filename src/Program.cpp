@@ -2,8 +2,10 @@
 #include "Program.h"
 
 #include "Appearance.h"
+#include "DownloadActivity.h"
 #include "FailureNotice.h"
 #include "InterruptedNotice.h"
+#include "LauncherEntry.h"
 #include "MainWindow.h"
 #include "MediaSession.h"
 #include "NoticePresenter.h"
@@ -105,8 +107,11 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     Appearance appearance(preferences, systemAppearance);
     QuillonApp app(AppStateParts::standard());
     MediaControl mediaControl;
-    SleepInhibitor sleepInhibitor;
-    const MediaSession mediaSession(app.state(), mediaControl, sleepInhibitor);
+    Inhibitor screen(screenServices());
+    const MediaSession mediaSession(app.state(), mediaControl, screen);
+    LauncherEntry launcherEntry;
+    Inhibitor suspend(suspendServices());
+    const DownloadActivity downloadActivity(app.state(), launcherEntry, suspend);
 
     ToolKeeper::Parts toolParts = ToolKeeper::Parts::standard();
     toolParts.source = setup.releases;

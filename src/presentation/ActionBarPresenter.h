@@ -12,8 +12,8 @@ class ActionBarPresenter : public StatePresenter
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The screens share one.")
-    Q_PROPERTY(Sight sight READ sight WRITE setSight NOTIFY changed)
-    Q_PROPERTY(Kind kind READ kind NOTIFY changed)
+    Q_PROPERTY(ActionBarPresenter::Sight sight READ sight WRITE setSight NOTIFY changed)
+    Q_PROPERTY(ActionBarPresenter::Kind kind READ kind NOTIFY changed)
     Q_PROPERTY(QString choice READ choice NOTIFY changed)
     Q_PROPERTY(bool isElsewhere READ isElsewhere NOTIFY changed)
 

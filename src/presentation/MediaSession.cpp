@@ -3,7 +3,7 @@
 
 #include "ShownText.h"
 
-MediaSession::MediaSession(AppState &state, MediaControl &control, SleepInhibitor &inhibitor)
+MediaSession::MediaSession(AppState &state, MediaControl &control, Inhibitor &inhibitor)
     : m_state(state)
     , m_control(control)
     , m_inhibitor(inhibitor)

@@ -3,7 +3,7 @@
 
 #include "MediaControl.h"
 #include "PlayerPanelPresenter.h"
-#include "SleepInhibitor.h"
+#include "Inhibitor.h"
 
 /// Shows the desktop what is playing, handles its media keys as the panel's buttons
 /// would, and keeps the screen awake while a video plays.
@@ -13,7 +13,7 @@ class MediaSession : public QObject
 
 public:
     /// All of them outlive the session.
-    MediaSession(AppState &state, MediaControl &control, SleepInhibitor &inhibitor);
+    MediaSession(AppState &state, MediaControl &control, Inhibitor &inhibitor);
 
 private:
     void connectRequests();
@@ -22,6 +22,6 @@ private:
 
     AppState &m_state;
     MediaControl &m_control;
-    SleepInhibitor &m_inhibitor;
+    Inhibitor &m_inhibitor;
     PlayerPanelPresenter m_panel;
 };

@@ -19,7 +19,7 @@ protected Q_SLOTS:
         QVERIFY2(m_desktop.isConnected(), "this test needs a session bus: use dbus-run-session");
         m_fixture = std::make_unique<StateFixture>();
         m_control = std::make_unique<MediaControl>();
-        m_inhibitor = std::make_unique<SleepInhibitor>();
+        m_inhibitor = std::make_unique<Inhibitor>(screenServices());
         m_session = std::make_unique<MediaSession>(state(), *m_control, *m_inhibitor);
         state().browseResults = AppState::Results{result(u"a"_s), result(u"b"_s), result(u"c"_s)};
         m_fixture->tool.respond("print http://media/{id}.mp4");
@@ -65,6 +65,6 @@ protected:
 
     std::unique_ptr<StateFixture> m_fixture;
     std::unique_ptr<MediaControl> m_control;
-    std::unique_ptr<SleepInhibitor> m_inhibitor;
+    std::unique_ptr<Inhibitor> m_inhibitor;
     std::unique_ptr<MediaSession> m_session;
 };

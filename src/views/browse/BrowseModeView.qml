@@ -34,6 +34,7 @@ ModePage {
                 id: playerPanel
 
                 objectName: "playerPanel"
+                pageHeight: rows.page?.height ?? Infinity
                 panel: root.panel
                 width: root.innerWidth
 

@@ -8,6 +8,9 @@ Card {
     id: root
 
     required property PlayerPanelPresenter panel
+    // Of the page; at the smallest window, more than half of it is left to the results.
+    property real roomForResults: 264
+    property real pageHeight: Infinity
 
     // Where the picture is shown: in the panel, in full screen, or in a small window.
     enum Place {
@@ -90,7 +93,7 @@ Card {
     PlayerSurface {
         id: surface
 
-        height: Math.round(Math.min(width * 9 / 16, 320))
+        height: Math.round(Math.min(width * 9 / 16, 320, Math.max(120, root.pageHeight - root.roomForResults - bar.height - 20)))
         panel: root.panel
         radius: Theme.radius
         visible: root.place === BrowsePlayerPanel.InPanel

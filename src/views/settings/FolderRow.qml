@@ -9,6 +9,7 @@ Item {
 
     required property SettingsPresenter settings
     readonly property alias field: field
+    readonly property real indent: field.x
 
     implicitHeight: caption.height + 4 + 32
 

@@ -33,12 +33,13 @@ Rectangle {
             width: parent.width
         }
 
-        Item {
-            height: 28
-            width: parent.width
+        // They wrap where the desktop's font is wide.
+        Flow {
+            spacing: 26
+            width: parent.width - x
+            x: folder.indent
 
             Row {
-                anchors.left: parent.left
                 spacing: 8
 
                 SettingCaption {
@@ -59,7 +60,6 @@ Rectangle {
 
             Row {
                 spacing: 8
-                x: (parent.width - width) * 0.31
 
                 SettingCaption {
                     icon: "speedometer"
@@ -79,7 +79,6 @@ Rectangle {
 
             Row {
                 spacing: 8
-                x: (parent.width - width) * 0.67
 
                 SettingCaption {
                     icon: "bell.fill"
@@ -97,7 +96,6 @@ Rectangle {
             }
 
             Row {
-                anchors.right: parent.right
                 spacing: 8
 
                 SettingCaption {
@@ -123,7 +121,8 @@ Rectangle {
         ToolRow {
             tool: root.tool
             visible: root.tool
-            width: parent.width
+            width: parent.width - x
+            x: folder.indent
         }
     }
 

@@ -20,8 +20,7 @@ BaseButton {
     background: Rectangle {
         border.color: root.prominent ? "transparent" : Theme.primaryAt(0.12)
         border.width: root.prominent ? 0 : 1
-        color: root.prominent ? Theme.accentFill : Theme.card
-        opacity: root.enabled ? 1 : 0.55
+        color: !root.enabled ? Theme.primaryAt(0.06) : root.prominent ? Theme.accentFill : Theme.card
         radius: Theme.buttonRadius
 
         Rectangle {
@@ -34,9 +33,9 @@ BaseButton {
     }
     contentItem: IconLabel {
         busy: root.busy
-        color: root.prominent ? Theme.overAccent : root.tint
+        // Legible also when it is disabled: its text may be the status.
+        color: !root.enabled ? Theme.secondary : root.prominent ? Theme.overAccent : root.tint
         iconSize: root.iconSize
-        opacity: root.enabled ? 1 : 0.75
         semibold: root.prominent
         spacing: 8
         symbol: root.symbol

@@ -27,7 +27,24 @@ Rectangle {
 
     Accessible.role: Accessible.PageTabList
 
+    FontMetrics {
+        id: metrics
+
+        font.pixelSize: 13
+        font.weight: Font.DemiBold
+    }
+
+    // Each as wide as its word, so that all have the same room around them.
     Row {
+        id: row
+
+        readonly property real room: {
+            let left = width;
+            for (const label of root.labels)
+                left -= metrics.advanceWidth(label);
+            return left / root.labels.length;
+        }
+
         anchors.fill: parent
         anchors.margins: 2
 
@@ -48,7 +65,7 @@ Rectangle {
                 objectName: "mode" + modelData
                 ringRadius: 6
                 text: modelData
-                width: parent.width / root.labels.length
+                width: metrics.advanceWidth(modelData) + row.room
 
                 Keys.onLeftPressed: root.choose(index - 1)
                 Keys.onRightPressed: root.choose(index + 1)
