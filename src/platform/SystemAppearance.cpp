@@ -95,6 +95,8 @@ void SystemAppearance::handleSetting(const QString &group, const QString &key,
         m_accent = colorFrom(setting);
     } else if (group == appearanceGroup && key == u"reduced-motion") {
         m_reducesMotion = setting.toUInt() == 1;
+    } else if (group == appearanceGroup && key == u"contrast") {
+        m_highContrast = setting.toUInt() == 1;
     } else if (group == interfaceGroup && key == u"enable-animations") {
         m_animates = setting.toBool();
     } else {

@@ -29,6 +29,9 @@ public:
     /// Whether the user wants no animations.
     [[nodiscard]] bool reducesMotion() const { return m_reducesMotion || !m_animates; }
 
+    /// Whether the user wants texts and edges that stand out.
+    [[nodiscard]] bool highContrast() const { return m_highContrast; }
+
 Q_SIGNALS:
     void changed();
 
@@ -45,5 +48,6 @@ private:
     std::optional<bool> m_portalIsDark; // unset: the portal has no opinion
     QColor m_accent;
     bool m_reducesMotion = false; // as the portal says
+    bool m_highContrast = false;
     bool m_animates = true;       // as the desktop's own setting says
 };

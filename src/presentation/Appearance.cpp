@@ -48,6 +48,11 @@ bool Appearance::isDark() const
     return scheme == darkScheme || (scheme != lightScheme && m_system.isDark());
 }
 
+bool Appearance::highContrast() const
+{
+    return m_system.highContrast();
+}
+
 bool Appearance::reducesMotion() const
 {
     return m_system.reducesMotion();

@@ -20,6 +20,7 @@ class Appearance : public QObject
     Q_PROPERTY(QString themeIcon READ themeIcon NOTIFY changed)
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
+    Q_PROPERTY(bool highContrast READ highContrast NOTIFY changed)
     Q_PROPERTY(bool hasAccent READ hasAccent NOTIFY changed)
     Q_PROPERTY(QColor accentText READ accentText NOTIFY changed)
     Q_PROPERTY(QColor accentFill READ accentFill NOTIFY changed)
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] QString themeIcon() const;
     [[nodiscard]] bool isDark() const;
     [[nodiscard]] bool reducesMotion() const;
+    [[nodiscard]] bool highContrast() const;
     /// Whether the desktop tells an accent colour.
     [[nodiscard]] bool hasAccent() const;
     /// The desktop's accent, readable on the window's background.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Inhibitor.h"
 #include "MediaControl.h"
 #include "PlayerPanelPresenter.h"
-#include "Inhibitor.h"
 
 /// Shows the desktop what is playing, handles its media keys as the panel's buttons
 /// would, and keeps the screen awake while a video plays.

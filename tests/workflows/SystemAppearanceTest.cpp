@@ -73,6 +73,26 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!system.isDark(), patience);
     }
 
+    void highContrastIsFollowedLive()
+    {
+        Preferences preferences(m_folder.filePath(u"preferences.json"_s));
+        const SystemAppearance system;
+        const Appearance appearance(preferences, system);
+        QVERIFY(!appearance.highContrast());
+        tell(u"contrast"_s, 1);
+        QTRY_VERIFY_WITH_TIMEOUT(appearance.highContrast(), patience);
+        tell(u"contrast"_s, 0);
+        QTRY_VERIFY_WITH_TIMEOUT(!appearance.highContrast(), patience);
+    }
+
+    void reducedMotionIsFollowedLive()
+    {
+        const SystemAppearance system;
+        QVERIFY(!system.reducesMotion());
+        tell(u"reduced-motion"_s, 1);
+        QTRY_VERIFY_WITH_TIMEOUT(system.reducesMotion(), patience);
+    }
+
     void onlyLightAndDarkOverrideTheSystem_data()
     {
         QTest::addColumn<QString>("stored");
@@ -101,11 +121,13 @@ private Q_SLOTS:
     }
 
 private:
-    void tellScheme(uint scheme)
+    void tellScheme(uint scheme) { tell(u"color-scheme"_s, scheme); }
+
+    void tell(const QString &key, uint value)
     {
         auto change =
             QDBusMessage::createSignal(portalPath, settingsInterface, u"SettingChanged"_s);
-        change << appearanceGroup << u"color-scheme"_s << QVariant::fromValue(QDBusVariant(scheme));
+        change << appearanceGroup << key << QVariant::fromValue(QDBusVariant(value));
         QVERIFY(m_desktop.send(change));
     }
 

@@ -31,7 +31,7 @@ BaseButton {
     Accessible.name: label
 
     background: Rectangle {
-        border.color: Theme.primaryAt(0.12)
+        border.color: Theme.outline
         color: Theme.card
         radius: Theme.buttonRadius
 

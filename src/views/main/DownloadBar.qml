@@ -26,6 +26,8 @@ SlotCard {
     implicitHeight: 58
     objectName: "downloadBar"
 
+    Accessible.name: "Download actions"
+
     DownloadActions {
         id: buttons
 

@@ -59,6 +59,12 @@ T.ApplicationWindow {
     }
 
     Binding {
+        property: "highContrast"
+        target: Theme
+        value: root.appearance.highContrast
+    }
+
+    Binding {
         property: "hasAccent"
         target: Theme
         value: root.appearance.hasAccent

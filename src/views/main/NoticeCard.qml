@@ -13,6 +13,8 @@ SlotCard {
     implicitHeight: column.height + 24
     objectName: "notice"
 
+    Accessible.name: "Notice"
+
     NumberAnimation on opacity {
         duration: Theme.calm
         from: 0

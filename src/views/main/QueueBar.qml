@@ -9,6 +9,8 @@ SlotCard {
     implicitHeight: 58
     objectName: "queueBar"
 
+    Accessible.name: "Queue actions"
+
     QueueActions {
         id: buttons
 

@@ -10,7 +10,9 @@ Card {
     signal acted
     signal led // to what it stands for
 
-    border.color: Theme.primaryAt(0.14)
+    Accessible.role: Accessible.ToolBar
+
+    border.color: Theme.outline
 
     function focusFirst(withRing: bool) {
         entry.forceActiveFocus(withRing ? Qt.TabFocusReason : Qt.OtherFocusReason);

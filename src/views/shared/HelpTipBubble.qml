@@ -30,7 +30,7 @@ T.ToolTip {
     y: (parent?.height ?? 0) + 6
 
     background: Rectangle {
-        border.color: Theme.primaryAt(0.15)
+        border.color: Theme.outline
         color: Theme.card
         radius: Theme.smallRadius
     }

@@ -16,7 +16,7 @@ FocusScope {
 
     property alias commands: menu.commands
     // Of what is cut the row shows the whole while it has the focus.
-    property list<ElidedText> texts
+    property var texts: [] // ElidedText
     // What can be copied of it; empty if there is nothing.
     property string message
 
@@ -27,8 +27,8 @@ FocusScope {
 
     function cutTexts(): string {
         let lines = "";
-        for (let each = 0; each < texts.length; ++each)
-            lines += (lines !== "" && texts[each].cutText !== "" ? "\n" : "") + texts[each].cutText;
+        for (const text of texts)
+            lines += (lines !== "" && text.cutText !== "" ? "\n" : "") + text.cutText;
         return lines;
     }
 

@@ -31,7 +31,7 @@ T.ComboBox {
     }
 
     background: Rectangle {
-        border.color: Theme.primaryAt(0.12)
+        border.color: Theme.outline
         color: root.hovered ? Theme.primaryAt(0.06) : Theme.card
         radius: 6
 
@@ -101,7 +101,7 @@ T.ComboBox {
         y: root.height + 4
 
         background: Rectangle {
-            border.color: Theme.primaryAt(0.15)
+            border.color: Theme.outline
             color: Theme.card
             radius: Theme.buttonRadius
         }

@@ -13,7 +13,7 @@ T.Menu {
     padding: 5
 
     background: Rectangle {
-        border.color: Theme.primaryAt(0.15)
+        border.color: Theme.outline
         color: Theme.card
         radius: Theme.buttonRadius
     }

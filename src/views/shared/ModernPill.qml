@@ -15,7 +15,7 @@ BaseChoice {
     topPadding: 5
 
     background: Rectangle {
-        border.color: root.isSelected ? "transparent" : Theme.primaryAt(0.12)
+        border.color: root.isSelected ? "transparent" : Theme.outline
         border.width: 1
         color: Theme.primaryAt(root.isHovered ? 0.08 : 0.05)
         radius: Theme.radius

@@ -18,7 +18,7 @@ BaseButton {
     topPadding: 8
 
     background: Rectangle {
-        border.color: root.prominent ? "transparent" : Theme.primaryAt(0.12)
+        border.color: root.prominent ? "transparent" : Theme.outline
         border.width: root.prominent ? 0 : 1
         color: !root.enabled ? Theme.primaryAt(0.06) : root.prominent ? Theme.accentFill : Theme.card
         radius: Theme.buttonRadius

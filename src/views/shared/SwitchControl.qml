@@ -10,7 +10,7 @@ T.Switch {
     property string label
 
     hoverEnabled: true
-    implicitHeight: 20
+    implicitHeight: 24 // easier to hit than what is drawn
     implicitWidth: 36
 
     Accessible.name: label
@@ -33,6 +33,8 @@ T.Switch {
     }
 
     background: FocusRing {
+        anchors.bottomMargin: anchors.margins + 2
+        anchors.topMargin: anchors.margins + 2
         innerRadius: 10
         shown: root.visualFocus
     }
@@ -41,6 +43,7 @@ T.Switch {
         height: 20
         radius: 10
         width: 36
+        y: 2
 
         Behavior on color {
             ColorAnimation {

@@ -10,6 +10,7 @@ QtObject {
 
     property bool dark: false
     property bool animates: true
+    property bool highContrast: false
     property bool hasAccent: false
     property color desktopAccentText
     property color desktopAccentFill
@@ -17,19 +18,20 @@ QtObject {
     readonly property color videoBackground: "black"
     readonly property color window: dark ? "#1e1e20" : "#ececee"
     readonly property color card: dark ? "#2a2a2d" : "#ffffff"
-    readonly property color primary: primaryAt(dark ? 0.88 : 0.85)
-    readonly property color secondary: primaryAt(dark ? 0.62 : 0.6)
-    readonly property color hairline: primaryAt(0.08)
+    readonly property color primary: primaryAt(highContrast ? 1 : dark ? 0.88 : 0.85)
+    readonly property color secondary: primaryAt(highContrast ? 0.9 : dark ? 0.62 : 0.6)
+    readonly property color hairline: primaryAt(highContrast ? 0.6 : 0.08)
+    readonly property color outline: primaryAt(highContrast ? 0.6 : 0.12)
 
     // The accent for text and symbols, and as a background for white text.
-    readonly property color accent: hasAccent ? desktopAccentText : dark ? "#5aa0ff" : "#0a5cc8"
-    readonly property color accentFill: hasAccent ? desktopAccentFill : dark ? "#1f6fe5" : "#0a66e0"
+    readonly property color accent: hasAccent ? desktopAccentText : shade("#0a5cc8", "#5aa0ff", "#063d8a", "#9cc7ff")
+    readonly property color accentFill: hasAccent ? desktopAccentFill : shade("#0a66e0", "#1f6fe5", "#0747a6", "#0b4fb3")
     readonly property color overAccent: "#ffffff"
 
-    readonly property color red: dark ? "#ff7b72" : "#ad1f1f"
-    readonly property color redFill: dark ? "#c93434" : "#bf2626"
-    readonly property color green: dark ? "#4cc36e" : "#166b32"
-    readonly property color orange: dark ? "#ffa24c" : "#984600"
+    readonly property color red: shade("#ad1f1f", "#ff7b72", "#7a0f0f", "#ffb4ae")
+    readonly property color redFill: shade("#bf2626", "#c93434", "#8f1414", "#8f1414")
+    readonly property color green: shade("#166b32", "#4cc36e", "#0a4a20", "#7fe39c")
+    readonly property color orange: shade("#984600", "#ffa24c", "#6b3000", "#ffc891")
 
     readonly property color markTop: Qt.rgba(1.0, 0.18, 0.18, 1)
     readonly property color markBottom: Qt.rgba(0.85, 0.06, 0.06, 1)
@@ -53,6 +55,13 @@ QtObject {
     // Black or white, whichever the scheme writes in.
     function primaryAt(opacity: real): color {
         return dark ? Qt.rgba(1, 1, 1, opacity) : Qt.rgba(0, 0, 0, opacity);
+    }
+
+    // Of one colour, what suits the scheme and the contrast that is wanted.
+    function shade(light: color, dark: color, strongLight: color, strongDark: color): color {
+        if (highContrast)
+            return root.dark ? strongDark : strongLight;
+        return root.dark ? dark : light;
     }
 
     function at(color: color, opacity: real): color {
