@@ -68,6 +68,19 @@ def focused() -> str:
     return node.get_name() if node else ""
 
 
+def bar():
+    """What lies over the lower edge of the page, if it is shown."""
+    window = application()
+    return find(window, lambda node, states: node.get_role_name() == "tool bar"
+                and states.contains(Atspi.StateType.SHOWING)) if window else None
+
+
+def is_in_bar(control) -> bool:
+    while control and control.get_role_name() != "tool bar":
+        control = control.get_parent()
+    return control is not None
+
+
 def middle_of(control) -> tuple[int, int]:
     """In pixels of the screen."""
     box = control.get_extents(Atspi.CoordType.SCREEN)

@@ -267,7 +267,8 @@ class Person:
         control = self.see(name, row=row)
         # It may still be moving to its place, or be below the edge of the window.
         place = None
-        while place != (place := accessibility.middle_of(control)) or self._turns_wheel_for(place):
+        while place != (place := accessibility.middle_of(control)) \
+                or self._turns_wheel_for(place, accessibility.is_in_bar(control)):
             self.desktop.run("sleep", "0.1")
         self.desktop.run("xdotool", "mousemove", str(place[0]), str(place[1]), "click", "1")
 
@@ -279,11 +280,12 @@ class Person:
         place = accessibility.middle_of(wait_until(lambda: find(application(), matches), name))
         self.desktop.run("xdotool", "mousemove", str(place[0]), str(place[1]))
 
-    def _turns_wheel_for(self, place) -> bool:
+    def _turns_wheel_for(self, place, is_in_bar: bool) -> bool:
         geometry = dict(line.split("=") for line in self.desktop.run(
             "xdotool", "getwindowgeometry", "--shell", self.window).splitlines())
         left, top, height = (int(geometry[key]) for key in ("X", "Y", "HEIGHT"))
-        if place[1] < top + height - 40:
+        edge = 40 if is_in_bar or not accessibility.bar() else 90  # a bar lies over the page
+        if place[1] < top + height - edge:
             return False
         self.desktop.run("xdotool", "mousemove", str(left + 8), str(top + height - 60),
                          "click", "5")

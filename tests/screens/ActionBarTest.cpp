@@ -190,7 +190,7 @@ private:
 
     QQuickItem *page() { return item("page"); }
 
-    double sectionTop() { return item("download")->mapToItem(page(), {}).y() + contentY(); }
+    double sectionTop() { return item("download")->mapToItem(page(), QPointF()).y() + contentY(); }
     double contentY() { return page()->property("contentY").toDouble(); }
 
     void runSlowly()
