@@ -49,5 +49,5 @@ private:
     QColor m_accent;
     bool m_reducesMotion = false; // as the portal says
     bool m_highContrast = false;
-    bool m_animates = true;       // as the desktop's own setting says
+    bool m_animates = true; // as the desktop's own setting says
 };
