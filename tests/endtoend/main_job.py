@@ -7,6 +7,7 @@ import pathlib
 import signal
 import unittest
 
+from accessibility import Atspi
 from case import Case, probe
 from person import WATCH, wait_until
 from scenarios import TITLES
@@ -30,6 +31,21 @@ class MainJob(Case):
         press_resume()
         wait_until(lambda: not self.person.look_for("Paused"), "the chip to go on")
         wait_until(lambda: tool not in self.person.tools() or state_of(tool) != "T", "the tool to go on")
+
+    def is_chosen(self, name: str) -> bool:
+        control = self.person.see(name)
+        control.clear_cache()
+        return control.get_state_set().contains(Atspi.StateType.CHECKED)
+
+    def test_a_screen_reader_hears_what_is_chosen(self):
+        person = self.person
+        self.assertTrue(self.is_chosen("Single"))
+        person.desktop.type(WATCH + "steady")
+        person.desktop.keys("Return")
+        self.assertTrue(self.is_chosen("MP4 (Video)") and self.is_chosen("Best"))
+        person.click("720p")
+        person.click("720p")  # once more: it stays
+        wait_until(lambda: self.is_chosen("720p") and not self.is_chosen("Best"), "720p")
 
     def check_video(self):
         wait_until(lambda: len(self.person.history()) == 1, "the record")

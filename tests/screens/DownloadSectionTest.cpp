@@ -9,6 +9,19 @@ class DownloadSectionTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
+    void aScreenReaderHearsWhatIsChosen()
+    {
+        QAccessible::setActive(true);
+        state().singleInfo = video();
+        QTRY_VERIFY_WITH_TIMEOUT(shown("format0"), patience);
+        QVERIFY(accessible("format0")->state().checked);
+        QVERIFY(!accessible("format1")->state().checked);
+        click("format1");
+        QVERIFY(accessible("format1")->state().checked && !accessible("format0")->state().checked);
+        click("format1"); // stays
+        QVERIFY(accessible("format1")->state().checked);
+    }
+
     void stopStandsBesidePauseDuringARun()
     {
         QVERIFY(start());

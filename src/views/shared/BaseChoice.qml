@@ -11,14 +11,14 @@ T.RadioButton {
     property bool isSelected: false
     property int ringRadius: Theme.radius
 
-    checkable: false
+    autoExclusive: false
+    checkable: true
+    checked: isSelected
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
-    Accessible.checkable: true
-    Accessible.checked: isSelected
     Accessible.name: text
 
     Accessible.onPressAction: if (enabled)
@@ -26,6 +26,8 @@ T.RadioButton {
     Accessible.onToggleAction: if (enabled)
         root.clicked()
     Keys.forwardTo: [behavior]
+    // A press checks it by itself, which would end the binding's say.
+    onToggled: checked = Qt.binding(() => root.isSelected)
 
     ButtonBehavior {
         id: behavior
