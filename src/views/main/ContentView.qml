@@ -154,7 +154,7 @@ FocusScope {
         property: "sight"
         target: Presenters.actionBar
         value: {
-            const row = (screen.item as ModePage)?.actions;
+            const row = slot.page?.actions;
             if (!row)
                 return ActionBarPresenter.Sight.None;
             const top = Pages.offset(row, page) - page.contentY;
@@ -170,7 +170,7 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         home: input
         notices: root.notices
-        page: screen.item as ModePage
+        page: screen.item ? screen.item as ModePage : null
         width: Math.min(parent.width - 2 * Theme.margin, 760)
 
         onSettingRequested: name => settings.focusSetting(name)

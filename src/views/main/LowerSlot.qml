@@ -120,12 +120,14 @@ FocusScope {
         }
     }
 
+    // With Qt 6.8 a cast to a type that has not been loaded is undefined, so nothing is cast
+    // before it is there.
     Connections {
         function onActed() {
             root.act();
         }
 
-        target: notice.item as SlotCard
+        target: notice.item ? notice.item as SlotCard : null
     }
 
     Connections {
@@ -137,7 +139,7 @@ FocusScope {
             root.showDownload();
         }
 
-        target: bar.item as SlotCard
+        target: bar.item ? bar.item as SlotCard : null
     }
 
     // Announced by screen readers, once for each notice: a new text makes a new item.

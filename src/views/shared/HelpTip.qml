@@ -38,11 +38,5 @@ Loader {
         value: root.offersCopy
     }
 
-    Connections {
-        function onCopied() {
-            root.copied();
-        }
-
-        target: root.item as HelpTipBubble
-    }
+    onLoaded: (item as HelpTipBubble).copied.connect(copied)
 }
