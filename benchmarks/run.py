@@ -19,8 +19,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "demo"))
 
-from demo import start_site  # noqa: E402
-from desktop import Desktop, wait_until  # noqa: E402
+from desktop import Desktop, start_site, wait_until  # noqa: E402
 from scenarios import WATCH  # noqa: E402
 
 BUILD = ROOT / "build/benchmark"

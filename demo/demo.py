@@ -11,17 +11,8 @@ import subprocess
 import sys
 import urllib.parse
 
-from desktop import Desktop, wait_until
+from desktop import Desktop, start_site, wait_until
 from scenarios import WATCH
-
-HERE = pathlib.Path(__file__).parent
-
-
-def start_site(desktop: Desktop, media: pathlib.Path) -> str:
-    """Its URL, when it is ready."""
-    site = desktop.start(sys.executable, str(HERE / "site.py"), "--home", str(desktop.home),
-                         "--media", str(media), stdout=subprocess.PIPE)
-    return site.stdout.readline().decode().strip()
 
 
 def ask_nothing_about_the_tool(desktop: Desktop) -> None:

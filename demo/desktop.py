@@ -7,6 +7,7 @@ import pathlib
 import secrets
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -118,3 +119,14 @@ class Desktop(contextlib.ExitStack):
 
     def screenshot(self, window: str, path: pathlib.Path) -> None:
         self.run("import", "-window", window, str(path))
+
+
+def start_site(desktop: Desktop, media: pathlib.Path) -> str:
+    """The URL of a local video site for this desktop, when it is ready."""
+    site = desktop.start(sys.executable, str(pathlib.Path(__file__).with_name("site.py")),
+                         "--home", str(desktop.home), "--media", str(media),
+                         stdout=subprocess.PIPE, stderr=None)
+    url = site.stdout.readline().decode().strip()
+    if not url:  # the tool would ask the real site
+        raise RuntimeError("the local video site has not started")
+    return url

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The media of the local video site, made by ffmpeg at first use and kept."""
 
+import fcntl
 import pathlib
 import shutil
 import subprocess
@@ -39,11 +40,15 @@ def make_files(folder: pathlib.Path) -> None:
 
 
 def ensure_media(folder: pathlib.Path) -> pathlib.Path:
-    """The folder with every file in it; made whole or not at all."""
-    if not folder.exists():
-        unfinished = folder.with_name(folder.name + ".unfinished")
-        shutil.rmtree(unfinished, ignore_errors=True)
-        unfinished.mkdir(parents=True)
-        make_files(unfinished)
-        unfinished.rename(folder)
+    """The folder with every file in it; made whole or not at all. Who comes while another
+    makes it waits for that."""
+    folder.parent.mkdir(parents=True, exist_ok=True)
+    with open(folder.with_name(folder.name + ".lock"), "w") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        if not folder.exists():
+            unfinished = folder.with_name(folder.name + ".unfinished")
+            shutil.rmtree(unfinished, ignore_errors=True)
+            unfinished.mkdir()
+            make_files(unfinished)
+            unfinished.rename(folder)
     return folder

@@ -18,7 +18,7 @@ sys.path.insert(0, str(ROOT / "demo"))
 
 import accessibility  # noqa: E402
 from accessibility import Atspi, GLib, application, find, focused  # noqa: E402
-from desktop import Desktop, wait_until  # noqa: E402
+from desktop import Desktop, start_site, wait_until  # noqa: E402
 
 PROGRAM = pathlib.Path(os.environ["QUILLON_PROGRAM"])
 MEDIA = pathlib.Path(os.environ["QUILLON_MEDIA"])
@@ -64,10 +64,7 @@ class Person:
         os.environ.update(self.desktop.environment)
         if self.records:
             self._install_recorder()
-        site = self.desktop.start(sys.executable, str(ROOT / "demo/site.py"), "--home",
-                                  str(self.desktop.home), "--media", str(MEDIA),
-                                  stdout=subprocess.PIPE)
-        place = urllib.parse.urlsplit(site.stdout.readline().decode().strip()).netloc
+        place = urllib.parse.urlsplit(start_site(self.desktop, MEDIA)).netloc
         self.command += ["--local-pictures", place]
         self.desktop_services = self.desktop.start(
             sys.executable, str(ROOT / "tests/endtoend/services.py"),
