@@ -201,17 +201,6 @@ private:
         click("barDownload");
     }
 
-    [[nodiscard]] bool startSingle()
-    {
-        m_fixture->tool.respond("print [download]  42.0% of 1MiB at 2MiB/s ETA 00:42\n"
-                                "wait go");
-        state().singleInfo = video();
-        if (!waitFor([&] { return shown("download"); }))
-            return false;
-        click("download");
-        return waitFor([&] { return state().downloadProgress() > 0.4; });
-    }
-
     static QList<std::shared_ptr<DownloadItem>> entries(int count)
     {
         QList<std::shared_ptr<DownloadItem>> all;

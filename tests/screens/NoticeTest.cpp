@@ -263,6 +263,7 @@ private Q_SLOTS:
         QCOMPARE(textOf("toolMeaning"), u"too old for YouTube"_s);
         QCOMPARE(item("toolPath")->property("text").toString(), m_fixture->tool.path());
         QCOMPARE(textOf("updateTool"), u"Update yt-dlp"_s);
+        QCOMPARE(item("toolName")->mapToScene({}).x(), item("downloadDir")->mapToScene({}).x());
         QCOMPARE(accessible("toolMeaning")->text(QAccessible::Name),
                  u"yt-dlp 2023.03.04, too old for YouTube"_s);
         QVERIFY(focusByTab("cookiesBrowser"));

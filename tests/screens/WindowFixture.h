@@ -131,6 +131,18 @@ protected:
         });
     }
 
+    /// A single download that goes no further than 42 percent.
+    [[nodiscard]] bool startSingle()
+    {
+        m_fixture->tool.respond("print [download]  42.0% of 1MiB at 2MiB/s ETA 00:42\n"
+                                "wait go");
+        state().singleInfo = video();
+        if (!waitFor([&] { return shown("download"); }))
+            return false;
+        click("download");
+        return waitFor([&] { return state().downloadProgress() > 0.4; });
+    }
+
     static SearchResult result(int number)
     {
         SearchResult result = StateFixture::searchResult(QString::number(number));

@@ -15,7 +15,7 @@ ModePage {
     readonly property real gap: 10
 
     // The height of the page that is left for what takes the place of results.
-    readonly property real room: (rows.page?.height ?? 0) - 28 - topPadding - player.height
+    readonly property real room: (rows.page?.height ?? 0) - (rows.page?.bottomMargin ?? 0) - 28 - topPadding - player.height
     readonly property bool showsResults: root.browse.area === BrowseModel.Area.Results
 
     Component.onDestruction: root.panel.stop()

@@ -38,6 +38,7 @@ ModePage {
 
             anchors.verticalCenter: parent.verticalCenter
             font.weight: Font.DemiBold
+            objectName: "queueHeading"
             size: 14
             text: "Queue"
 
