@@ -118,6 +118,14 @@ class Handler(http.server.BaseHTTPRequestHandler):
                 time.sleep(0.1)
 
 
+class Server(http.server.ThreadingHTTPServer):
+    daemon_threads = True
+
+    def handle_error(self, request, client_address) -> None:
+        if not isinstance(sys.exc_info()[1], ConnectionError):  # a tool that was killed
+            super().handle_error(request, client_address)
+
+
 def main() -> None:
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--home", type=pathlib.Path, required=True,
@@ -127,8 +135,7 @@ def main() -> None:
     arguments = parser.parse_args()
     mimetypes.add_type("image/webp", ".webp")
     Handler.media = ensure_media(arguments.media)
-    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-    server.daemon_threads = True
+    server = Server(("127.0.0.1", 0), Handler)
     url = f"http://127.0.0.1:{server.server_address[1]}"
     install_plugin(arguments.home, url)
     print(url, flush=True)

@@ -37,6 +37,21 @@ protected:
         return true;
     }
 
+    /// Plays the first result and pauses, so that the controls stay.
+    [[nodiscard]] bool playPaused(const PlayerStatus &status)
+    {
+        if (!show(1) || !play(0))
+            return false;
+        engine()->events.statusChanged(status);
+        state().avPlayer.setMuted(false);
+        state().avPlayer.setVolume(1);
+        state().avPlayer.pause();
+        if (!waitFor([&] { return shown("positionBar"); }))
+            return false;
+        m_window->grabWindow();
+        return true;
+    }
+
     RecordingDesktop::SilentEngine *engine() { return *m_fixture->desktop.engine; }
 
     /// The title of what stands in the place of results.

@@ -7,15 +7,23 @@ import Quillon.Shared
 T.Slider {
     id: root
 
-    // Its value while nobody moves it, and a second mark.
+    // Where it stands while nobody moves it, and a second mark.
     property real current: 0
     property real mark: from
     property string name
     // What an arrow key adds; a stepSize would also round the mouse's position.
     property real keyStep: 1
 
+    // What is shown. The value itself rests while the keyboard is here, since a screen reader
+    // speaks each of its changes then.
+    readonly property real place: pressed ? value : Math.min(to, current)
+
+    function fraction(value: real): real {
+        return Math.max(0, Math.min(1, (value - from) / Math.max(0.001, to - from)));
+    }
+
     function nudge(by: real) {
-        value = Math.max(from, Math.min(to, value + by));
+        value = Math.max(from, Math.min(to, place + by));
         moved();
     }
 
@@ -34,7 +42,7 @@ T.Slider {
         restoreMode: Binding.RestoreNone
         // A value beyond the end would be cut off, and stay so when the end moves.
         value: Math.min(root.to, root.current)
-        when: !root.pressed
+        when: !root.pressed && !root.activeFocus
     }
 
     background: Rectangle {
@@ -49,14 +57,14 @@ T.Slider {
             color: Theme.at(Theme.overAccent, 0.35)
             height: parent.height
             radius: 2
-            width: parent.width * Math.max(0, Math.min(1, (root.mark - root.from) / Math.max(0.001, root.to - root.from)))
+            width: parent.width * root.fraction(root.mark)
         }
 
         Rectangle {
             color: Theme.overAccent
             height: parent.height
             radius: 2
-            width: parent.width * root.visualPosition
+            width: parent.width * root.fraction(root.place)
         }
     }
     handle: Rectangle {
@@ -64,7 +72,7 @@ T.Slider {
         height: width
         radius: width / 2
         width: root.pressed || root.hovered || root.visualFocus ? 14 : 12
-        x: root.leftPadding + root.visualPosition * root.availableWidth - width / 2
+        x: root.leftPadding + root.fraction(root.place) * root.availableWidth - width / 2
         y: (root.height - height) / 2
     }
 
