@@ -74,7 +74,7 @@ void Download::read()
 
 void Download::finish()
 {
-    if (m_handlers.onEnd)
+    if (m_handlers.onEnd && m_reply->isOpen()) // one that never connected is not
         read();
     end(failure());
 }
