@@ -117,11 +117,19 @@ void HistoryModel::follow()
     scheduleDates();
 }
 
-// True when the current rows, except perhaps for the oldest, follow new ones.
+// True when the current rows, except perhaps for the oldest, follow new ones. Also the first
+// ones are inserted: after a reset, a view that draws no frames (it is minimized) would lose
+// what is inserted.
 bool HistoryModel::insertNewest(const AppState::History &records)
 {
-    if (m_records.isEmpty() || records.isEmpty())
+    if (records.isEmpty())
         return false;
+    if (m_records.isEmpty()) {
+        beginInsertRows({}, 0, static_cast<int>(records.size()) - 1);
+        m_records = records;
+        endInsertRows();
+        return true;
+    }
     constexpr qsizetype mostNew = 16;
     const auto end = records.begin() + std::min(mostNew, records.size());
     const auto oldFirst = std::find_if(records.begin(), end, [this](const HistoryItem &each) {

@@ -7,6 +7,20 @@ class HistoryTest : public WindowFixture
     Q_OBJECT
 
 private Q_SLOTS:
+    /// As while the window is minimized.
+    void recordsThatComeBetweenFramesAllShow()
+    {
+        for (int number = 0; number < 9; ++number)
+            state().addToHistory(StateFixture::record(QString::number(number)));
+        m_window->grabWindow();
+        QTRY_COMPARE_WITH_TIMEOUT(numbered("historyRows", u"history"_s), 9, patience);
+        for (int row = 0; row < 9; ++row) {
+            const QByteArray name = "history" + QByteArray::number(row);
+            QCOMPARE(item(name.constData())->property("title").toString(),
+                     QString::number(8 - row));
+        }
+    }
+
     void anEmptyHistoryShowsHeaderAndPlaceholder()
     {
         QVERIFY(shown("historyTitle") && shown("clearHistory") && shown("noHistory"));
