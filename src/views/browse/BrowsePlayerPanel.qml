@@ -136,6 +136,13 @@ Card {
             objectName: "playerPlace"
             size: 12
             text: root.panel.place
+            width: Math.max(implicitWidth, widest.advanceWidth("00 / 00")) // so that nothing moves
+        }
+
+        FontMetrics {
+            id: widest
+
+            font: number.font
         }
 
         PlayerNavButton {

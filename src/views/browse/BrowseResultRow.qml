@@ -101,6 +101,7 @@ ListRow {
             visible: root.isHovered || root.isNowPlaying || root.activeFocus
 
             onClicked: root.activated()
+            onDoubleClicked: {} // whose second click would stop it again
 
             background: Rectangle {
                 color: Theme.badge

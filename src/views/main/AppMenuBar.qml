@@ -15,6 +15,12 @@ T.MenuBar {
 
     signal aboutRequested
 
+    Shortcut {
+        sequence: "F10"
+
+        onActivated: (root.itemAt(0) as T.MenuBarItem).triggered()
+    }
+
     background: Rectangle {
         color: Theme.window
 

@@ -26,6 +26,8 @@ FocusScope {
         width: parent.width
 
         HeaderView {
+            id: header
+
             appearance: root.appearance
             width: parent.width
         }
@@ -41,6 +43,14 @@ FocusScope {
 
             function focusSetting(name: string) {
                 item?.[name]?.forceActiveFocus(Qt.TabFocusReason);
+            }
+
+            Connections {
+                function onDismissed() {
+                    header.leaveSettings();
+                }
+
+                target: settings.item ? settings.item as SettingsPanelView : null
             }
 
             Binding {
@@ -116,6 +126,10 @@ FocusScope {
                 id: screen
 
                 width: content.width
+
+                // A focus that leaves with its screen has nowhere else to go.
+                onSourceChanged: if (activeFocus)
+                    input.forceActiveFocus(Qt.OtherFocusReason)
 
                 source: root.mode.isSingle ? "SingleModeView.qml" : root.mode.isMulti ? "MultiModeView.qml" : "BrowseModeView.qml"
             }

@@ -9,6 +9,11 @@ Item {
 
     required property Appearance appearance
 
+    function leaveSettings() {
+        Presenters.settings.isShown = false;
+        settings.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     implicitHeight: row.height + 26 + divider.height
 
     Item {

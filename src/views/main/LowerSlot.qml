@@ -22,6 +22,7 @@ FocusScope {
     signal settingRequested(name: string)
 
     property Item elsewhere // where the focus was before it came here
+    property bool cameByKey: true // the focus that is here
 
     height: hasNotice ? notice.height : bar.height
 
@@ -38,7 +39,7 @@ FocusScope {
 
     function leave() {
         const place = elsewhere?.enabled && elsewhere?.visible ? elsewhere : home;
-        place.forceActiveFocus(Qt.TabFocusReason);
+        place.forceActiveFocus(cameByKey ? Qt.TabFocusReason : Qt.MouseFocusReason);
     }
 
     // To the row itself if that has come into sight.
@@ -171,6 +172,8 @@ FocusScope {
             const item = root.Window.activeFocusItem as Item;
             if (item && !root.holds(item))
                 root.elsewhere = item;
+            else if (item)
+                root.cameByKey = (item as T.Control)?.visualFocus ?? true;
         }
 
         target: root.Window.window

@@ -42,6 +42,7 @@ FocusScope {
 
             Accessible.name: "Mode"
 
+            onClicked: field.forceActiveFocus(Qt.OtherFocusReason)
             onSelected: index => root.mode.currentIndex = index
         }
 

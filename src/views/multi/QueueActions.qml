@@ -19,7 +19,7 @@ Item {
         busy: root.run.isRunning
         enabled: root.queue.canDownload
         height: parent.height
-        help: "Downloads waiting entries, and finished and failed ones once more"
+        help: enabled ? "Downloads waiting entries, and finished and failed ones once more" : ""
         objectName: root.isBar ? "barStartQueue" : "startQueue"
         prominent: true
         symbol: "arrow.down.circle.fill"

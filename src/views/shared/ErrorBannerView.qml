@@ -33,9 +33,14 @@ Rectangle {
         id: tip
 
         offersCopy: true
-        wanted: root.activeFocus
+        text: label.truncated ? root.text : ""
+        wanted: root.activeFocus || (hover.hovered && label.truncated)
 
         onCopied: root.copied()
+    }
+
+    HoverHandler {
+        id: hover
     }
 
     ContextArea {
@@ -68,7 +73,8 @@ Rectangle {
         anchors.rightMargin: 14
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.overAccent
-        maximumLineCount: 60
+        elide: Text.ElideRight
+        maximumLineCount: 8 // the tool may print a whole traceback
         text: root.text
         wrapMode: Text.Wrap
 

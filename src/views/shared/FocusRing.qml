@@ -13,6 +13,7 @@ Rectangle {
     border.color: Theme.accent
     border.width: Theme.focusWidth
     color: "transparent"
+    objectName: "focusRing"
     radius: innerRadius + gap + Theme.focusWidth
     visible: shown
 }

@@ -9,6 +9,7 @@ T.Menu {
 
     implicitHeight: contentHeight + topPadding + bottomPadding
     implicitWidth: 230
+    margins: 4 // near an edge of the window it moves inwards
     overlap: 1
     padding: 5
 

@@ -13,6 +13,7 @@ Rectangle {
     property var labels: []
 
     signal selected(index: int)
+    signal clicked // by mouse, so that the keyboard is free for something else
 
     function choose(index: int) {
         const wrapped = (index + labels.length) % labels.length;
@@ -69,7 +70,11 @@ Rectangle {
 
                 Keys.onLeftPressed: root.choose(index - 1)
                 Keys.onRightPressed: root.choose(index + 1)
-                onClicked: root.selected(index)
+                onClicked: {
+                    root.selected(index);
+                    if (!visualFocus)
+                        root.clicked();
+                }
 
                 background: Rectangle {
                     border.color: Theme.primaryAt(0.06)

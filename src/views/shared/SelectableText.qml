@@ -8,15 +8,15 @@ T.TextArea {
     id: root
 
     property int maximumLineCount: 1
-    readonly property bool isCut: contentHeight > height
+    readonly property bool isCut: contentHeight > height - 2 * padding
 
     activeFocusOnTab: true
     clip: true
     color: Theme.primary
     font.family: model.fontInfo.family // without a style, it would be the desktop's
     font.pixelSize: 12
-    height: Math.min(contentHeight, Math.ceil(metrics.lineSpacing * maximumLineCount))
-    padding: 0
+    height: Math.min(contentHeight, Math.ceil(metrics.lineSpacing * maximumLineCount)) + 2 * padding
+    padding: 4 // for the focus ring, which is cut off outside
     hoverEnabled: true
     readOnly: true
     selectByMouse: true
@@ -45,7 +45,7 @@ T.TextArea {
     }
 
     FocusRing {
-        gap: 2
+        gap: -Theme.focusWidth
         innerRadius: Theme.smallRadius
         shown: root.activeFocus && root.focusReason !== Qt.MouseFocusReason
     }

@@ -30,7 +30,7 @@ Rectangle {
         id: label
 
         anchors.left: parent.left
-        anchors.leftMargin: 14
+        anchors.leftMargin: 14 - padding
         anchors.right: copy.left
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
