@@ -2,6 +2,9 @@
 #include "Program.h"
 
 #include "Appearance.h"
+#include "ApplicationId.h"
+#include "ApplicationService.h"
+#include "CommandLine.h"
 #include "DownloadActivity.h"
 #include "FailureNotice.h"
 #include "InterruptedNotice.h"
@@ -29,6 +32,8 @@
 #include <QQuickWindow>
 #include <QThreadPool>
 #include <QTimer>
+
+#include <cstdio>
 
 #include <malloc.h>
 
@@ -82,22 +87,61 @@ void drawIcon()
     QGuiApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
 }
 
+/// The token that lets the program which was started show a window.
+QString activationToken()
+{
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+}
+
+/// Does what the desktop asks for while the program runs.
+void obey(const ApplicationService &service, QuillonApp &app, MainWindow &mainWindow)
+{
+    QObject::connect(&service, &ApplicationService::activated, mainWindow.window(),
+                     [&](const QString &token) { mainWindow.bringForward(token); });
+    QObject::connect(&service, &ApplicationService::openRequested, mainWindow.window(),
+                     [&](const QStringList &urls, const QString &token) {
+                         app.open(urls);
+                         mainWindow.bringForward(token);
+                     });
+    QObject::connect(&service, &ApplicationService::actionRequested, mainWindow.window(),
+                     [&](const QString &name, const QString &token) {
+                         mainWindow.bringForward(token);
+                         mainWindow.act(name);
+                     });
+}
+
 } // namespace
 
 int runProgram(int argc, char *argv[], const ProgramSetup &setup)
 {
     shareOneHeap();
-    QGuiApplication::setApplicationName(u"quillon"_s);
+    const QString token = activationToken();           // before Qt takes it
+    QGuiApplication::setApplicationName(u"quillon"_s); // which screen readers speak
+    qputenv("RESOURCE_NAME", applicationId.toUtf8());  // of the window's class, under X11
     QGuiApplication::setApplicationDisplayName(u"Quillon"_s);
-    QGuiApplication::setDesktopFileName(u"quillon"_s);
+    QGuiApplication::setDesktopFileName(applicationId);
     QGuiApplication application(argc, argv);
+    const CommandLine line = parseCommandLine(QGuiApplication::arguments().mid(1));
+    if (!line.error.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(line.error));
+        return 2;
+    }
     chooseFont();
 
     // Before the preferences are read: an instance that is about to end may still write
     // them.
     SingleInstance instance(QFileInfo(Preferences::standardPath()).path());
-    if (!instance.isFirst())
+    switch (instance.settle(line.urls, token)) {
+    case SingleInstance::Start::first:
+        break;
+    case SingleInstance::Start::handedOver:
         return 0;
+    case SingleInstance::Start::refused:
+        std::fputs("Quillon is running already, and does not answer.\n", stderr);
+        return 1;
+    }
+    ApplicationService service;
     readFontsAhead(); // not in an instance that ends at once: its fonts would be gone before this
                       // is done
     Preferences &preferences = Preferences::standard();
@@ -125,8 +169,9 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     NoticePresenter notices(
         {&undoNotice, &toolNotice, &failureNotice, &severalURLsNotice, &interruptedNotice});
 
-    const MainWindow mainWindow(app, appearance, new ThumbnailProvider(setup.pictures),
-                                {.notices = &notices, .tool = &toolPresenter});
+    MainWindow mainWindow(app, appearance, new ThumbnailProvider(setup.pictures),
+                          {.notices = &notices, .tool = &toolPresenter});
+    qunsetenv("RESOURCE_NAME"); // no program that is started from here shall have it
     if (!mainWindow.window()) {
         qCritical("Quillon's window could not be made; its files are incomplete.\n%s",
                   qUtf8Printable(mainWindow.errors()));
@@ -138,12 +183,11 @@ int runProgram(int argc, char *argv[], const ProgramSetup &setup)
     afterFirstFrame(*mainWindow.window(), toolKeeper, [&toolKeeper] {
         QTimer::singleShot(restAfterFirstFrame, &toolKeeper, &ToolKeeper::begin);
     });
-    const auto bringForward = [&mainWindow] { mainWindow.bringForward(); };
-    QObject::connect(&instance, &SingleInstance::activationRequested, mainWindow.window(),
-                     bringForward);
+    obey(service, app, mainWindow);
     QObject::connect(&mediaControl, &MediaControl::raiseRequested, mainWindow.window(),
-                     bringForward);
+                     [&] { mainWindow.bringForward(); });
+    app.open(line.urls);
     const int status = QGuiApplication::exec();
-    instance.stopListening();
+    service.close();
     return status;
 }

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "QuillonApp.h"
 
+#include "QueueRun.h"
+#include "URLList.h"
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -62,4 +67,28 @@ void QuillonApp::togglePause()
 void QuillonApp::toggleMode()
 {
     m_state.mode = m_state.mode() == AppMode::single ? AppMode::multi : AppMode::single;
+}
+
+void QuillonApp::open(const QStringList &urls)
+{
+    const QStringList found = webURLsIn(urls.join(u'\n'));
+    if (found.isEmpty())
+        return;
+    if (found.size() == 1 && !isBusy()) {
+        m_state.mode = AppMode::single;
+        m_state.singleURL = found.first();
+        m_state.fetchAsPlaylist = false;
+        m_state.fetchSingleInfo();
+    } else {
+        m_state.mode = AppMode::multi;
+        m_state.addURLsToQueue(found);
+    }
+}
+
+bool QuillonApp::isBusy() const
+{
+    const auto browse = m_state.browseDownloadStatuses();
+    return m_state.isFetching() || m_state.isDownloading() || m_state.isQueueDownloading()
+        || !active(m_state.queue()).isEmpty()
+        || std::any_of(browse.cbegin(), browse.cend(), isActive);
 }

@@ -31,9 +31,16 @@ public:
     /// Between single and multi; browse goes to single.
     Q_INVOKABLE void toggleMode();
 
+    /// Fetches a single URL; puts several into the queue, and also the one while something
+    /// is being fetched or downloaded. Takes at most 100, and leaves out what is not of the
+    /// web.
+    void open(const QStringList &urls);
+
 Q_SIGNALS:
     void commandsChanged();
 
 private:
+    [[nodiscard]] bool isBusy() const;
+
     AppState m_state;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DesktopNotifier.h"
 
+#include "ApplicationId.h"
 #include "BusObject.h"
 
 #include <QDBusReply>
@@ -46,10 +47,10 @@ void DesktopNotifier::send(const UserNotification &notification) const
     const QString body = *m_readsMarkup ? notification.body.toHtmlEscaped() : notification.body;
     const QVariantMap hints{
         {u"sound-name"_s, u"message-new-instant"_s},
-        {u"desktop-entry"_s, u"quillon"_s},
+        {u"desktop-entry"_s, applicationId},
         {u"x-quillon-identifier"_s, notification.identifier},
     };
     notifications().call(
         u"Notify"_s,
-        {u"Quillon"_s, 0U, u"quillon"_s, notification.title, body, QStringList(), hints, -1});
+        {u"Quillon"_s, 0U, applicationId, notification.title, body, QStringList(), hints, -1});
 }

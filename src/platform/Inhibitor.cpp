@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Inhibitor.h"
 
+#include "ApplicationId.h"
+
 #include <QDBusObjectPath>
 
 #include <utility>
@@ -89,7 +91,7 @@ QList<Inhibitor::Service> screenServices(const QDBusConnection &bus)
     return {
         withCookie(BusObject(bus, u"org.freedesktop.ScreenSaver"_s,
                              u"/org/freedesktop/ScreenSaver"_s, u"org.freedesktop.ScreenSaver"_s),
-                   {u"quillon"_s, u"Playing a video"_s}, u"UnInhibit"_s)};
+                   {applicationId, u"Playing a video"_s}, u"UnInhibit"_s)};
 }
 
 QList<Inhibitor::Service> suspendServices(const QDBusConnection &bus)
@@ -98,10 +100,10 @@ QList<Inhibitor::Service> suspendServices(const QDBusConnection &bus)
     constexpr uint noWindow = 0;
     return {withCookie(BusObject(bus, u"org.gnome.SessionManager"_s, u"/org/gnome/SessionManager"_s,
                                  u"org.gnome.SessionManager"_s),
-                       {u"quillon"_s, noWindow, reason, suspendFlag}, u"Uninhibit"_s),
+                       {applicationId, noWindow, reason, suspendFlag}, u"Uninhibit"_s),
             withCookie(BusObject(bus, u"org.freedesktop.PowerManagement"_s,
                                  u"/org/freedesktop/PowerManagement/Inhibit"_s,
                                  u"org.freedesktop.PowerManagement.Inhibit"_s),
-                       {u"quillon"_s, reason}, u"UnInhibit"_s),
+                       {applicationId, reason}, u"UnInhibit"_s),
             portal(bus, reason)};
 }

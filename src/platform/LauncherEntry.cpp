@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "LauncherEntry.h"
 
+#include "ApplicationId.h"
+
 #include <QDBusMessage>
 
 #include <algorithm>
@@ -34,7 +36,7 @@ void LauncherEntry::update() const
     QDBusMessage message =
         QDBusMessage::createSignal(u"/com/canonical/unity/launcherentry/quillon"_s,
                                    u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s);
-    message << u"application://quillon.desktop"_s
+    message << u"application://"_s + applicationId + u".desktop"_s
             << QVariantMap{{u"progress"_s, std::max(m_percent, 0) / 100.0},
                            {u"progress-visible"_s, m_percent >= 0}};
     m_bus.send(message);

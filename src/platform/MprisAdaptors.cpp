@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MprisAdaptors.h"
 
+#include "ApplicationId.h"
+
 #include <QUrl>
 
 #include <algorithm>
@@ -39,7 +41,7 @@ QString MprisRoot::identity() const
 
 QString MprisRoot::desktopEntry() const
 {
-    return u"quillon"_s;
+    return applicationId;
 }
 
 void MprisRoot::Raise()

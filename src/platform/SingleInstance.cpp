@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SingleInstance.h"
 
+#include "ApplicationService.h"
+
 #include <QCryptographicHash>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QLocalSocket>
+#include <QThread>
 
 #include <unistd.h>
 
@@ -12,16 +15,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int answerTimeout = 1000; // ms
-constexpr int endTimeout = 5000;    // ms; longer than an orderly exit takes
-
 QString nameFor(const QString &preferencesFolder)
 {
     const QByteArray key =
         QCryptographicHash::hash(preferencesFolder.toUtf8(), QCryptographicHash::Sha1)
             .toHex()
             .left(12);
-    return u"/quillon-"_s + QString::fromLatin1(key);
+    return u"/quillon-"_s + QString::fromLatin1(key) + u".lock"_s;
 }
 
 /// Where nobody else can create files: the session's runtime folder if it is private,
@@ -43,13 +43,7 @@ QString safeFolder(const QString &preferencesFolder)
 } // namespace
 
 SingleInstance::SingleInstance(const QString &preferencesFolder)
-    : SingleInstance(preferencesFolder, safeFolder(preferencesFolder) + nameFor(preferencesFolder))
-{
-}
-
-SingleInstance::SingleInstance(const QString &preferencesFolder, const QString &path)
-    : m_socketName(path + u".socket"_s)
-    , m_lock(path + u".lock"_s)
+    : m_lock(safeFolder(preferencesFolder) + nameFor(preferencesFolder))
 {
     m_lock.setStaleLockTime(0); // held as long as its process lives
     m_isFirst = m_lock.tryLock();
@@ -60,20 +54,31 @@ SingleInstance::SingleInstance(const QString &preferencesFolder, const QString &
                  qUtf8Printable(preferencesFolder));
         m_isFirst = true;
     }
-    if (!m_isFirst) {
-        QLocalSocket running;
-        running.connectToServer(m_socketName);
-        if (running.waitForConnected(answerTimeout))
-            return;
-        m_isFirst = m_lock.tryLock(endTimeout);
-        if (!m_isFirst)
-            return;
+}
+
+SingleInstance::Start SingleInstance::settle(const QStringList &urls, const QString &token,
+                                             const QDBusConnection &bus,
+                                             std::chrono::milliseconds patience)
+{
+    constexpr unsigned long pause = 50; // ms
+    QElapsedTimer waited;
+    waited.start();
+    while (!m_isFirst) {
+        if (handOver(firstProcess(), urls, token, bus))
+            return Start::handedOver;
+        if (waited.elapsed() > patience.count())
+            return Start::refused;
+        QThread::msleep(pause);
+        m_isFirst = m_lock.tryLock();
     }
-    QLocalServer::removeServer(m_socketName); // left by a crash
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    m_server.listen(m_socketName);
-    connect(&m_server, &QLocalServer::newConnection, this, [this] {
-        m_server.nextPendingConnection()->deleteLater();
-        Q_EMIT activationRequested();
-    });
+    return Start::first;
+}
+
+/// 0 if it cannot be told.
+qint64 SingleInstance::firstProcess() const
+{
+    qint64 process = 0;
+    QString host;
+    QString program;
+    return m_lock.getLockInfo(&process, &host, &program) ? process : 0;
 }

@@ -1,36 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QLocalServer>
+#include <QDBusConnection>
 #include <QLockFile>
-#include <QObject>
+#include <QStringList>
+
+#include <chrono>
 
 /// Allows one running program per folder of preferences, since two would overwrite each
-/// other's. Main thread.
-class SingleInstance : public QObject
+/// other's.
+class SingleInstance
 {
-    Q_OBJECT
-
 public:
     explicit SingleInstance(const QString &preferencesFolder);
 
-    /// Whether this is the first instance. If not, the first has been asked to come to
-    /// the front.
-    [[nodiscard]] bool isFirst() const { return m_isFirst; }
+    enum class Start {
+        first,      ///< this program may go on
+        handedOver, ///< the first has taken the URLs, or come to the front
+        refused,    ///< the first neither answers nor ends
+    };
 
-    /// This instance is about to end: one that starts from now on waits for it and is
-    /// first.
-    void stopListening() { m_server.close(); }
-
-Q_SIGNALS:
-    /// The program was started again.
-    void activationRequested();
+    /// Decides what becomes of this start. Waits for a first that has just begun, and cannot
+    /// be reached yet, or is about to end, which takes a while on a busy machine.
+    [[nodiscard]] Start settle(const QStringList &urls, const QString &token,
+                               const QDBusConnection &bus = QDBusConnection::sessionBus(),
+                               std::chrono::milliseconds patience = std::chrono::seconds(15));
 
 private:
-    SingleInstance(const QString &preferencesFolder, const QString &path);
+    [[nodiscard]] qint64 firstProcess() const;
 
-    QString m_socketName;
     QLockFile m_lock;
-    QLocalServer m_server;
     bool m_isFirst = false;
 };

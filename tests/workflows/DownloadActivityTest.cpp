@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DownloadActivity.h"
+#include "ApplicationId.h"
 #include "Inhibitor.h"
 #include "LauncherEntry.h"
 #include "StateFixture.h"
@@ -128,7 +129,7 @@ private Q_SLOTS:
         QVERIFY(offer(u"org.freedesktop.PowerManagement"_s));
         state().isDownloading = true;
         QTRY_COMPARE_WITH_TIMEOUT(m_session.held.size(), 1, patience);
-        QCOMPARE(m_session.said, u"quillon 0 Downloading videos 4"_s);
+        QCOMPARE(m_session.said, applicationId + u" 0 Downloading videos 4"_s);
         QVERIFY(m_power.held.isEmpty());
         state().isDownloading = false;
         QTRY_VERIFY_WITH_TIMEOUT(m_session.held.isEmpty(), patience);
@@ -185,10 +186,9 @@ private Q_SLOTS:
         state().currentDownloadIndex = 2;
         state().downloadProgress = 0.5;
         state().isDownloading = true;
-        QTRY_COMPARE_WITH_TIMEOUT(m_updates, QStringList(u"quillon.desktop 0.75 shown"_s),
-                                  patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_updates, QStringList(icon(u"0.75 shown"_s)), patience);
         state().isDownloading = false;
-        QTRY_COMPARE_WITH_TIMEOUT(m_updates.last(), u"quillon.desktop 0 hidden"_s, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_updates.last(), icon(u"0 hidden"_s), patience);
     }
 
     void theIconShowsTheQueuesProgress()
@@ -199,7 +199,7 @@ private Q_SLOTS:
         state().currentDownloadIndex = 1;
         state().isQueueDownloading = true;
         item->status = Status::Downloading{.progress = 0.5};
-        QTRY_COMPARE_WITH_TIMEOUT(m_updates.value(1), u"quillon.desktop 0.25 shown"_s, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_updates.value(1), icon(u"0.25 shown"_s), patience);
     }
 
     void theIconHearsOfWholePercentsAlone()
@@ -209,7 +209,7 @@ private Q_SLOTS:
         state().isDownloading = true;
         for (int step = 0; step <= 1000; ++step)
             state().downloadProgress = step / 1000.0;
-        QTRY_VERIFY_WITH_TIMEOUT(m_updates.contains(u"quillon.desktop 1 shown"_s), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(m_updates.contains(icon(u"1 shown"_s)), patience);
         QCOMPARE(m_updates.size(), 101);
     }
 
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!m_updates.isEmpty(), patience);
         m_activity.reset();
         m_entry = std::make_unique<LauncherEntry>();
-        QTRY_COMPARE_WITH_TIMEOUT(m_updates.last(), u"quillon.desktop 0 hidden"_s, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_updates.last(), icon(u"0 hidden"_s), patience);
     }
 
 public Q_SLOTS:
@@ -232,6 +232,9 @@ public Q_SLOTS:
     }
 
 private:
+    /// What a dock hears of the program's icon.
+    static QString icon(const QString &said) { return applicationId + u".desktop "_s + said; }
+
     AppState &state() { return *m_fixture->state; }
 
     /// Waits for what has been sent to docks so far.

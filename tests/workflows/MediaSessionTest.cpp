@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ApplicationId.h"
 #include "MediaSessionFixture.h"
 
 #include <QDBusConnectionInterface>
@@ -52,7 +53,7 @@ private Q_SLOTS:
             return property(u"org.mpris.MediaPlayer2"_s, name);
         };
         QCOMPARE(read(u"Identity"_s), u"Quillon"_s);
-        QCOMPARE(read(u"DesktopEntry"_s), u"quillon"_s);
+        QCOMPARE(read(u"DesktopEntry"_s), applicationId);
         QCOMPARE(read(u"CanRaise"_s), true);
         QCOMPARE(read(u"CanQuit"_s), false);
         const QSignalSpy spy(m_control.get(), &MediaControl::raiseRequested);

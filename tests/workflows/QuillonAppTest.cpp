@@ -53,6 +53,72 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), 3);
     }
 
+    void anOpenedURLIsFetched()
+    {
+        m_fixture->tool.respond(R"(print {"id":"a","title":"T"})");
+        AppState &state = app().state();
+        state.mode = AppMode::browse;
+        state.fetchAsPlaylist = true;
+        app().open({u"https://x/1"_s});
+        QVERIFY(state.mode() == AppMode::single);
+        QCOMPARE(state.singleURL(), u"https://x/1"_s);
+        QVERIFY(!state.fetchAsPlaylist());
+        QTRY_VERIFY_WITH_TIMEOUT(state.singleInfo().has_value(), patience);
+    }
+
+    void severalOpenedURLsAreQueued()
+    {
+        m_fixture->tool.respond(R"(print {"id":"a","title":"T"})");
+        AppState &state = app().state();
+        app().open({u"https://x/1"_s, u"https://x/2"_s});
+        QVERIFY(state.mode() == AppMode::multi);
+        QCOMPARE(state.queue().size(), 2);
+        QCOMPARE(state.queue()[1]->url, u"https://x/2"_s);
+        QCOMPARE(state.singleURL(), QString());
+        QTRY_VERIFY_WITH_TIMEOUT(kindOf(state.queue()[1]->status()) == StatusKind::Waiting,
+                                 patience);
+    }
+
+    void anOpenedURLIsQueuedWhileSomethingRuns_data()
+    {
+        QTest::addColumn<int>("what");
+        QTest::newRow("fetch") << 0;
+        QTest::newRow("single download") << 1;
+        QTest::newRow("queue") << 2;
+        QTest::newRow("entry of the queue") << 3;
+        QTest::newRow("download from browse") << 4;
+    }
+    void anOpenedURLIsQueuedWhileSomethingRuns()
+    {
+        QFETCH(int, what);
+        m_fixture->tool.respond(R"(print {"id":"a","title":"T"})");
+        AppState &state = app().state();
+        state.singleURL = u"https://x/mine"_s;
+        state.isFetching = what == 0;
+        state.isDownloading = what == 1;
+        state.isQueueDownloading = what == 2;
+        if (what == 3)
+            state.addURLToQueue(u"https://x/0"_s);
+        if (what == 4)
+            state.browseDownloadStatuses = {{u"a_mp4"_s, Status::Downloading{}}};
+        app().open({u"https://x/1"_s});
+        QCOMPARE(state.queue().last()->url, u"https://x/1"_s);
+        QCOMPARE(state.singleURL(), u"https://x/mine"_s);
+    }
+
+    void onlyAHundredURLsOfTheWebAreOpened()
+    {
+        AppState &state = app().state();
+        app().open({u"file:///etc/passwd"_s, u"--exec"_s, QString()});
+        QVERIFY(state.queue().isEmpty());
+        QCOMPARE(state.singleURL(), QString());
+        QStringList many;
+        for (int number = 0; number < 150; ++number)
+            many.append(u"https://x/%1"_s.arg(number));
+        app().open(many);
+        QCOMPARE(state.queue().size(), 100);
+    }
+
     void fetchInfoTestsTheURLUntrimmedInEveryMode()
     {
         const QSignalSpy fetches(&app().state(), &AppState::isFetchingChanged);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ApplicationId.h"
 #include "MediaSessionFixture.h"
 
 #include <QDBusPendingCallWatcher>
@@ -59,7 +60,7 @@ private Q_SLOTS:
         QVERIFY(m_screenSaver.held.isEmpty());
         QVERIFY(play(u"a"_s));
         QTRY_COMPARE_WITH_TIMEOUT(m_screenSaver.held.size(), 1, patience);
-        QCOMPARE(m_screenSaver.said, u"quillon: Playing a video"_s);
+        QCOMPARE(m_screenSaver.said, applicationId + u": Playing a video"_s);
         state().avPlayer.pause();
         QTRY_VERIFY_WITH_TIMEOUT(m_screenSaver.held.isEmpty(), patience);
         state().avPlayer.play();

@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SingleInstance.h"
-#include "FakeTool.h"
+#include "ApplicationService.h"
+#include "Patience.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
 
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 /// One program for each folder of preferences, whatever the session offers.
 class SingleInstanceTest : public QObject
@@ -27,25 +32,92 @@ private Q_SLOTS:
     void theSecondBringsTheFirstForward()
     {
         SingleInstance first(preferences());
-        QVERIFY(first.isFirst());
-        int requests = 0;
-        connect(&first, &SingleInstance::activationRequested, this, [&] { ++requests; });
-        const SingleInstance second(preferences());
-        QVERIFY(!second.isFirst());
-        QVERIFY(QTest::qWaitFor([&] { return requests == 1; }, 30000));
+        QCOMPARE(settle(first), Start::first);
+        const ApplicationService service(m_bus);
+        QStringList tokens;
+        connect(&service, &ApplicationService::activated, this,
+                [&](const QString &token) { tokens.append(token); });
+        SingleInstance second(preferences());
+        QCOMPARE(settle(second), Start::handedOver);
+        QCOMPARE(tokens, QStringList(u"token"_s));
+    }
+
+    void theSecondHandsItsURLsOver()
+    {
+        const SingleInstance first(preferences());
+        const ApplicationService service(m_bus);
+        QStringList opened;
+        connect(&service, &ApplicationService::openRequested, this,
+                [&](const QStringList &urls) { opened = urls; });
+        SingleInstance second(preferences());
+        QCOMPARE(settle(second, {u"https://x/1"_s, u"https://x/2"_s}), Start::handedOver);
+        QCOMPARE(opened, QStringList({u"https://x/1"_s, u"https://x/2"_s}));
+    }
+
+    void aSecondTakesOverFromAFirstThatEnds()
+    {
+        std::optional<SingleInstance> first(std::in_place, preferences());
+        SingleInstance second(preferences());
+        QTimer::singleShot(200, this, [&] { first.reset(); });
+        QCOMPARE(settle(second, {}, 30s), Start::first);
+    }
+
+    void aSecondWaitsForAFirstThatHasJustBegun()
+    {
+        const SingleInstance first(preferences());
+        std::optional<ApplicationService> service;
+        SingleInstance second(preferences());
+        QTimer::singleShot(200, this, [&] { service.emplace(m_bus); });
+        QCOMPARE(settle(second, {}, 30s), Start::handedOver);
+    }
+
+    void aFirstThatDoesNotAnswerRefuses()
+    {
+        const SingleInstance first(preferences());
+        SingleInstance second(preferences());
+        QCOMPARE(settle(second, {}, 100ms), Start::refused);
+    }
+
+    void aFirstThatIsClosingIsNotAsked()
+    {
+        const SingleInstance first(preferences());
+        ApplicationService service(m_bus);
+        service.close();
+        SingleInstance second(preferences());
+        QCOMPARE(settle(second, {}, 100ms), Start::refused);
+    }
+
+    /// Another Quillon, on preferences of its own, may have the name on the bus.
+    void onlyTheHolderOfTheLockIsAsked()
+    {
+        QString path;
+        {
+            const SingleInstance first(preferences());
+            path = session() + u'/' + QDir(session()).entryList(QDir::Files | QDir::Hidden).first();
+        }
+        QFile lock(path);
+        QVERIFY(lock.open(QIODevice::WriteOnly));
+        lock.write("1\nanother\n" + QSysInfo::machineHostName().toUtf8() + "\n"
+                   + QSysInfo::machineUniqueId() + "\n\n");
+        lock.close();
+        const ApplicationService service(m_bus);
+        SingleInstance second(preferences());
+        const Start start = settle(second, {}, 100ms);
+        // The process of that number has another name, so its lock may count as stale.
+        QVERIFY(start != Start::handedOver);
     }
 
     void otherPreferencesAreAnotherProgram()
     {
         const SingleInstance first(preferences());
-        const SingleInstance second(m_folder->filePath(u"others"_s));
-        QVERIFY(second.isFirst());
+        SingleInstance second(m_folder->filePath(u"others"_s));
+        QCOMPARE(settle(second), Start::first);
     }
 
     void theSessionsFolderIsUsed()
     {
         const SingleInstance first(preferences());
-        QCOMPARE(filesIn(session()), 2);
+        QCOMPARE(filesIn(session()), 1);
         QVERIFY(!QFileInfo::exists(preferences()));
     }
 
@@ -70,11 +142,11 @@ private Q_SLOTS:
             QVERIFY(chown(this->session().toUtf8().constData(), 12345, 12345) == 0);
         else
             qputenv("XDG_RUNTIME_DIR", "/root");
-        const SingleInstance first(preferences());
-        QVERIFY(first.isFirst());
-        QCOMPARE(filesIn(preferences()), 2);
-        const SingleInstance second(preferences());
-        QVERIFY(!second.isFirst());
+        SingleInstance first(preferences());
+        QCOMPARE(settle(first), Start::first);
+        QCOMPARE(filesIn(preferences()), 1);
+        SingleInstance second(preferences());
+        QCOMPARE(settle(second, {}, 100ms), Start::refused);
     }
 
     void aLockThatCannotBeHadIsSaid()
@@ -84,11 +156,26 @@ private Q_SLOTS:
         QTest::ignoreMessage(
             QtWarningMsg,
             "Quillon cannot tell whether another one runs: /proc/quillon cannot be written");
-        const SingleInstance first(folder);
-        QVERIFY(first.isFirst());
+        SingleInstance first(folder);
+        QCOMPARE(settle(first), Start::first);
     }
 
 private:
+    using Start = SingleInstance::Start;
+
+    /// In a thread of its own, as another program would.
+    Start settle(SingleInstance &instance, const QStringList &urls = {},
+                 std::chrono::milliseconds patience = 30s)
+    {
+        Start start = Start::refused;
+        const std::unique_ptr<QThread> thread(QThread::create([&] {
+            start = instance.settle(urls, u"token"_s, QDBusConnection::sessionBus(), patience);
+        }));
+        thread->start();
+        [[maybe_unused]] const bool hasEnded = waitFor([&] { return thread->isFinished(); });
+        return start;
+    }
+
     QString session() const { return m_folder->filePath(u"session"_s); }
     QString preferences() const { return m_folder->filePath(u"preferences"_s); }
     static qsizetype filesIn(const QString &folder)
@@ -99,6 +186,8 @@ private:
     }
 
     std::optional<QTemporaryDir> m_folder;
+    // Not the one that asks, which would be answered without the bus.
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"first"_s);
 };
 
 QTEST_GUILESS_MAIN(SingleInstanceTest)

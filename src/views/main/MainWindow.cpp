@@ -21,7 +21,8 @@ QSize openingSize(const QSize &available)
 
 MainWindow::MainWindow(QuillonApp &app, Appearance &appearance, QQmlImageProviderBase *thumbnails,
                        Extras extras)
-    : m_presenters(app.state())
+    : m_app(app)
+    , m_presenters(app.state())
     , m_component(&m_engine)
 {
     m_presenters.offerTo(m_engine);
@@ -56,14 +57,39 @@ QQuickWindow *MainWindow::window() const
     return qobject_cast<QQuickWindow *>(m_root.get());
 }
 
-void MainWindow::bringForward() const
+void MainWindow::bringForward(const QString &token) const
 {
+    // Where Qt's plug-in for Wayland looks for it.
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
     // show() would also undo that it is maximized.
     if (window()->windowStates() & Qt::WindowMinimized)
         window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
     window()->raise();
     window()->requestActivate();
+    qunsetenv("XDG_ACTIVATION_TOKEN"); // no program that is started from here shall have it
     // Window managers may refuse, for example for a window on another workspace.
     if (!window()->isActive())
         window()->alert(0);
+}
+
+void MainWindow::act(const QString &name)
+{
+    if (name == u"browse") {
+        m_app.state().mode = AppMode::browse;
+    } else if (name == u"paste-and-fetch") {
+        // Compositors give the clipboard to the active window alone.
+        if (window()->isActive())
+            pasteAndFetch();
+        else
+            QObject::connect(
+                window(), &QWindow::activeChanged, window(), [this] { pasteAndFetch(); },
+                Qt::SingleShotConnection);
+    }
+}
+
+void MainWindow::pasteAndFetch()
+{
+    m_app.state().mode = AppMode::single;
+    m_presenters.urlInput()->pasteAndSubmit();
 }

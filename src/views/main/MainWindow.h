@@ -42,10 +42,17 @@ public:
     [[nodiscard]] QString errors() const { return m_component.errorString(); }
     [[nodiscard]] QQmlEngine &engine() { return m_engine; }
 
-    /// Brings it to the front, restoring it if it is minimized.
-    void bringForward() const;
+    /// Brings it to the front, restoring it if it is minimized. A token of the desktop makes
+    /// sure that it may come.
+    void bringForward(const QString &token = {}) const;
+
+    /// Does what the program's icon offers; unknown names do nothing.
+    void act(const QString &name);
 
 private:
+    void pasteAndFetch();
+
+    QuillonApp &m_app;
     Presenters m_presenters;
     QQmlEngine m_engine;
     QQmlComponent m_component;
