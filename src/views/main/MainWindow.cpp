@@ -79,12 +79,13 @@ void MainWindow::act(const QString &name)
         m_app.state().mode = AppMode::browse;
     } else if (name == u"paste-and-fetch") {
         // Compositors give the clipboard to the active window alone.
-        if (window()->isActive())
+        if (window()->isActive()) {
             pasteAndFetch();
-        else
+        } else {
             QObject::connect(
                 window(), &QWindow::activeChanged, window(), [this] { pasteAndFetch(); },
                 Qt::SingleShotConnection);
+        }
     }
 }
 
