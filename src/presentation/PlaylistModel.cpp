@@ -5,6 +5,8 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -19,7 +21,6 @@ PlaylistModel::PlaylistModel(AppState &state)
 {
     connect(&state, &AppState::selectedPlaylistItemsChanged, this, &PlaylistModel::followSelection);
     connect(&state, &AppState::historyChanged, this, &PlaylistModel::followHistory);
-    readHistory();
 }
 
 void PlaylistModel::setInfo(const VideoInfo &info)
@@ -27,7 +28,9 @@ void PlaylistModel::setInfo(const VideoInfo &info)
     beginResetModel();
     m_info = info;
     m_filter.clear();
-    choose();
+    m_shown = matches();
+    m_anchor = -1;
+    readHistory();
     endResetModel();
     Q_EMIT infoChanged();
     Q_EMIT filterChanged();
@@ -90,10 +93,8 @@ void PlaylistModel::setFilter(const QString &filter)
 {
     if (filter == m_filter)
         return;
-    beginResetModel();
     m_filter = filter;
-    choose();
-    endResetModel();
+    show(matches());
     Q_EMIT filterChanged();
     Q_EMIT countLineChanged();
 }
@@ -108,15 +109,41 @@ QString PlaylistModel::unseenLine() const
     return unseen.isEmpty() ? QString() : u"%1 of them not shown"_s.arg(unseen.size());
 }
 
-// Which entries are rows.
-void PlaylistModel::choose()
+// The entries that the filter lets through.
+QList<qsizetype> PlaylistModel::matches() const
 {
-    m_shown.clear();
-    m_anchor = -1;
+    QList<qsizetype> found;
     const QString wanted = m_filter.trimmed();
     for (qsizetype number = 0; number < m_info.playlistEntries.size(); ++number) {
         if (m_info.playlistEntries[number].title.contains(wanted, Qt::CaseInsensitive))
-            m_shown.append(number);
+            found.append(number);
+    }
+    return found;
+}
+
+// Rows stay and become those of other entries, so that their cards stay as well: making
+// new ones takes longer than a frame.
+void PlaylistModel::show(const QList<qsizetype> &entries)
+{
+    m_anchor = -1;
+    const int before = rowCount();
+    const int after = static_cast<int>(entries.size());
+    if (after < before) {
+        beginRemoveRows({}, after, before - 1);
+        m_shown.resize(after);
+        endRemoveRows();
+    }
+    const int kept = std::min(before, after);
+    const auto changed = std::mismatch(m_shown.cbegin(), m_shown.cend(), entries.cbegin());
+    if (changed.first != m_shown.cend()) {
+        const auto first = static_cast<int>(changed.first - m_shown.cbegin());
+        std::copy_n(entries.cbegin(), kept, m_shown.begin());
+        Q_EMIT dataChanged(index(first), index(kept - 1));
+    }
+    if (after > before) {
+        beginInsertRows({}, before, after - 1);
+        m_shown = entries;
+        endInsertRows();
     }
 }
 
@@ -186,9 +213,16 @@ void PlaylistModel::selectShown()
 
 void PlaylistModel::readHistory()
 {
+    QSet<QString> wanted;
+    for (const VideoInfo &entry : std::as_const(m_info.playlistEntries))
+        wanted.insert(entry.originalURL);
     m_known.clear();
-    for (const HistoryItem &record : m_state.history())
-        m_known.insert(record.url);
+    if (wanted.isEmpty())
+        return;
+    for (const HistoryItem &record : m_state.history()) {
+        if (wanted.contains(record.url))
+            m_known.insert(record.url);
+    }
 }
 
 void PlaylistModel::followHistory()

@@ -75,7 +75,8 @@ private:
     {
         return m_info.playlistEntries[m_shown[row]];
     }
-    void choose();
+    [[nodiscard]] QList<qsizetype> matches() const;
+    void show(const QList<qsizetype> &entries);
     void extendTo(int row);
     void followSelection();
     void readHistory();
@@ -85,6 +86,6 @@ private:
     VideoInfo m_info;
     QString m_filter;
     QList<qsizetype> m_shown; // the entries that are rows
-    QSet<QString> m_known;    // the history's URLs
+    QSet<QString> m_known;    // of the entries' URLs, those that the history has
     int m_anchor = -1;        // the row used last; -1: none
 };

@@ -148,6 +148,23 @@ private Q_SLOTS:
         QCOMPARE(m_model->rowCount(), 3);
     }
 
+    void aFilterKeepsTheRowsThatThereAre()
+    {
+        m_model->setInfo(StateFixture::playlist({u"ab"_s, u"b"_s, u"ac"_s, u"bc"_s}));
+        const QSignalSpy resets(m_model.get(), &PlaylistModel::modelReset);
+        const QSignalSpy changes(m_model.get(), &PlaylistModel::dataChanged);
+        m_model->setFilter(u"title a"_s);
+        QCOMPARE(changes.count(), 1); // "ac" is now the second
+        QCOMPARE(changes.first().at(0).toModelIndex().row(), 1);
+        QCOMPARE(changes.first().at(1).toModelIndex().row(), 1);
+        m_model->setFilter(u"bc"_s);
+        QCOMPARE(text(0, PlaylistModel::TitleRole), u"Title bc"_s);
+        m_model->setFilter(QString());
+        QCOMPARE(text(0, PlaylistModel::TitleRole), u"Title ab"_s);
+        QCOMPARE(text(3, PlaylistModel::TitleRole), u"Title bc"_s);
+        QCOMPARE(resets.count(), 0);
+    }
+
     void allAndNoneMeanHiddenEntriesToo()
     {
         m_model->setInfo(StateFixture::playlist({u"a"_s, u"b"_s, u"c"_s}));
@@ -195,6 +212,9 @@ private Q_SLOTS:
         state().addToHistory(StateFixture::record(u"b"_s, StateFixture::video(u"b"_s).originalURL));
         QVERIFY(isKnown(1));
         QVERIFY(!isKnown(0));
+        m_model->setInfo(StateFixture::playlist({u"b"_s, u"c"_s}));
+        QVERIFY(isKnown(0));
+        QVERIFY(!isKnown(1));
     }
 
 private:
