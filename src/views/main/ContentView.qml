@@ -41,16 +41,10 @@ FocusScope {
 
             source: "SettingsPanelView.qml"
 
+            Keys.onEscapePressed: header.leaveSettings()
+
             function focusSetting(name: string) {
                 item?.[name]?.forceActiveFocus(Qt.TabFocusReason);
-            }
-
-            Connections {
-                function onDismissed() {
-                    header.leaveSettings();
-                }
-
-                target: settings.item ? settings.item as SettingsPanelView : null
             }
 
             Binding {

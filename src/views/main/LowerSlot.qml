@@ -68,7 +68,7 @@ FocusScope {
         const hadFocus = activeFocus;
         Pages.reveal(page.choice);
         if (hadFocus)
-            page.choice.focusSelected();
+            page.choice.forceActiveFocus(Qt.TabFocusReason);
     }
 
     function showDownload() {

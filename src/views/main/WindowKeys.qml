@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Quillon.Presentation
 
@@ -10,16 +8,24 @@ Item {
 
     signal fieldRequested
 
-    Instantiator {
-        model: Presenters.mode.labels
+    component ModeKey: Shortcut {
+        required property int index
 
-        Shortcut {
-            required property int index
+        sequence: "Ctrl+" + (index + 1)
 
-            sequence: "Ctrl+" + (index + 1)
+        onActivated: Presenters.mode.currentIndex = index
+    }
 
-            onActivated: Presenters.mode.currentIndex = index
-        }
+    ModeKey {
+        index: 0
+    }
+
+    ModeKey {
+        index: 1
+    }
+
+    ModeKey {
+        index: 2
     }
 
     Shortcut {

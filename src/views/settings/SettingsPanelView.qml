@@ -15,10 +15,6 @@ Rectangle {
     readonly property alias cookiesBrowser: browser
     readonly property alias downloadDir: folder.field
 
-    signal dismissed
-
-    Keys.onEscapePressed: dismissed()
-
     color: Theme.primaryAt(0.03)
     implicitHeight: rows.height + 28 + divider.height
 

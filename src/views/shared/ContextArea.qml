@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import QtQuick.Templates as T
 import Quillon.Shared
 
 // Opens a menu of what can be done with the item that it covers: by right click, and by
@@ -18,17 +19,19 @@ Item {
             return;
         event.accepted = true;
         open(12, height);
-        (menu.item as ContextMenu).currentIndex = 0;
+        if (menu.item)
+            (menu.item as T.Menu).currentIndex = 0;
     }
 
     function open(x: real, y: real) {
         asked();
         if (commands.length === 0)
             return;
-        menu.active = true;
-        const opened = menu.item as ContextMenu;
-        opened.commands = commands;
-        opened.popup(root, x, y);
+        // Found beside this file, wherever it is used.
+        menu.setSource(Qt.resolvedUrl("ContextMenu.qml"), {
+            "commands": commands
+        });
+        (menu.item as T.Menu).popup(root, x, y);
     }
 
     anchors.fill: parent
@@ -41,8 +44,5 @@ Item {
 
     Loader {
         id: menu
-
-        active: false
-        source: Qt.resolvedUrl("ContextMenu.qml") // found beside this file, wherever it is used
     }
 }

@@ -25,18 +25,4 @@ Loader {
     anchors.fill: parent
 
     source: Qt.resolvedUrl("HelpTipBubble.qml") // found beside this file, wherever it is used
-
-    Binding {
-        property: "text"
-        target: root.item
-        value: root.text
-    }
-
-    Binding {
-        property: "offersCopy"
-        target: root.item
-        value: root.offersCopy
-    }
-
-    onLoaded: (item as HelpTipBubble).copied.connect(copied)
 }

@@ -7,10 +7,9 @@ import Quillon.Shared
 T.ToolTip {
     id: root
 
-    property bool offersCopy: false
+    readonly property HelpTip tip: parent as HelpTip
+    readonly property bool offersCopy: tip?.offersCopy ?? false
     readonly property real widest: 420
-
-    signal copied
 
     bottomMargin: 6
     bottomPadding: 5
@@ -21,6 +20,7 @@ T.ToolTip {
     leftMargin: 6
     leftPadding: 9
     objectName: "tip"
+    text: tip?.text ?? ""
     rightMargin: 6
     rightPadding: 9
     topMargin: 6
@@ -55,7 +55,7 @@ T.ToolTip {
                 objectName: "copyTip"
                 text: "Copy"
 
-                onClicked: root.copied()
+                onClicked: root.tip.copied()
             }
 
             PlainText {

@@ -11,9 +11,9 @@ Column {
 
     required property FormatQualityPresenter choice
 
-    function focusSelected() {
-        formats.itemAt(choice.selectedFormat).forceActiveFocus(Qt.TabFocusReason);
-    }
+    // Handed the focus, it gives it to what is selected.
+    onActiveFocusChanged: if (activeFocus)
+        formats.itemAt(choice.selectedFormat).forceActiveFocus(Qt.TabFocusReason)
 
     spacing: 10
 

@@ -3,13 +3,14 @@ import QtQuick
 import Quillon.Presentation
 
 // What was fetched, and what can be done with it.
-Column {
+ActionColumn {
     id: root
 
     readonly property SingleModePresenter mode: Presenters.singleMode
-    readonly property alias actions: section.actions
-    readonly property alias entry: section.entry
-    readonly property alias choice: picker
+
+    actions: section.actions
+    choice: picker
+    entry: section.entry
 
     spacing: 12
     topPadding: 4

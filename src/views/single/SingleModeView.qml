@@ -9,7 +9,7 @@ ModePage {
     id: root
 
     readonly property SingleModePresenter mode: Presenters.singleMode
-    readonly property SingleInfoView info: result.item ? result.item as SingleInfoView : null
+    readonly property ActionColumn info: result.item ? result.item as ActionColumn : null
 
     actions: info?.actions ?? null
     choice: info?.choice ?? null
