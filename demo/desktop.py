@@ -96,9 +96,9 @@ class Desktop(contextlib.ExitStack):
         wait_until(answers, "the window manager")
 
     def _start_bus(self) -> str:
-        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address",
-                         stdout=subprocess.PIPE)
-        return bus.stdout.readline().decode().strip()
+        self.bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address",
+                              stdout=subprocess.PIPE)
+        return self.bus.stdout.readline().decode().strip()
 
     def run(self, *command) -> str:
         return subprocess.run(command, env=self.environment, check=True, timeout=60,

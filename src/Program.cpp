@@ -4,6 +4,7 @@
 #include "Appearance.h"
 #include "ApplicationId.h"
 #include "ApplicationService.h"
+#include "BusProbe.h"
 #include "CommandLine.h"
 #include "DownloadActivity.h"
 #include "FailureNotice.h"
@@ -42,6 +43,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::chrono::milliseconds restAfterFirstFrame{500};
+constexpr std::chrono::seconds busPatience{2};
 
 // The C library gives every thread a heap of its own and returns none of it: in half an
 // hour of work that added up to 160 MB (docs/reliability.md). Too little is allocated at
@@ -87,6 +89,15 @@ void drawIcon()
     QGuiApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
 }
 
+// A bus that hangs would keep the window from opening.
+void avoidHungBus()
+{
+    if (sessionBusAnswers(busPatience))
+        return;
+    std::fputs("The session's message bus does not answer; going on without it.\n", stderr);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+}
+
 /// The token that lets the program which was started show a window.
 QString activationToken()
 {
@@ -116,6 +127,7 @@ void obey(const ApplicationService &service, QuillonApp &app, MainWindow &mainWi
 int runProgram(int argc, char *argv[], const ProgramSetup &setup)
 {
     shareOneHeap();
+    avoidHungBus();
     const QString token = activationToken();           // before Qt takes it
     QGuiApplication::setApplicationName(u"quillon"_s); // which screen readers speak
     qputenv("RESOURCE_NAME", applicationId.toUtf8());  // of the window's class, under X11

@@ -9,12 +9,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int answerTimeout = 1000; // ms
-constexpr uint doNotQueue = 4;      // of RequestName
-
-BusObject daemonOf(const QDBusConnection &bus)
-{
-    return {bus, u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s};
-}
 
 QString objectPath()
 {
@@ -24,17 +18,17 @@ QString objectPath()
 } // namespace
 
 ApplicationService::ApplicationService(const QDBusConnection &bus)
-    : m_daemon(daemonOf(bus))
+    : m_name(bus, {applicationId})
 {
     new ApplicationAdaptor(this);
     // The object first: a program that the bus has started is called once it has the name.
     QDBusConnection(bus).registerObject(objectPath(), this);
-    m_daemon.call(u"RequestName"_s, {applicationId, doNotQueue});
+    m_name.acquire();
 }
 
 void ApplicationService::close()
 {
-    m_daemon.call(u"ReleaseName"_s, {applicationId});
+    m_name.release();
 }
 
 bool handOver(qint64 process, const QStringList &urls, const QString &token,
@@ -42,7 +36,7 @@ bool handOver(qint64 process, const QStringList &urls, const QString &token,
 {
     // Another Quillon, on preferences of its own, may have the name.
     const QDBusMessage owner =
-        daemonOf(bus).callAndWait(u"GetConnectionUnixProcessID"_s, {applicationId}, answerTimeout);
+        busDaemon(bus).callAndWait(u"GetConnectionUnixProcessID"_s, {applicationId}, answerTimeout);
     if (owner.type() != QDBusMessage::ReplyMessage
         || owner.arguments().value(0).toLongLong() != process)
         return false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BusObject.h"
+#include "BusName.h"
 
 #include <QObject>
 
@@ -26,7 +26,7 @@ Q_SIGNALS:
     void actionRequested(const QString &name, const QString &token);
 
 private:
-    BusObject m_daemon;
+    BusName m_name;
 };
 
 /// Hands URLs to the program with this process number, or brings it to the front if there

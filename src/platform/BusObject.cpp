@@ -33,6 +33,12 @@ QDBusMessage BusObject::callAndWait(const QString &method, const QVariantList &a
     return m_bus.call(message(method, arguments), QDBus::Block, timeout);
 }
 
+BusObject busDaemon(const QDBusConnection &bus)
+{
+    return {bus, QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+            QStringLiteral("org.freedesktop.DBus")};
+}
+
 QDBusMessage BusObject::message(const QString &method, const QVariantList &arguments) const
 {
     auto call = QDBusMessage::createMethodCall(m_service, m_path, m_interface, method);

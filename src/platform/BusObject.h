@@ -38,3 +38,6 @@ private:
     QString m_path;
     QString m_interface;
 };
+
+/// The bus itself, which knows the names on it.
+BusObject busDaemon(const QDBusConnection &bus);

@@ -17,6 +17,8 @@ const QString busName = u"org.mpris.MediaPlayer2.quillon"_s;
 
 MediaControl::MediaControl(const QDBusConnection &bus)
     : m_bus(bus)
+    // Another Quillon, on preferences of its own, may have the first.
+    , m_name(bus, {busName, busName + u".instance%1"_s.arg(QCoreApplication::applicationPid())})
 {
     new MprisRoot(this);
     m_player = new MprisPlayer(this);
@@ -31,33 +33,23 @@ void MediaControl::show(const NowPlaying &nowPlaying)
 {
     const QVariantMap before = m_player->properties();
     m_shown = nowPlaying;
-    if (m_name.isEmpty())
-        appear();
-    else
+    if (m_isShown) {
         announceChanges(before);
+        return;
+    }
+    m_isShown = true;
+    m_bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
+    m_name.acquire();
 }
 
 void MediaControl::hide()
 {
-    if (m_name.isEmpty())
+    if (!m_isShown)
         return;
-    m_bus.unregisterService(m_name);
+    m_isShown = false;
+    m_name.release();
     m_bus.unregisterObject(objectPath);
-    m_name.clear();
     m_shown = {};
-}
-
-void MediaControl::appear()
-{
-    m_bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
-    // Another Quillon, on preferences of its own, may have the name.
-    const QString own = busName + u".instance%1"_s.arg(QCoreApplication::applicationPid());
-    for (const QString &name : {busName, own}) {
-        if (m_bus.registerService(name)) {
-            m_name = name;
-            return;
-        }
-    }
 }
 
 void MediaControl::announceChanges(const QVariantMap &before) const

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDBusConnection>
+#include "BusName.h"
+
 #include <QObject>
 
 class MprisPlayer;
@@ -25,7 +26,8 @@ struct NowPlaying
 };
 
 /// The desktop's media control and media keys, by MPRIS on the session bus. It is on the
-/// bus only while something is shown; without a bus it does nothing. Main thread.
+/// bus only while something is shown; without a bus it does nothing, and it never waits for one.
+/// Main thread.
 class MediaControl : public QObject
 {
     Q_OBJECT
@@ -58,12 +60,12 @@ Q_SIGNALS:
     void sought(double position);
 
 private:
-    void appear();
     void announceChanges(const QVariantMap &before) const;
 
     QDBusConnection m_bus;
     MprisPlayer *m_player; // owned by this, as its child
-    QString m_name;        // on the bus; empty while it is not registered
+    BusName m_name;
+    bool m_isShown = false;
     NowPlaying m_shown;
     double m_position = 0;
 };

@@ -3,12 +3,16 @@
 """How the program is started, and started again while it runs."""
 
 import os
+import pathlib
+import shutil
+import signal
 import subprocess
+import tempfile
 import unittest
 
 import accessibility
 from case import Case
-from person import PROGRAM, WATCH, wait_until
+from person import PROGRAM, WATCH, Desktop, wait_until
 
 IDENTIFIER = "io.github.quillon.quillon"
 PATH = "/" + IDENTIFIER.replace(".", "/")
@@ -83,6 +87,22 @@ class StartedWithAddresses(Case):
     def test_fetches_its_address(self):
         self.person.start_program()
         self.person.see("Building a wooden boat, day 4: planking the hull")
+
+
+class StartedOnAHungBus(unittest.TestCase):
+    """Without the screen reader's side, which comes over that bus."""
+
+    def test_the_window_opens_all_the_same(self):
+        home = pathlib.Path(tempfile.mkdtemp(prefix="quillon-hung-"))
+        self.addCleanup(shutil.rmtree, home, ignore_errors=True)
+        with Desktop(home) as desktop:
+            os.kill(desktop.bus.pid, signal.SIGSTOP)
+            program = desktop.start(str(PROGRAM), stderr=subprocess.PIPE)
+            wait_until(lambda: desktop.window("Quillon"), "the window")
+            desktop.bus.kill()
+            program.terminate()
+            self.assertIn(b"does not answer; going on without it", program.communicate(timeout=30)[1])
+            self.assertEqual(program.returncode, 0)
 
 
 if __name__ == "__main__":
