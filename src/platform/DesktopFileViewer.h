@@ -5,8 +5,8 @@
 
 #include <QObject>
 
-/// The file manager, over the session bus; where none answers, the desktop's way of
-/// opening a folder.
+/// The file manager, over the session bus; where none answers, the desktop's portal, and
+/// without one, what is registered for folders.
 class DesktopFileViewer : public QObject, public FileViewer
 {
     Q_OBJECT
@@ -17,5 +17,6 @@ public:
     void open(const QUrl &url) override;
 
 private:
-    void call(const QString &method, const QString &path, const QString &fallbackFolder);
+    void callManager(const QString &method, const QString &path);
+    void callPortal(const QString &path);
 };

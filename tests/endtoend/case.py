@@ -24,9 +24,11 @@ class Case(unittest.TestCase):
     maxDiff = None
     preferences: dict | None = None
     fills_disk = ""
+    missing_services: tuple[str, ...] = ()
 
     def setUp(self):
-        self.person = Person(self.preferences, self.fills_disk)
+        self.person = Person(self.preferences, self.fills_disk,
+                             missing_services=self.missing_services)
         self.addCleanup(self.person.close)
         self.downloads = self.person.desktop.home / "Downloads"
 

@@ -25,6 +25,8 @@ MEDIA = pathlib.Path(os.environ["QUILLON_MEDIA"])
 # Quillon prefers these to the recorder in the test's own home.
 PREFERRED_TOOLS = ("/opt/homebrew/bin/yt-dlp", "/usr/local/bin/yt-dlp")
 REAL_TOOL = os.environ.get("QUILLON_TOOL", "/usr/bin/yt-dlp")
+SERVICES = ("org.freedesktop.Notifications", "org.freedesktop.FileManager1",
+            "org.freedesktop.ScreenSaver", "org.freedesktop.portal.Desktop")
 WATCH = "https://www.youtube.com/watch?v="
 
 
@@ -36,10 +38,12 @@ class Person:
     """With a desktop, a video site, a recording tool and Quillon of their own."""
 
     def __init__(self, preferences: dict | None = None, fills_disk: str = "",
-                 command: list[str] | None = None):
+                 command: list[str] | None = None, missing_services: tuple[str, ...] = ()):
         """Downloads of the one URL find no more room after 50 kB. With a command, it
-        is what is started, and the tool is the system's rather than a recording one."""
+        is what is started, and the tool is the system's rather than a recording one.
+        For the missing services there are no stand-ins."""
         self.fills_disk = fills_disk
+        self.missing_services = missing_services
         self.command = command or [str(PROGRAM)]
         self.records = command is None
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillon-test-"))
@@ -68,8 +72,8 @@ class Person:
         self.command += ["--local-pictures", place]
         self.desktop_services = self.desktop.start(
             sys.executable, str(ROOT / "tests/endtoend/services.py"),
-            str(self.folder / "services"), stderr=None)
-        wait_until(self._has_portal, "the desktop's services")
+            str(self.folder / "services"), *self.missing_services, stderr=None)
+        wait_until(self._has_services, "the desktop's services")
         self.start_program()
 
     def _install_recorder(self):
@@ -96,10 +100,11 @@ class Person:
         self.desktop.run("xdotool", "windowfocus", "--sync", self.window)
         self.see("Paste a YouTube URL...")
 
-    def _has_portal(self) -> bool:
-        return "org.freedesktop.portal.Desktop" in self.desktop.run(
-            "dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
-            "org.freedesktop.DBus.ListNames")
+    def _has_services(self) -> bool:
+        names = self.desktop.run("dbus-send", "--session", "--print-reply",
+                                 "--dest=org.freedesktop.DBus", "/",
+                                 "org.freedesktop.DBus.ListNames")
+        return all(name in names for name in SERVICES if name not in self.missing_services)
 
     def close(self):
         self.desktop.close()

@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Stand-ins for the desktop's services on the test's own bus.
 
-They write each call as a line of JSON to the file that is their argument. The
-desktop prefers light colours until SIGUSR1 comes, and dark ones from then on.
+They write each call as a line of JSON to the file that is their first argument; further
+ones are names that they leave to others. The desktop prefers light colours until SIGUSR1
+comes, and dark ones from then on.
 """
 
 import json
@@ -74,6 +75,8 @@ def main() -> None:
         return GLib.SOURCE_CONTINUE
 
     for name in PATHS:
+        if name in sys.argv[2:]:
+            continue
         Gio.bus_own_name(Gio.BusType.SESSION, name, Gio.BusNameOwnerFlags.NONE, provide, None, None)
     GLib.unix_signal_add(GLib.PRIORITY_DEFAULT, signal.SIGUSR1, turn_dark,
                          Gio.bus_get_sync(Gio.BusType.SESSION))

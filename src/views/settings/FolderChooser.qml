@@ -5,7 +5,7 @@ import QtQuick.Controls.Basic // qmllint disable unused-imports
 import QtQuick.Dialogs
 import Quillon.Presentation
 
-// The desktop's chooser for the download folder.
+// Qt's chooser for the download folder, where the desktop has none of its own.
 FolderDialog {
     required property SettingsPresenter settings
 

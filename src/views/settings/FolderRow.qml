@@ -13,13 +13,6 @@ Item {
 
     implicitHeight: caption.height + 4 + 32
 
-    // The chooser is heavy, so it is made when it is wanted, each time anew.
-    function browseForFolder() {
-        chooser.setSource("FolderChooser.qml", {
-            "settings": root.settings
-        });
-    }
-
     SymbolIcon {
         id: symbol
 
@@ -69,7 +62,7 @@ Item {
         symbol: "folder.badge.plus"
         text: "Browse"
 
-        onClicked: root.browseForFolder()
+        onClicked: desktopChooser.open(root.Window.window, root.settings.startFolder)
     }
 
     PushButton {
@@ -92,6 +85,16 @@ Item {
                 easing.type: Easing.OutQuint
             }
         }
+    }
+
+    DesktopFolderChooser {
+        id: desktopChooser
+
+        onChosen: folder => root.settings.chooseFolder(folder)
+        // Qt's is heavy, so it is made when it is wanted, each time anew.
+        onUnavailable: chooser.setSource("FolderChooser.qml", {
+            "settings": root.settings
+        })
     }
 
     Loader {
