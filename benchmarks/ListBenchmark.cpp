@@ -67,6 +67,8 @@ public:
     void compareFiltering()
     {
         auto *const list = find(u"playlistGrid"_s)->property("model").value<QObject *>();
+        // Where the field is.
+        flickableOf(find(u"playlistCards"_s))->setProperty("contentY", 0);
         QList<double> filtering;
         for (int round = 0; round < rounds; ++round) {
             for (const QString &text : {u"1"_s, u"12"_s, u"123"_s, u"12"_s, u"1"_s, QString()}) {

@@ -30,7 +30,10 @@ void PlaylistModel::setInfo(const VideoInfo &info)
     m_filter.clear();
     m_shown = matches();
     m_anchor = -1;
-    readHistory();
+    m_urls.clear();
+    for (const VideoInfo &entry : std::as_const(m_info.playlistEntries))
+        m_urls.insert(entry.originalURL);
+    m_known = known();
     endResetModel();
     Q_EMIT infoChanged();
     Q_EMIT filterChanged();
@@ -211,23 +214,24 @@ void PlaylistModel::selectShown()
     m_state.selectedPlaylistItems = shown;
 }
 
-void PlaylistModel::readHistory()
+QSet<QString> PlaylistModel::known() const
 {
-    QSet<QString> wanted;
-    for (const VideoInfo &entry : std::as_const(m_info.playlistEntries))
-        wanted.insert(entry.originalURL);
-    m_known.clear();
-    if (wanted.isEmpty())
-        return;
+    QSet<QString> known;
+    if (m_urls.isEmpty())
+        return known;
     for (const HistoryItem &record : m_state.history()) {
-        if (wanted.contains(record.url))
-            m_known.insert(record.url);
+        if (m_urls.contains(record.url))
+            known.insert(record.url);
     }
+    return known;
 }
 
 void PlaylistModel::followHistory()
 {
-    readHistory();
+    QSet<QString> now = known();
+    if (now == m_known)
+        return;
+    m_known = std::move(now);
     if (rowCount() > 0)
         Q_EMIT dataChanged(index(0), index(rowCount() - 1), {KnownRole});
 }

@@ -79,13 +79,14 @@ private:
     void show(const QList<qsizetype> &entries);
     void extendTo(int row);
     void followSelection();
-    void readHistory();
+    [[nodiscard]] QSet<QString> known() const;
     void followHistory();
 
     AppState &m_state;
     VideoInfo m_info;
     QString m_filter;
     QList<qsizetype> m_shown; // the entries that are rows
-    QSet<QString> m_known;    // of the entries' URLs, those that the history has
+    QSet<QString> m_urls;     // the entries'
+    QSet<QString> m_known;    // of these, those that the history has
     int m_anchor = -1;        // the row used last; -1: none
 };

@@ -48,6 +48,18 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(item("playlistGrid")->property("count").toInt(), 20, patience);
     }
 
+    void typingFromAfarComesIntoView()
+    {
+        QVERIFY(showPlaylist(playlist(200)));
+        QTRY_VERIFY_WITH_TIMEOUT(shown("playlistFilter"), patience);
+        QVERIFY(focusByTab("playlistFilter"));
+        item("page")->setProperty("contentY", 3000);
+        typeText("1");
+        const QQuickItem *const field = item("playlistFilter");
+        const QQuickItem *const page = item("page");
+        QTRY_VERIFY_WITH_TIMEOUT(field->mapToItem(page, {0, 0}).y() >= 0, patience);
+    }
+
     void aShortPlaylistHasNoFilter()
     {
         QVERIFY(showPlaylist(playlist(12)));

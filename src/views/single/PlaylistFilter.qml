@@ -25,7 +25,10 @@ Item {
 
         Accessible.name: placeholderText
 
-        onTextEdited: root.playlist.filter = text
+        onTextEdited: {
+            Pages.reveal(field); // it may have the keyboard from afar
+            root.playlist.filter = text;
+        }
 
         Keys.onEscapePressed: event => {
             event.accepted = root.playlist.filter !== "";
