@@ -24,43 +24,45 @@ T.TextField {
     ContextArea {
         id: menu
 
-        onAsked: root.menuAsked()
-
-        commands: [...root.moreCommands,
-            {
-                text: "Undo",
-                enabled: root.canUndo,
-                run: () => root.undo()
-            },
-            {
-                text: "Cut",
-                enabled: root.hasSelection,
-                run: () => root.cut()
-            },
-            {
-                text: "Copy",
-                enabled: root.hasSelection,
-                run: () => root.copy()
-            },
-            {
-                text: "Paste",
-                enabled: root.canPaste,
-                run: () => root.paste()
-            },
-            {
-                text: "Delete",
-                enabled: root.hasSelection,
-                run: () => {
-                    root.remove(root.selectionStart, root.selectionEnd);
-                    root.textEdited();
+        // Only now: looking at the clipboard makes Qt load all picture formats.
+        onAsked: {
+            root.menuAsked();
+            commands = [...root.moreCommands,
+                {
+                    text: "Undo",
+                    enabled: root.canUndo,
+                    run: () => root.undo()
+                },
+                {
+                    text: "Cut",
+                    enabled: root.hasSelection,
+                    run: () => root.cut()
+                },
+                {
+                    text: "Copy",
+                    enabled: root.hasSelection,
+                    run: () => root.copy()
+                },
+                {
+                    text: "Paste",
+                    enabled: root.canPaste,
+                    run: () => root.paste()
+                },
+                {
+                    text: "Delete",
+                    enabled: root.hasSelection,
+                    run: () => {
+                        root.remove(root.selectionStart, root.selectionEnd);
+                        root.textEdited();
+                    }
+                },
+                {
+                    text: "Select All",
+                    enabled: root.length > 0,
+                    run: () => root.selectAll()
                 }
-            },
-            {
-                text: "Select All",
-                enabled: root.length > 0,
-                run: () => root.selectAll()
-            }
-        ]
+            ];
+        }
     }
 
     color: Theme.primary
