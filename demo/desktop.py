@@ -50,8 +50,8 @@ class Desktop(contextlib.ExitStack):
 
     def start(self, *command, **options) -> subprocess.Popen:
         """Runs a program on the desktop until the desktop is closed."""
-        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
-                                   **({"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL} | options))
+        silent = dict.fromkeys(("stdin", "stdout", "stderr"), subprocess.DEVNULL)
+        process = subprocess.Popen(command, env=self.environment, **(silent | options))
         self.callback(self._end, process)
         return process
 
@@ -77,8 +77,9 @@ class Desktop(contextlib.ExitStack):
         admit(":0")  # the display looks at the cookie alone
         read, write = os.pipe()
         # Without -noreset it restarts when its last client leaves, and drops new ones.
-        self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{size}x24", "-noreset",
-                   "-nolisten", "tcp", "-auth", str(cookies), pass_fds=[write])
+        self.display_server = self.start(
+            "Xvfb", "-displayfd", str(write), "-screen", "0", f"{size}x24", "-noreset",
+            "-nolisten", "tcp", "-auth", str(cookies), pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as number:
             display = ":" + number.readline().strip()

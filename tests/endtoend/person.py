@@ -25,6 +25,7 @@ MEDIA = pathlib.Path(os.environ["QUILLON_MEDIA"])
 # Quillon prefers these to the recorder in the test's own home.
 PREFERRED_TOOLS = ("/opt/homebrew/bin/yt-dlp", "/usr/local/bin/yt-dlp")
 REAL_TOOL = os.environ.get("QUILLON_TOOL", "/usr/bin/yt-dlp")
+IDENTIFIER = "io.github.quillon.quillon"
 SERVICES = ("org.freedesktop.Notifications", "org.freedesktop.FileManager1",
             "org.freedesktop.ScreenSaver", "org.freedesktop.portal.Desktop")
 WATCH = "https://www.youtube.com/watch?v="
@@ -101,10 +102,13 @@ class Person:
         self.see("Paste a YouTube URL...")
 
     def _has_services(self) -> bool:
-        names = self.desktop.run("dbus-send", "--session", "--print-reply",
-                                 "--dest=org.freedesktop.DBus", "/",
-                                 "org.freedesktop.DBus.ListNames")
+        names = self.bus_names()
         return all(name in names for name in SERVICES if name not in self.missing_services)
+
+    def bus_names(self) -> str:
+        return self.desktop.run("dbus-send", "--session", "--print-reply",
+                                "--dest=org.freedesktop.DBus", "/",
+                                "org.freedesktop.DBus.ListNames")
 
     def close(self):
         self.desktop.close()

@@ -12,9 +12,8 @@ import unittest
 
 import accessibility
 from case import Case
-from person import PROGRAM, WATCH, Desktop, wait_until
+from person import IDENTIFIER, PROGRAM, WATCH, Desktop, wait_until
 
-IDENTIFIER = "io.github.quillon.quillon"
 PATH = "/" + IDENTIFIER.replace(".", "/")
 
 
