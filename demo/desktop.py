@@ -112,6 +112,9 @@ class Desktop(contextlib.ExitStack):
                                stderr=subprocess.DEVNULL).stdout.split()
         return found[-1].decode() if found else None
 
+    def resize(self, window: str, width: int, height: int) -> None:
+        self.run("xdotool", "windowsize", "--sync", window, str(width), str(height))
+
     def keys(self, *names: str) -> None:
         self.run("xdotool", "key", "--clearmodifiers", *names)
 

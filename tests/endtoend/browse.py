@@ -19,7 +19,7 @@ FIRST, SECOND, THIRD, FOURTH = (TITLES[video] for video in ("boat", "caulking", 
 class Browse(Case):
     def setUp(self):
         super().setUp()
-        self.person.desktop.run("xdotool", "windowsize", "--sync", self.person.window, "960", "860")
+        self.person.desktop.resize(self.person.window, 960, 860)
 
     def picture(self) -> str:
         """What is seen at the left of the player, where no spinner is: it changes while

@@ -6,7 +6,7 @@ import pathlib
 import subprocess
 import unittest
 
-from person import WATCH, Person
+from person import WATCH, Desktop, Person
 
 
 def probe(path: pathlib.Path) -> dict:
@@ -25,10 +25,12 @@ class Case(unittest.TestCase):
     preferences: dict | None = None
     fills_disk = ""
     missing_services: tuple[str, ...] = ()
+    desktop_class = Desktop
 
     def setUp(self):
         self.person = Person(self.preferences, self.fills_disk,
-                             missing_services=self.missing_services)
+                             missing_services=self.missing_services,
+                             desktop_class=self.desktop_class)
         self.addCleanup(self.person.close)
         self.downloads = self.person.desktop.home / "Downloads"
 

@@ -39,7 +39,8 @@ class Person:
     """With a desktop, a video site, a recording tool and Quillon of their own."""
 
     def __init__(self, preferences: dict | None = None, fills_disk: str = "",
-                 command: list[str] | None = None, missing_services: tuple[str, ...] = ()):
+                 command: list[str] | None = None, missing_services: tuple[str, ...] = (),
+                 desktop_class: type[Desktop] = Desktop):
         """Downloads of the one URL find no more room after 50 kB. With a command, it
         is what is started, and the tool is the system's rather than a recording one.
         For the missing services there are no stand-ins."""
@@ -48,7 +49,7 @@ class Person:
         self.command = command or [str(PROGRAM)]
         self.records = command is None
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillon-test-"))
-        self.desktop = Desktop(self.folder / "home")
+        self.desktop = desktop_class(self.folder / "home")
         self.recorder = self.desktop.home / ".local/bin/yt-dlp"
         if self.records:
             # Whatever its age, no notice about it gets in the way.
@@ -97,7 +98,7 @@ class Person:
     def start_program(self):
         self.program = self.desktop.start(*self.command, stderr=open(self.folder / "stderr", "ab"))
         self.window = wait_until(lambda: self.desktop.window("Quillon"), "the window")
-        self.desktop.run("xdotool", "windowsize", "--sync", self.window, "960", "720")
+        self.desktop.resize(self.window, 960, 720)
         self.desktop.run("xdotool", "windowfocus", "--sync", self.window)
         self.see("Paste a YouTube URL...")
 

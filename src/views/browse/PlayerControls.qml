@@ -13,6 +13,8 @@ Rectangle {
     property bool isPictureInPicture: false
     // Not all of them fit into a small window.
     readonly property bool isNarrow: width < 420
+    // Under Wayland no window can keep itself above others.
+    readonly property string pictureInPictureHelp: Qt.platform.pluginName.startsWith("wayland") ? "Picture in picture, which other windows may cover here" : "Picture in picture"
 
     signal fullScreenToggled
     signal pictureInPictureToggled
@@ -131,7 +133,7 @@ Rectangle {
             }
 
             PlayerButton {
-                help: root.isPictureInPicture ? "Back into the window" : "Picture in picture"
+                help: root.isPictureInPicture ? "Back into the window" : root.pictureInPictureHelp
                 objectName: "pictureInPicture"
                 symbol: root.isPictureInPicture ? "pip.exit" : "pip.enter"
 

@@ -1,0 +1,103 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The main job, watching, settings and a second start under a Wayland compositor."""
+
+import pathlib
+import sys
+import unittest
+
+import browse
+import sessions
+import starts
+from case import Case, probe
+from person import WATCH, wait_until
+from wayland_desktop import SIZE, WaylandDesktop, WaylandDesktopOfManyWindows
+
+TITLE = "Building a wooden boat, day 4: planking the hull"
+
+
+class UnderWayland(Case):
+    desktop_class = WaylandDesktop
+
+    def test_it_is_wayland(self):
+        maps = open(f"/proc/{self.person.program.pid}/maps", encoding="utf-8").read()
+        self.assertIn("libqwayland", maps)
+        self.assertNotIn("libqxcb", maps)
+
+    def test_the_main_job_is_done(self):
+        self.download("boat", TITLE, "Complete")
+        wait_until(self.person.history, "the record")
+        self.assertEqual(probe(self.person.history()[0]["savedPath"])["height"], 1080)
+
+    def test_a_setting_is_chosen_from_its_menu(self):
+        person = self.person
+        person.click("Settings")
+        person.click("Speed")
+        person.click("1 MB/s")
+        person.click("Save")
+        person.see("Saved!")
+        person.click("Paste a YouTube URL...")
+        self.download("progressive", "Test video progressive", "Complete")
+        self.assertIn("1M", person.calls()[-1][0])
+
+
+class WatchingUnderWayland(browse.Browse):
+    desktop_class = WaylandDesktop
+
+    def header(self) -> str:
+        """What is seen where the window has its name."""
+        return self.person.desktop.run("import", "-window", self.person.window, "-crop",
+                                       "300x50+20+80", "-depth", "8", "-format", "%#", "info:-")
+
+    def test_full_screen_and_back(self):
+        self.play_first()
+        before = self.header()
+        self.person.tab_to("Video", "shift+Tab")
+        self.person.desktop.keys("f")
+        wait_until(lambda: self.header() != before, "the film on the whole screen")
+        self.person.see("Playing in full screen")
+        self.person.desktop.keys("Escape")
+        wait_until(lambda: self.header() == before, "the window to be back")
+        self.check_plays()
+
+    def test_picture_in_picture_says_that_it_may_be_covered(self):
+        self.play_first()
+        self.control("Pause")  # so that the controls stay
+        self.person.click("Picture in picture, which other windows may cover here")
+        self.person.see("Playing in picture in picture")
+
+
+class DroppedUnderWayland(Case):
+    desktop_class = WaylandDesktopOfManyWindows
+
+    def test_an_address_reaches_the_field(self):
+        desktop = self.person.desktop
+        desktop.start(sys.executable, str(pathlib.Path(__file__).with_name("drag_source.py")),
+                      WATCH + "boat", stderr=None)
+        x, y = wait_until(lambda: desktop.find_colour(b"\xff\x00\xff"), "the source")
+        # The window covers the middle of the screen; the source may lie over that.
+        to_x = SIZE[0] // 2 + (200 if abs(x - SIZE[0] // 2) < 100 else 0)
+        steps = [f"mousemove {x} {y}", "mousedown 1",
+                 *(f"mousemove {x + (to_x - x) * step // 20} {y + (SIZE[1] // 2 - y) * step // 20}"
+                   for step in range(1, 21)), "mouseup 1"]
+        for step in steps:
+            desktop.run("xdotool", *step.split())
+        wait_until(lambda: self.person.text_of("Paste a YouTube URL...") == WATCH + "boat", "the drop")
+
+
+class StartedAgainUnderWayland(starts.StartedAgain):
+    desktop_class = WaylandDesktop
+
+    def test_hands_one_address_over(self):
+        super().test_hands_one_address_over()
+
+
+class LostCompositor(sessions.LostDisplay):
+    desktop_class = WaylandDesktop
+
+    def test_leaves_no_tool_and_no_lock(self):
+        super().test_leaves_no_tool_and_no_lock()
+
+
+if __name__ == "__main__":
+    unittest.main()
