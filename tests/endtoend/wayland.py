@@ -2,16 +2,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The main job, watching, settings and a second start under a Wayland compositor."""
 
-import pathlib
-import sys
 import unittest
 
 import browse
 import sessions
 import starts
 from case import Case, probe
-from person import WATCH, wait_until
-from wayland_desktop import SIZE, WaylandDesktop, WaylandDesktopOfManyWindows
+from person import wait_until
+from wayland_desktop import WaylandDesktop
 
 TITLE = "Building a wooden boat, day 4: planking the hull"
 
@@ -65,24 +63,6 @@ class WatchingUnderWayland(browse.Browse):
         self.control("Pause")  # so that the controls stay
         self.person.click("Picture in picture, which other windows may cover here")
         self.person.see("Playing in picture in picture")
-
-
-class DroppedUnderWayland(Case):
-    desktop_class = WaylandDesktopOfManyWindows
-
-    def test_an_address_reaches_the_field(self):
-        desktop = self.person.desktop
-        desktop.start(sys.executable, str(pathlib.Path(__file__).with_name("drag_source.py")),
-                      WATCH + "boat", stderr=None)
-        x, y = wait_until(lambda: desktop.find_colour(b"\xff\x00\xff"), "the source")
-        # The window covers the middle of the screen; the source may lie over that.
-        to_x = SIZE[0] // 2 + (200 if abs(x - SIZE[0] // 2) < 100 else 0)
-        steps = [f"mousemove {x} {y}", "mousedown 1",
-                 *(f"mousemove {x + (to_x - x) * step // 20} {y + (SIZE[1] // 2 - y) * step // 20}"
-                   for step in range(1, 21)), "mouseup 1"]
-        for step in steps:
-            desktop.run("xdotool", *step.split())
-        wait_until(lambda: self.person.text_of("Paste a YouTube URL...") == WATCH + "boat", "the drop")
 
 
 class StartedAgainUnderWayland(starts.StartedAgain):
