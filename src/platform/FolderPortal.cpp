@@ -54,8 +54,8 @@ void FolderPortal::handleVersion(const QDBusMessage &reply)
     QVariantMap options{{u"accept_label"_s, u"Select Folder"_s}, {u"directory"_s, true}};
     if (version >= startsInFolder) // bytes that end with a zero
         options.insert(u"current_folder"_s, QFile::encodeName(m_startFolder) + '\0');
-    m_request->send(reply.service(), fileChooser, u"OpenFile"_s,
-                    {m_parentWindow, u"Choose Download Folder"_s}, options);
+    m_request->send(fileChooser, u"OpenFile"_s, {m_parentWindow, u"Choose Download Folder"_s},
+                    options);
 }
 
 void FolderPortal::handleAnswer(const QVariantMap &results)

@@ -13,6 +13,7 @@ const QString requestInterface = u"org.freedesktop.portal.Request"_s;
 // What a response means.
 constexpr uint success = 0;
 constexpr uint userCancelled = 1;
+constexpr uint otherwise = 2;
 
 } // namespace
 
@@ -27,23 +28,34 @@ PortalRequest::~PortalRequest()
         BusObject(m_bus, m_portal, m_path, requestInterface).call(u"Close"_s, {});
 }
 
-void PortalRequest::send(const QString &portal, const QString &interface, const QString &method,
-                         const QVariantList &arguments, QVariantMap options)
+void PortalRequest::send(const QString &interface, const QString &method,
+                         const QVariantList &arguments, const QVariantMap &options)
 {
-    m_portal = portal;
+    busDaemon(m_bus).call(u"GetNameOwner"_s, {u"org.freedesktop.portal.Desktop"_s}, this,
+                          [this, interface, method, arguments, options](const QDBusMessage &reply) {
+                              m_portal = reply.arguments().value(0).toString();
+                              if (reply.type() == QDBusMessage::ReplyMessage && !m_portal.isEmpty())
+                                  ask(interface, method, arguments, options);
+                              else
+                                  Q_EMIT failed();
+                          });
+}
+
+void PortalRequest::ask(const QString &interface, const QString &method, QVariantList arguments,
+                        QVariantMap options)
+{
     const QString token = u"quillon"_s + QUuid::createUuid().toString(QUuid::Id128);
     options.insert(u"handle_token"_s, token);
+    arguments.append(options);
     // Made of the token and this client's name, so that the answer cannot come before
     // anybody listens.
     listenAt(u"/org/freedesktop/portal/desktop/request/"_s
              + m_bus.baseService().mid(1).replace(u'.', u'_') + u'/' + token);
-    QVariantList all = arguments;
-    all.append(options);
-    BusObject(m_bus, portal, u"/org/freedesktop/portal/desktop"_s, interface)
-        .call(method, all, this, [this](const QDBusMessage &reply) {
+    BusObject(m_bus, m_portal, u"/org/freedesktop/portal/desktop"_s, interface)
+        .call(method, arguments, this, [this](const QDBusMessage &reply) {
             const auto path = reply.arguments().value(0).value<QDBusObjectPath>().path();
             if (reply.type() != QDBusMessage::ReplyMessage)
-                handleResponse(success + 2, {});
+                handleResponse(otherwise, {});
             else if (!m_path.isEmpty() && path != m_path)
                 listenAt(path); // portals before 0.9
         });

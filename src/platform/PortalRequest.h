@@ -16,10 +16,10 @@ public:
     explicit PortalRequest(const QDBusConnection &bus = QDBusConnection::sessionBus());
     ~PortalRequest() override;
 
-    /// Calls a method, with the options as its last argument. `portal` is the unique name of
-    /// who is at work under the portal's: answers of others do not count.
-    void send(const QString &portal, const QString &interface, const QString &method,
-              const QVariantList &arguments, QVariantMap options);
+    /// Calls a method of the portal, with the options as its last argument. Only who is at work
+    /// under the portal's name at that moment can answer.
+    void send(const QString &interface, const QString &method, const QVariantList &arguments,
+              const QVariantMap &options);
 
 Q_SIGNALS:
     void answered(const QVariantMap &results);
@@ -30,9 +30,11 @@ private Q_SLOTS:
     void handleResponse(uint response, const QVariantMap &results);
 
 private:
+    void ask(const QString &interface, const QString &method, QVariantList arguments,
+             QVariantMap options);
     void listenAt(const QString &path);
 
     QDBusConnection m_bus;
-    QString m_portal;
-    QString m_path; // of the request's object; empty when it has ended
+    QString m_portal; // its unique name
+    QString m_path;   // of the request's object; empty when it has ended
 };

@@ -15,7 +15,8 @@ ModePage {
     choice: info?.choice ?? null
     entry: info?.entry ?? null
 
-    // The result's view, prepared while the tool is working.
+    // The result's view, prepared while the tool is working. It goes with this one: what the
+    // engine collects at its own end would, still loading, reach for a loader that has gone.
     property Component resultView: null
 
     // Made each time it is shown, and gone when it has left.
@@ -55,7 +56,7 @@ ModePage {
         }
 
         onShownChanged: if (shown && !root.resultView)
-            root.resultView = Qt.createComponent("SingleInfoView.qml", Component.Asynchronous)
+            root.resultView = Qt.createComponent("SingleInfoView.qml", Component.Asynchronous, root)
     }
 
     Section {
