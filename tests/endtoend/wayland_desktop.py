@@ -17,9 +17,11 @@ class WaylandDesktop(Desktop):
 
     def _start_window_manager(self) -> None:
         settings = self.home / "weston.ini"
-        # Releases differ in how they call the renderer.
+        # Releases differ in how they call the renderer, and none takes both.
+        release = int(re.search(r"\d+", self.run("weston", "--version"))[0])
+        renderer = "renderer=pixman" if release >= 12 else "use-pixman=true"
         settings.write_text("[core]\nbackend=x11-backend.so\nshell=kiosk-shell.so\nidle-time=0\n"
-                            "use-pixman=true\nrenderer=pixman\n")
+                            f"{renderer}\n")
         log = self.home / "weston.log"
         with log.open("w") as output:
             self.display_server = self.start("weston", f"--config={settings}", "--socket=quillon",
