@@ -10,7 +10,7 @@ target_compile_definitions(quillon_options INTERFACE
     QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
 # -pthread everywhere: a precompiled header wants the macros that it was made with.
 target_compile_options(quillon_options INTERFACE -pthread -Wall -Wextra -Wpedantic
-    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:QUILLON_IS_COMPILED_QML>>>:-Wconversion>)
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:QUILLON_IS_COMPILED_QML>>>:-Wconversion;-Wsign-conversion>)
 if(QUILLON_WARNINGS_ARE_ERRORS)
     target_compile_options(quillon_options INTERFACE -Werror)
 endif()

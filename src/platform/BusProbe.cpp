@@ -30,7 +30,7 @@ std::optional<SocketAddress> socketNamed(const QByteArray &name)
         return std::nullopt;
     found.address.sun_family = AF_UNIX;
     std::copy(name.cbegin(), name.cend(), std::begin(found.address.sun_path));
-    found.length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
+    found.length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + size_t(name.size()));
     return found;
 }
 

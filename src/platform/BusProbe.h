@@ -4,7 +4,7 @@
 #include <chrono>
 
 /// Whether the session's bus takes part in the first exchange with a client, for which it is
-/// given this long. Qt would wait for it at the start, for 25 seconds time and again. True
-/// also where there is no bus to ask, or none that can be asked this way: then nothing waits.
-/// Needs no application object.
+/// given this long. Qt would wait for it at the start, without a limit. True also where there is
+/// no bus to ask, or none that can be asked this way: then nothing waits. Needs no application
+/// object.
 bool sessionBusAnswers(std::chrono::milliseconds patience);
