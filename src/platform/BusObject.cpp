@@ -19,8 +19,11 @@ void BusObject::call(const QString &method, const QVariantList &arguments) const
 void BusObject::call(const QString &method, const QVariantList &arguments, QObject *context,
                      const Handler &handler) const
 {
-    auto *const watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(message(method, arguments)), context);
+    // What Qt makes of a call without a bus never ends.
+    const QDBusPendingCall pending = m_bus.isConnected()
+        ? m_bus.asyncCall(message(method, arguments))
+        : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, QString()));
+    auto *const watcher = new QDBusPendingCallWatcher(pending, context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [watcher, handler] {
         watcher->deleteLater();
         handler(watcher->reply());

@@ -40,7 +40,10 @@ void FolderPortal::open(const QString &parentWindow, const QString &startFolder)
     BusObject(m_bus, u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
               u"org.freedesktop.DBus.Properties"_s)
         .call(u"Get"_s, {fileChooser, u"version"_s}, m_request.get(),
-              [this](const QDBusMessage &reply) { handleVersion(reply); });
+              [this, request = m_request.get()](const QDBusMessage &reply) {
+                  if (request == m_request.get()) // which lives on for a moment after end()
+                      handleVersion(reply);
+              });
 }
 
 void FolderPortal::handleVersion(const QDBusMessage &reply)

@@ -219,6 +219,7 @@ private Q_SLOTS:
         QVERIFY(chooser);
         const QQuickItem *const select = confirmation();
         QVERIFY(select);
+        QVERIFY(QTest::qWaitForWindowExposed(select->window()));
         QTest::keyClick(select->window(), Qt::Key_Escape);
         QTRY_VERIFY_WITH_TIMEOUT(!chooser->property("visible").toBool(), patience);
         QCOMPARE(state().downloadDir(), u"~/Music"_s);
