@@ -6,7 +6,7 @@ import pathlib
 import subprocess
 import unittest
 
-from person import WATCH, Desktop, Person
+from person import WATCH, Desktop, Person, wait_until
 
 
 def probe(path: pathlib.Path) -> dict:
@@ -45,3 +45,13 @@ class Case(unittest.TestCase):
         person.see(title)
         person.desktop.keys("ctrl+d")
         person.see(end, 120)
+
+    def start_slow_download(self):
+        """Until the tool has written its first bytes."""
+        person = self.person
+        person.desktop.type(WATCH + "slow")
+        person.desktop.keys("Return")
+        person.see("Test video slow")
+        person.desktop.keys("ctrl+d")
+        wait_until(person.tools, "the tool")
+        wait_until(lambda: list(self.downloads.glob("*.part")), "what it writes")

@@ -157,13 +157,8 @@ class MainJob(Case):
         self.assertEqual(probe(self.downloads / f"{TITLE}.mp4")["height"], 1080)
 
     def test_a_killed_program_leaves_no_tool(self):
+        self.start_slow_download()
         person = self.person
-        person.desktop.type(WATCH + "slow")
-        person.desktop.keys("Return")
-        person.see("Test video slow")
-        person.desktop.keys("ctrl+d")
-        person.see("Downloading")
-        wait_until(person.tools, "the tool")
         os.kill(person.program.pid, signal.SIGKILL)
         wait_until(lambda: not person.tools(), "the tool to end", 2)
 

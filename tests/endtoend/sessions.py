@@ -9,19 +9,10 @@ import sys
 import unittest
 
 from case import Case
-from person import IDENTIFIER, WATCH, wait_until
+from person import IDENTIFIER, wait_until
 
 
 class MidDownload(Case):
-    def start_download(self):
-        person = self.person
-        person.desktop.type(WATCH + "slow")
-        person.desktop.keys("Return")
-        person.see("Test video slow")
-        person.desktop.keys("ctrl+d")
-        wait_until(person.tools, "the tool")
-        wait_until(lambda: list(self.downloads.glob("*.part")), "what it writes")
-
     def end_is_clean(self):
         wait_until(lambda: not self.person.tools(), "the end of the tool")
         self.assertTrue(list(self.downloads.glob("*.part")), "for a later run")
@@ -29,7 +20,7 @@ class MidDownload(Case):
 
 class EndOfSession(MidDownload):
     def test_a_terminated_program_takes_its_tool_along(self):
-        self.start_download()
+        self.start_slow_download()
         self.person.program.terminate()
         self.assertEqual(self.person.program.wait(timeout=30), 0)
         self.end_is_clean()
@@ -41,7 +32,7 @@ class LostDisplay(MidDownload):
 
     def test_leaves_no_tool_and_no_lock(self):
         person = self.person
-        self.start_download()
+        self.start_slow_download()
         person.desktop.display_server.kill()
         self.assertNotEqual(person.program.wait(timeout=30), 0)
         self.end_is_clean()
@@ -67,7 +58,7 @@ class EndOfManagedSession(MidDownload):
         self.assertEqual(self.manager.stdout.readline(), "registered\n")
 
     def test_the_session_manager_ends_it(self):
-        self.start_download()
+        self.start_slow_download()
         self.manager.stdin.write("end\n")
         self.manager.stdin.flush()
         self.assertEqual(self.person.program.wait(timeout=30), 0)
