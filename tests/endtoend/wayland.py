@@ -2,13 +2,17 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The main job, watching, settings and a second start under a Wayland compositor."""
 
+import pathlib
+import select
+import subprocess
 import unittest
 
 import browse
 import sessions
 import starts
 from case import Case, probe
-from person import wait_until
+from person import PROGRAM, WATCH, wait_until
+from sway_desktop import SwayDesktop
 from wayland_desktop import WaylandDesktop
 
 TITLE = "Building a wooden boat, day 4: planking the hull"
@@ -70,6 +74,52 @@ class StartedAgainUnderWayland(starts.StartedAgain):
 
     def test_hands_one_address_over(self):
         super().test_hands_one_address_over()
+
+
+class AmongOtherWindows(Case):
+    desktop_class = SwayDesktop
+
+    def setUp(self):
+        super().setUp()
+        desktop = self.person.desktop
+        self.neighbour = desktop.start(
+            "/usr/bin/python3", str(pathlib.Path(__file__).with_name("neighbour.py")), WATCH + "boat",
+            str(PROGRAM), WATCH + "nocturne", stdout=subprocess.PIPE, stderr=None, bufsize=0)
+        wait_until(lambda: desktop.window("Neighbour"), "the other program's window")
+
+    def mouse(self, *events):
+        self.person.desktop.run("xdotool", *map(str, events))
+
+    def neighbour_says(self, step: str):
+        self.assertTrue(select.select([self.neighbour.stdout], [], [], 60)[0], step)
+        self.assertEqual(self.neighbour.stdout.readline().decode().strip(), step)
+
+    def place_of(self, title: str) -> tuple[int, int]:
+        place = self.person.desktop.windows()[title]["rect"]
+        return place["x"] + place["width"] // 2, place["y"] + place["height"] // 2
+
+    def has_focus(self) -> bool:
+        return self.person.desktop.windows()["Quillon"]["focused"]
+
+    def test_an_address_dropped_from_one_reaches_the_field(self):
+        x, y = self.place_of("Neighbour")
+        self.mouse("mousemove", x, y)
+        self.neighbour_says("entered")
+        self.mouse("mousedown", 1)
+        self.neighbour_says("pressed")
+        self.mouse("mousemove", x + 10, y, "mousemove", x + 30, y)
+        self.neighbour_says("begun")
+        self.mouse("mousemove", *self.place_of("Quillon"))
+        self.neighbour_says("wanted")
+        self.mouse("mouseup", 1)
+        wait_until(lambda: self.person.text_of("Paste a YouTube URL...") == WATCH + "boat", "the drop")
+
+    def test_started_from_one_it_comes_forward(self):
+        self.person.desktop.focus("Neighbour")
+        wait_until(lambda: not self.has_focus(), "the other window to have the focus")
+        self.mouse("mousemove", *self.place_of("Neighbour"), "click", 1)
+        self.person.see("Nocturne in E-flat major, live recording")
+        wait_until(self.has_focus, "the focus")
 
 
 class LostCompositor(sessions.LostDisplay):
