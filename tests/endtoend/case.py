@@ -3,6 +3,7 @@
 
 import json
 import pathlib
+import select
 import subprocess
 import unittest
 
@@ -16,6 +17,13 @@ def probe(path: pathlib.Path) -> dict:
     streams = json.loads(output)["streams"]
     found = {stream["codec_type"]: stream["codec_name"] for stream in streams}
     return found | {"height": max(stream.get("height", 0) for stream in streams)}
+
+
+def next_line(process: subprocess.Popen) -> str:
+    """What an unbuffered helper says next."""
+    if not select.select([process.stdout], [], [], 60)[0]:
+        raise TimeoutError("waited 60 s in vain for a line")
+    return process.stdout.readline().decode().rstrip("\n")
 
 
 class Case(unittest.TestCase):

@@ -7,11 +7,12 @@ import pathlib
 import shutil
 import signal
 import subprocess
+import sys
 import tempfile
 import unittest
 
 import accessibility
-from case import Case
+from case import Case, next_line
 from person import IDENTIFIER, PROGRAM, WATCH, Desktop, wait_until
 
 PATH = "/" + IDENTIFIER.replace(".", "/")
@@ -44,6 +45,17 @@ class StartedAgain(Case):
         self.assertEqual(self.start_again(WATCH + "boat", WATCH + "nocturne").returncode, 0)
         self.person.see_row("Building a wooden boat, day 4: planking the hull", "Ready")
         self.person.see_row("Nocturne in E-flat major, live recording", "Ready")
+
+    def test_completes_its_startup_sequence_as_of_its_moment(self):
+        listener = self.person.desktop.start(
+            sys.executable, str(pathlib.Path(__file__).with_name("desktop_messages.py")),
+            stdout=subprocess.PIPE, stderr=None, bufsize=0)
+        self.assertEqual(next_line(listener), "listening")
+        identifier = 'a\\"launcher"-of-programs_TIME4321'
+        self.assertEqual(self.start_again(DESKTOP_STARTUP_ID=identifier).returncode, 0)
+        self.assertEqual(next_line(listener), "activate 4321")
+        self.assertEqual(next_line(listener),
+                         r'startup remove: ID="a\\\"launcher\"-of-programs_TIME4321"')
 
     def test_refuses_what_is_no_address(self):
         answer = self.start_again("/etc/passwd")

@@ -3,14 +3,13 @@
 """The main job, watching, settings and a second start under a Wayland compositor."""
 
 import pathlib
-import select
 import subprocess
 import unittest
 
 import browse
 import sessions
 import starts
-from case import Case, probe
+from case import Case, next_line, probe
 from person import PROGRAM, WATCH, wait_until
 from sway_desktop import SwayDesktop
 from wayland_desktop import WaylandDesktop
@@ -91,8 +90,7 @@ class AmongOtherWindows(Case):
         self.person.desktop.run("xdotool", *map(str, events))
 
     def neighbour_says(self, step: str):
-        self.assertTrue(select.select([self.neighbour.stdout], [], [], 60)[0], step)
-        self.assertEqual(self.neighbour.stdout.readline().decode().strip(), step)
+        self.assertEqual(next_line(self.neighbour), step)
 
     def place_of(self, title: str) -> tuple[int, int]:
         place = self.person.desktop.windows()[title]["rect"]

@@ -4,6 +4,7 @@
 #include "Appearance.h"
 #include "NoticePresenter.h"
 #include "QuillonApp.h"
+#include "StartupSequence.h"
 #include "ToolPresenter.h"
 
 #include <QGuiApplication>
@@ -66,6 +67,7 @@ void MainWindow::bringForward(const QString &token) const
     if (window()->windowStates() & Qt::WindowMinimized)
         window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
     window()->raise();
+    completeStartup(*window(), token);
     window()->requestActivate();
     qunsetenv("XDG_ACTIVATION_TOKEN"); // no program that is started from here shall have it
     // Window managers may refuse, for example for a window on another workspace.
