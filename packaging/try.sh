@@ -32,7 +32,8 @@ status=0
 QT_QPA_PLATFORM=offscreen HOME=$folder timeout 10 quillon || status=$?
 ((status == 124)) || { echo "It ended by itself, with $status" >&2; exit 1; }
 say "Installing it with what is recommended, and doing the demonstration"
-apt_quietly install --reinstall "$package"
+apt_quietly remove quillon # what is installed already gets no recommended packages
+apt_quietly install "$package"
 install_packages demo
 python3 demo/demo.py --program /usr/bin/quillon --into "$folder/demo"
 rm -rf "$folder"
