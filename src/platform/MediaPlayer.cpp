@@ -114,31 +114,41 @@ void MediaPlayer::setMuted(bool isMuted)
     Q_EMIT soundChanged();
 }
 
-void MediaPlayer::setPictureSize(const QSize &size)
+void MediaPlayer::setWish(const QObject *view, const PictureWish &wish)
 {
-    if (size.isEmpty() || size == m_pictureSize)
+    if (wish.size.isEmpty())
+        m_wishes.remove(view);
+    else
+        m_wishes.insert(view, wish);
+    const auto isSmaller = [](const PictureWish &one, const PictureWish &other) {
+        return one.size.width() < other.size.width();
+    };
+    const auto largest = std::max_element(m_wishes.cbegin(), m_wishes.cend(), isSmaller);
+    const PictureWish wanted = largest == m_wishes.cend() ? PictureWish() : *largest;
+    if (wanted == m_wish)
         return;
-    m_pictureSize = size;
+    m_wish = wanted;
     if (m_engine)
-        m_engine->setPictureSize(size);
+        m_engine->setWish(m_wish);
 }
 
 bool MediaPlayer::loadEngine()
 {
     if (m_engine)
         return true;
-    m_engine = m_makeEngine({.statusChanged = [this](const auto &status) { handleStatus(status); },
-                             .pictureChanged = [this](const auto &image) { handlePicture(image); },
-                             .ended = [this] { handleEnd(); },
-                             .failed = [this](const auto &message) { handleFailure(message); }},
-                            m_engineError);
+    m_engine = m_makeEngine(
+        {.statusChanged = [this](const auto &status) { handleStatus(status); },
+         .pictureChanged = [this](const auto &image,
+                                  const auto &proportions) { handlePicture(image, proportions); },
+         .ended = [this] { handleEnd(); },
+         .failed = [this](const auto &message) { handleFailure(message); }},
+        m_engineError);
     if (!m_engine)
         return false;
     m_engine->setPaused(m_isPaused);
     m_engine->setVolume(m_volume);
     m_engine->setMuted(m_isMuted);
-    if (!m_pictureSize.isEmpty())
-        m_engine->setPictureSize(m_pictureSize);
+    m_engine->setWish(m_wish);
     return true;
 }
 
@@ -159,11 +169,12 @@ void MediaPlayer::handleEnd()
     Q_EMIT playedToEnd();
 }
 
-void MediaPlayer::handlePicture(const QImage &picture)
+void MediaPlayer::handlePicture(const QImage &picture, const QSize &proportions)
 {
     if (!m_hasItem)
         return;
     m_picture = picture;
+    m_pictureProportions = proportions;
     Q_EMIT pictureChanged();
 }
 

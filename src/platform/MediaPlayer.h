@@ -3,6 +3,7 @@
 
 #include "PlayerEngine.h"
 
+#include <QHash>
 #include <QObject>
 
 #include <optional>
@@ -49,6 +50,8 @@ public:
     [[nodiscard]] bool isMuted() const { return m_isMuted; }
     /// The current picture; null without an item.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
+    /// The proportions in which it is to be shown.
+    [[nodiscard]] QSize pictureProportions() const { return m_pictureProportions; }
 
     /// Continues, from the beginning if it has ended.
     void resume();
@@ -57,8 +60,9 @@ public:
     Q_INVOKABLE void seek(double position);
     void setVolume(double volume);
     void setMuted(bool isMuted);
-    /// How large views want the picture, in pixels of the screen.
-    void setPictureSize(const QSize &size);
+    /// What this view wants of the picture; of several, the largest wish counts. Views
+    /// that are not seen, or go, take theirs back by an empty one.
+    void setWish(const QObject *view, const PictureWish &wish);
 
 Q_SIGNALS:
     /// The item has been played to its end. It stays, paused.
@@ -77,7 +81,7 @@ private:
     void failLater(const QString &error);
     void handleStatus(const PlayerStatus &status);
     void handleEnd();
-    void handlePicture(const QImage &picture);
+    void handlePicture(const QImage &picture, const QSize &proportions);
     void handleFailure(const QString &message);
 
     PlayerEngineFactory m_makeEngine;
@@ -85,7 +89,9 @@ private:
     QString m_engineError;
     PlayerStatus m_status;
     QImage m_picture;
-    QSize m_pictureSize;
+    QSize m_pictureProportions;
+    QHash<const QObject *, PictureWish> m_wishes;
+    PictureWish m_wish; // the largest
     double m_volume = 1;
     int m_itemNumber = 0;
     bool m_hasItem = false;

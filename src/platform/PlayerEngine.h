@@ -19,6 +19,23 @@ struct PlayerStatus
     bool operator==(const PlayerStatus &other) const = default;
 };
 
+/// What those who show the picture want of it.
+struct PictureWish
+{
+    QSize size; ///< in pixels of the screen; empty while nobody looks
+    /// Whether a graphics card shows it. It enlarges for nothing, so a picture is then
+    /// never larger than the stream's own.
+    bool isForGraphicsCard = false;
+
+    bool operator==(const PictureWish &other) const = default;
+};
+
+/// The size of a picture of these proportions that fills so much of the screen.
+inline QSize fittedPicture(const QSize &proportions, const QSize &room)
+{
+    return proportions.scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
 /// What plays a stream behind MediaPlayer. It is loaded when it is first needed, so the
 /// program knows nothing but this header. All calls are made on the thread that made it;
 /// events arrive there, too, never from inside a call.
@@ -31,7 +48,8 @@ public:
     struct Events
     {
         std::function<void(const PlayerStatus &)> statusChanged;
-        std::function<void(const QImage &)> pictureChanged;
+        /// With the proportions in which it is to be shown.
+        std::function<void(const QImage &, const QSize &)> pictureChanged;
         std::function<void()> ended;
         /// With a text for the user; nothing plays any more.
         std::function<void(const QString &)> failed;
@@ -49,8 +67,7 @@ public:
     /// From 0 to 1.
     virtual void setVolume(double volume) = 0;
     virtual void setMuted(bool isMuted) = 0;
-    /// The size wanted for the picture, in pixels of the screen.
-    virtual void setPictureSize(const QSize &size) = 0;
+    virtual void setWish(const PictureWish &wish) = 0;
 };
 
 /// Makes the engine; nothing where there is none, which `error` explains.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MpvEngine.h"
 
+#include "MpvValues.h"
+
 #include <mpv/client.h>
 
 #include <algorithm>
@@ -16,6 +18,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char *endReached = "eof-reached";
+constexpr const char *videoShape = "video-out-params";
 
 struct Observed
 {
@@ -24,11 +27,9 @@ struct Observed
 };
 
 constexpr Observed observed[] = {
-    {"time-pos", MPV_FORMAT_DOUBLE},
-    {"duration", MPV_FORMAT_DOUBLE},
-    {"demuxer-cache-time", MPV_FORMAT_DOUBLE},
-    {"paused-for-cache", MPV_FORMAT_FLAG},
-    {"seeking", MPV_FORMAT_FLAG},
+    {videoShape, MPV_FORMAT_NODE},         {"time-pos", MPV_FORMAT_DOUBLE},
+    {"duration", MPV_FORMAT_DOUBLE},       {"demuxer-cache-time", MPV_FORMAT_DOUBLE},
+    {"paused-for-cache", MPV_FORMAT_FLAG}, {"seeking", MPV_FORMAT_FLAG},
     {endReached, MPV_FORMAT_FLAG},
 };
 
@@ -45,19 +46,6 @@ constexpr double positionStep = 0.1; // seconds
 
 // The reason for a failure is logged a moment after the failure itself.
 constexpr auto reasonDelay = 100ms;
-
-qint64 entryOf(const mpv_event_command &reply)
-{
-    if (reply.result.format != MPV_FORMAT_NODE_MAP)
-        return -1;
-    const mpv_node_list &map = *reply.result.u.list;
-    for (int index = 0; index < map.num; ++index) {
-        if (qstrcmp(map.keys[index], "playlist_entry_id") == 0
-            && map.values[index].format == MPV_FORMAT_INT64)
-            return map.values[index].u.int64;
-    }
-    return -1;
-}
 
 } // namespace
 
@@ -99,7 +87,8 @@ bool MpvEngine::start(QString &error, const std::vector<MpvOption> &options)
         error = u"The player cannot be started"_s;
         return false;
     }
-    m_picture = std::make_unique<MpvPicture>(m_mpv, [this](const QImage &image) { passOn(image); });
+    m_picture = std::make_unique<MpvPicture>(
+        m_mpv, [this] { m_mailbox->post([this] { reportPicture(); }); });
     if (!m_picture->isValid()) {
         error = u"The player cannot draw"_s;
         return false;
@@ -134,6 +123,7 @@ void MpvEngine::unload()
     forget();
     ++m_loadNumber;
     command({"stop"});
+    m_picture->rest();
 }
 
 void MpvEngine::setPaused(bool isPaused)
@@ -164,9 +154,9 @@ void MpvEngine::setMuted(bool isMuted)
     setFlag("mute", isMuted);
 }
 
-void MpvEngine::setPictureSize(const QSize &size)
+void MpvEngine::setWish(const PictureWish &wish)
 {
-    m_picture->setSize(size);
+    m_picture->setWish(wish);
 }
 
 void MpvEngine::command(std::initializer_list<QByteArray> words, quint64 number)
@@ -201,7 +191,8 @@ void MpvEngine::take(const mpv_event &event)
     switch (event.event_id) {
     case MPV_EVENT_COMMAND_REPLY:
         if (event.reply_userdata != 0 && event.reply_userdata == m_loadNumber)
-            m_entry = entryOf(*static_cast<const mpv_event_command *>(event.data));
+            m_entry = numberIn(static_cast<const mpv_event_command *>(event.data)->result,
+                               "playlist_entry_id");
         break;
     case MPV_EVENT_START_FILE:
         m_startedEntry = static_cast<const mpv_event_start_file *>(event.data)->playlist_entry_id;
@@ -242,7 +233,9 @@ void MpvEngine::handleProperty(const mpv_event_property &property)
         property.format == MPV_FORMAT_DOUBLE ? *static_cast<const double *>(property.data) : 0;
     const bool flag =
         property.format == MPV_FORMAT_FLAG && *static_cast<const int *>(property.data) != 0;
-    if (name == "time-pos")
+    if (name == videoShape)
+        m_picture->setVideo(videoShapeIn(property));
+    else if (name == "time-pos")
         m_status.position = number;
     else if (name == "duration")
         m_status.duration = number;
@@ -326,23 +319,9 @@ void MpvEngine::forget()
     m_complaint.clear();
 }
 
-// On the drawing thread. At most one picture is on its way.
-void MpvEngine::passOn(const QImage &picture)
-{
-    const std::scoped_lock lock(m_pictureMutex);
-    const bool isOnItsWay = !m_newPicture.isNull();
-    m_newPicture = picture;
-    if (!isOnItsWay)
-        m_mailbox->post([this] { reportPicture(); });
-}
-
 void MpvEngine::reportPicture()
 {
-    QImage picture;
-    {
-        const std::scoped_lock lock(m_pictureMutex);
-        picture = std::exchange(m_newPicture, QImage());
-    }
-    if (m_hasBegun)
-        m_events.pictureChanged(picture);
+    const MpvPicture::Drawn drawn = m_picture->take();
+    if (m_hasBegun && !drawn.picture.isNull())
+        m_events.pictureChanged(drawn.picture, drawn.proportions);
 }

@@ -36,7 +36,7 @@ public:
     void seek(double position) override;
     void setVolume(double volume) override;
     void setMuted(bool isMuted) override;
-    void setPictureSize(const QSize &size) override;
+    void setWish(const PictureWish &wish) override;
 
 private:
     explicit MpvEngine(Events events);
@@ -56,7 +56,6 @@ private:
     void forget();
     [[nodiscard]] bool isCurrent() const { return m_entry >= 0 && m_entry == m_startedEntry; }
 
-    void passOn(const QImage &picture);
     void reportPicture();
 
     Events m_events;
@@ -76,8 +75,6 @@ private:
     QString m_complaint;        // the last one that the reader of the stream had
     QTimer m_failure;
 
-    std::mutex m_pictureMutex;
-    QImage m_newPicture; // the newest one not yet reported
     std::atomic<bool> m_isAwake = false;
 
     // Shared with those of mpv's threads that may still call back.

@@ -22,7 +22,14 @@ inline constexpr MpvOption mpvOptions[] = {
     {"input-default-bindings", "no"},
     {"input-vo-keyboard", "no"},
     {"vo", "libmpv"},
-    {"hwdec", "auto-safe"},
+    // Pictures are wanted in memory.
+    {"hwdec", "auto-copy-safe"},
+    // A picture gets its colours, and another size, in half the time.
+    {"sws-allow-zimg", "no"},
+    {"sws-fast", "yes"},
+    {"sws-scaler", "bilinear"},
+    // The proportions are those of whoever shows it.
+    {"keepaspect", "no"},
     {"idle", "yes"},
     {"sub-auto", "no"},
     {"audio-file-auto", "no"},

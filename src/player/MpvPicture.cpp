@@ -4,12 +4,11 @@
 #include <mpv/client.h>
 #include <mpv/render.h>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
-MpvPicture::MpvPicture(mpv_handle *mpv, std::function<void(const QImage &)> taken)
-    : m_taken(std::move(taken))
+MpvPicture::MpvPicture(mpv_handle *mpv, std::function<void()> drawn)
+    : m_drawn(std::move(drawn))
 {
     std::array<char, 3> software{MPV_RENDER_API_TYPE_SW};
     std::array<mpv_render_param, 2> parameters{
@@ -38,11 +37,21 @@ MpvPicture::~MpvPicture()
     mpv_render_context_free(m_context);
 }
 
-void MpvPicture::setSize(const QSize &size)
+void MpvPicture::setWish(const PictureWish &wish)
 {
     {
         const std::scoped_lock lock(m_mutex);
-        m_size = size;
+        m_wish = wish;
+        m_mustDraw = true;
+    }
+    m_condition.notify_one();
+}
+
+void MpvPicture::setVideo(const VideoShape &video)
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_video = video;
         m_mustDraw = true;
     }
     m_condition.notify_one();
@@ -73,44 +82,69 @@ void MpvPicture::run()
         m_condition.wait(lock, [this] { return m_isOver || m_hasNews || m_mustDraw; });
         if (m_isOver)
             return;
-        const QSize size = m_size;
+        const PictureWish wish = m_wish;
+        const VideoShape video = m_video;
         const bool hasNews = std::exchange(m_hasNews, false);
         const bool mustDraw = std::exchange(m_mustDraw, false);
         lock.unlock();
         const bool hasFrame =
             hasNews && (mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME) != 0;
-        if (hasFrame || mustDraw) {
-            if (const QImage picture = draw(size); !picture.isNull())
-                m_taken(picture);
-        }
+        const QSize size = drawnSize(video, wish);
+        if (size.isEmpty() && hasFrame)
+            skip();
+        else if (!size.isEmpty() && (hasFrame || mustDraw))
+            offer({draw(size, wish.isForGraphicsCard), video.proportions});
         lock.lock();
     }
 }
 
-QImage MpvPicture::draw(const QSize &size) const
+QImage MpvPicture::draw(const QSize &size, bool isForGraphicsCard) const
 {
-    constexpr size_t alignment = 64; // the format that is fastest for mpv
-    const size_t rowBytes =
-        (static_cast<size_t>(size.width()) * 4 + alignment - 1) & ~(alignment - 1);
-    QImage image(static_cast<int>(rowBytes / 4), size.height(), QImage::Format_RGB32);
+    // Each in its own order of the colours, so that nobody has to change it.
+    std::array<char, 5> format = isForGraphicsCard ? std::array{'r', 'g', 'b', 'a', '\0'}
+                                                   : std::array{'b', 'g', 'r', 'a', '\0'};
+    QImage image =
+        m_pool->take(size, isForGraphicsCard ? QImage::Format_RGBX8888 : QImage::Format_RGB32);
     if (image.isNull())
         return {};
     std::array<int, 2> dimensions{size.width(), size.height()};
-    size_t stride = rowBytes;
-    std::array<char, 5> format{"bgr0"};
+    auto stride = static_cast<size_t>(image.bytesPerLine());
     std::array<mpv_render_param, 5> parameters{
         mpv_render_param{MPV_RENDER_PARAM_SW_SIZE, dimensions.data()},
         mpv_render_param{MPV_RENDER_PARAM_SW_FORMAT, format.data()},
         mpv_render_param{MPV_RENDER_PARAM_SW_STRIDE, &stride},
         mpv_render_param{MPV_RENDER_PARAM_SW_POINTER, image.bits()},
         mpv_render_param{MPV_RENDER_PARAM_INVALID, nullptr}};
-    if (mpv_render_context_render(m_context, parameters.data()) < 0)
-        return {};
-    // The fourth byte comes as 0, which reads as transparent.
-    for (int row = 0; row < image.height(); ++row) {
-        auto *const pixels = reinterpret_cast<QRgb *>(image.scanLine(row));
-        std::transform(pixels, pixels + size.width(), pixels,
-                       [](QRgb pixel) { return pixel | 0xff000000; });
+    const bool isDrawn = mpv_render_context_render(m_context, parameters.data()) >= 0;
+    return isDrawn ? image : QImage();
+}
+
+void MpvPicture::offer(const Drawn &drawn)
+{
+    if (drawn.picture.isNull())
+        return;
+    bool isWaiting = false;
+    {
+        const std::scoped_lock lock(m_mutex);
+        isWaiting = !m_offered.picture.isNull();
+        m_offered = drawn;
     }
-    return image.width() == size.width() ? image : image.copy({QPoint(), size});
+    if (!isWaiting)
+        m_drawn();
+}
+
+MpvPicture::Drawn MpvPicture::take()
+{
+    const std::scoped_lock lock(m_mutex);
+    return std::exchange(m_offered, {});
+}
+
+// Otherwise mpv would wait for a while that somebody takes its picture.
+void MpvPicture::skip() const
+{
+    int yes = 1;
+    std::array<mpv_render_param, 2> parameters{
+        mpv_render_param{MPV_RENDER_PARAM_SKIP_RENDERING, &yes},
+        mpv_render_param{MPV_RENDER_PARAM_INVALID, nullptr}};
+    mpv_render_context_render(m_context, parameters.data());
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QImage>
+#include "PicturePool.h"
+#include "VideoShape.h"
 
 #include <condition_variable>
 #include <functional>
@@ -18,27 +19,43 @@ class MpvPicture
     Q_DISABLE_COPY_MOVE(MpvPicture)
 
 public:
-    /// `taken` is called on that thread with each new picture. The handle outlives this
-    /// object. `isValid()` tells whether construction succeeded.
-    MpvPicture(mpv_handle *mpv, std::function<void(const QImage &)> taken);
+    struct Drawn
+    {
+        QImage picture;
+        QSize proportions; ///< in which it is to be shown
+    };
+
+    /// `drawn` is called on that thread when there is a picture to take. The handle
+    /// outlives this object. `isValid()` tells whether construction succeeded.
+    MpvPicture(mpv_handle *mpv, std::function<void()> drawn);
     ~MpvPicture();
 
     [[nodiscard]] bool isValid() const { return m_context != nullptr; }
 
-    /// In pixels. Draws anew.
-    void setSize(const QSize &size);
+    void setWish(const PictureWish &wish);
+    /// Nothing is drawn before this is known.
+    void setVideo(const VideoShape &video);
     void drawAgain();
+    /// The newest one, which has replaced any that nobody has taken. Any thread.
+    [[nodiscard]] Drawn take();
+    /// Gives the memory back that pictures need.
+    void rest() { m_pool->clear(); }
 
 private:
     void run();
-    QImage draw(const QSize &size) const;
+    [[nodiscard]] QImage draw(const QSize &size, bool isForGraphicsCard) const;
+    void offer(const Drawn &drawn);
+    void skip() const;
     void wake();
 
     mpv_render_context *m_context = nullptr;
-    std::function<void(const QImage &)> m_taken;
+    std::function<void()> m_drawn;
+    const std::shared_ptr<PicturePool> m_pool = PicturePool::create();
     std::mutex m_mutex;
     std::condition_variable m_condition;
-    QSize m_size{640, 360};
+    PictureWish m_wish;
+    VideoShape m_video;
+    Drawn m_offered;
     bool m_hasNews = false;
     bool m_mustDraw = false;
     bool m_isOver = false;

@@ -3,6 +3,7 @@
 
 #include <QQuickWindow>
 #include <QSGImageNode>
+#include <QSGRendererInterface>
 
 PlayerViewRepresentable::PlayerViewRepresentable(QQuickItem *parent)
     : QQuickItem(parent)
@@ -10,17 +11,25 @@ PlayerViewRepresentable::PlayerViewRepresentable(QQuickItem *parent)
     setFlag(ItemHasContents);
 }
 
+PlayerViewRepresentable::~PlayerViewRepresentable()
+{
+    if (m_player)
+        m_player->setWish(this, {});
+}
+
 void PlayerViewRepresentable::setPlayer(MediaPlayer *player)
 {
     if (m_player == player)
         return;
-    if (m_player)
+    if (m_player) {
         m_player->disconnect(this);
+        m_player->setWish(this, {});
+    }
     m_player = player;
     if (m_player)
         connect(m_player, &MediaPlayer::pictureChanged, this,
                 &PlayerViewRepresentable::showPicture);
-    askForSize();
+    makeWish();
     showPicture();
     Q_EMIT playerChanged();
 }
@@ -43,32 +52,70 @@ QSGNode *PlayerViewRepresentable::updatePaintNode(QSGNode *node, UpdatePaintNode
         image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureIsOpaque));
         m_hasNewPicture = false;
     }
-    // While the size changes, the last picture is fitted in.
-    const QSizeF size = QSizeF(picture.size()).scaled(this->size(), Qt::KeepAspectRatio);
-    image->setRect(
-        QRectF(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size));
+    // On whole pixels of the screen, so that a picture of that size is only copied.
+    const QSize room = sizeOnScreen();
+    const QSize size = fittedPicture(m_player->pictureProportions(), room);
+    const QPoint corner((room.width() - size.width()) / 2, (room.height() - size.height()) / 2);
+    const qreal ratio = window()->effectiveDevicePixelRatio();
+    image->setRect(QRectF(QPointF(corner) / ratio, QSizeF(size) / ratio));
     return image;
 }
 
 void PlayerViewRepresentable::geometryChange(const QRectF &geometry, const QRectF &oldGeometry)
 {
     QQuickItem::geometryChange(geometry, oldGeometry);
-    askForSize();
+    makeWish();
     update();
 }
 
 void PlayerViewRepresentable::itemChange(ItemChange change, const ItemChangeData &data)
 {
     QQuickItem::itemChange(change, data);
+    if (change == ItemSceneChange)
+        watch(data.window);
     if (change == ItemVisibleHasChanged || change == ItemSceneChange
         || change == ItemDevicePixelRatioHasChanged)
-        askForSize();
+        makeWish();
 }
 
-void PlayerViewRepresentable::askForSize()
+bool PlayerViewRepresentable::eventFilter(QObject *object, QEvent *event)
 {
-    if (m_player && window() && isVisible())
-        m_player->setPictureSize((size() * window()->effectiveDevicePixelRatio()).toSize());
+    if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange)
+        makeWish();
+    return QQuickItem::eventFilter(object, event);
+}
+
+void PlayerViewRepresentable::watch(QQuickWindow *window)
+{
+    if (m_window)
+        m_window->removeEventFilter(this);
+    m_window = window;
+    if (m_window)
+        m_window->installEventFilter(this);
+}
+
+bool PlayerViewRepresentable::isSeen() const
+{
+    return isVisible() && window() && window()->isExposed()
+        && !window()->windowStates().testFlag(Qt::WindowMinimized);
+}
+
+QSize PlayerViewRepresentable::sizeOnScreen() const
+{
+    return (size() * window()->effectiveDevicePixelRatio()).toSize();
+}
+
+void PlayerViewRepresentable::makeWish()
+{
+    if (!m_player)
+        return;
+    PictureWish wish;
+    if (isSeen()) {
+        wish.size = sizeOnScreen();
+        wish.isForGraphicsCard =
+            window()->rendererInterface()->graphicsApi() != QSGRendererInterface::Software;
+    }
+    m_player->setWish(this, wish);
 }
 
 void PlayerViewRepresentable::showPicture()

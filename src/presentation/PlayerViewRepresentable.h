@@ -7,7 +7,7 @@
 #include <QQuickItem>
 
 /// Shows the player's picture, whole and centred on black. There may be several; each
-/// requests the picture in its own size.
+/// that is seen wants the picture in its own size.
 class PlayerViewRepresentable : public QQuickItem
 {
     Q_OBJECT
@@ -16,6 +16,7 @@ class PlayerViewRepresentable : public QQuickItem
 
 public:
     explicit PlayerViewRepresentable(QQuickItem *parent = nullptr);
+    ~PlayerViewRepresentable() override;
 
     [[nodiscard]] MediaPlayer *player() const { return m_player; }
     void setPlayer(MediaPlayer *player);
@@ -27,11 +28,17 @@ protected:
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
     void geometryChange(const QRectF &geometry, const QRectF &oldGeometry) override;
     void itemChange(ItemChange change, const ItemChangeData &data) override;
+    /// Of its window.
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
-    void askForSize();
+    void watch(QQuickWindow *window);
+    [[nodiscard]] bool isSeen() const;
+    [[nodiscard]] QSize sizeOnScreen() const;
+    void makeWish();
     void showPicture();
 
     QPointer<MediaPlayer> m_player;
+    QPointer<QQuickWindow> m_window;
     bool m_hasNewPicture = false;
 };

@@ -101,6 +101,21 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!shown("positionBar"), patience);
     }
 
+    void noPictureIsWantedOfAWindowThatIsNotSeen()
+    {
+        QVERIFY(playPaused({.position = 10, .duration = 100}));
+        const QSize inPanel = engine()->wish.size;
+        QVERIFY(!inPanel.isEmpty() && !engine()->wish.isForGraphicsCard);
+        m_window->showMinimized();
+        QTRY_VERIFY_WITH_TIMEOUT(engine()->wish.size.isEmpty(), patience);
+        m_window->showNormal();
+        QTRY_COMPARE_WITH_TIMEOUT(engine()->wish.size, inPanel, patience);
+        m_window->hide();
+        QTRY_VERIFY_WITH_TIMEOUT(engine()->wish.size.isEmpty(), patience);
+        m_window->show();
+        QTRY_COMPARE_WITH_TIMEOUT(engine()->wish.size, inPanel, patience);
+    }
+
     void loadingShowsThatItWaits()
     {
         QVERIFY(show(1));

@@ -145,7 +145,9 @@ private:
             player.seek(random.bounded(2.0));
             break;
         default:
-            player.setPictureSize({random.bounded(100, 900), random.bounded(100, 500)});
+            player.setWish(this,
+                           {.size = {random.bounded(100, 900), random.bounded(100, 500)},
+                            .isForGraphicsCard = random.bounded(2) == 1});
             state().playBrowseResult(state().browseResults()[random.bounded(resultCount)]);
         }
     }

@@ -59,11 +59,11 @@ struct RecordingDesktop
         void seek(double position) override { sought.append(position); }
         void setVolume(double wanted) override { volume = wanted; }
         void setMuted(bool muted) override { isMuted = muted; }
-        void setPictureSize(const QSize &size) override { pictureSize = size; }
+        void setWish(const PictureWish &wanted) override { wish = wanted; }
         Events events;
         QList<QUrl> urls;
         QList<double> sought;
-        QSize pictureSize;
+        PictureWish wish;
         int unloads = 0;
         double volume = -1;
         bool isPaused = true;

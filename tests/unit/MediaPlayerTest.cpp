@@ -24,16 +24,31 @@ private Q_SLOTS:
         m_player->pause();
         m_player->setVolume(0.5);
         m_player->setMuted(true);
-        m_player->setPictureSize({640, 360});
+        m_player->setWish(this, {.size = {640, 360}});
         m_player->replaceCurrentItem({});
         QVERIFY(!engine());
         m_player->replaceCurrentItem(MediaItem{m_url});
         QCOMPARE(engine()->urls, QList{m_url});
         QVERIFY(engine()->isPaused && engine()->isMuted);
         QCOMPARE(engine()->volume, 0.5);
-        QCOMPARE(engine()->pictureSize, QSize(640, 360));
+        QCOMPARE(engine()->wish.size, QSize(640, 360));
         m_player->play();
         QVERIFY(!engine()->isPaused);
+    }
+
+    void theLargestWishCounts()
+    {
+        const QObject other;
+        m_player->setWish(this, {.size = {640, 360}});
+        m_player->setWish(&other, {.size = {1920, 1080}, .isForGraphicsCard = true});
+        m_player->replaceCurrentItem(MediaItem{m_url});
+        QCOMPARE(engine()->wish, (PictureWish{{1920, 1080}, true}));
+        m_player->setWish(this, {.size = {800, 450}});
+        QCOMPARE(engine()->wish.size, QSize(1920, 1080));
+        m_player->setWish(&other, {});
+        QCOMPARE(engine()->wish, (PictureWish{{800, 450}, false}));
+        m_player->setWish(this, {});
+        QVERIFY(engine()->wish.size.isEmpty());
     }
 
     void onlyTheWebIsOpened_data()
@@ -79,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(m_player->position(), 3.0);
         QCOMPARE(m_player->duration(), 10.0);
         QCOMPARE(m_player->loadedTo(), 5.0);
-        engine()->events.pictureChanged(QImage(4, 4, QImage::Format_RGB32));
+        engine()->events.pictureChanged(QImage(4, 4, QImage::Format_RGB32), {16, 9});
         QVERIFY(!m_player->picture().isNull());
         m_player->replaceCurrentItem({});
         QCOMPARE(engine()->unloads, 1);

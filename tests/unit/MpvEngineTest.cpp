@@ -14,12 +14,53 @@ private Q_SLOTS:
         QVERIFY(m_failures.isEmpty());
         QVERIFY(m_pictures.size() > 10);
         QCOMPARE(m_pictures.last().size(), QSize(321, 181));
+        QCOMPARE(m_proportions, QSize(320, 180));
         QVERIFY(m_pictures.first() != m_pictures.last());
         QVERIFY(!isBlack(m_pictures[m_pictures.size() / 2]));
         QCOMPARE(qAlpha(m_pictures.last().pixel(100, 100)), 255);
         QVERIFY(m_status.duration > 2.8 && m_status.duration < 3.3);
         QVERIFY(m_status.position > 2.8);
         QVERIFY(m_status.loadedTo >= 2);
+    }
+
+    void aGraphicsCardEnlargesForItself()
+    {
+        m_engine->setWish({.size = {3840, 2160}, .isForGraphicsCard = true});
+        load("clip.mp4");
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
+        QCOMPARE(m_pictures.last().size(), QSize(320, 180));
+        QCOMPARE(m_proportions, QSize(320, 180));
+        const QImage fromCard = m_pictures.last();
+        m_engine->setWish({.size = {320, 180}});
+        QTRY_COMPARE_WITH_TIMEOUT(m_pictures.last().format(), QImage::Format_RGB32, patience);
+        QVERIFY(areSimilar(m_pictures.last(), fromCard));
+    }
+
+    void nothingIsDrawnWhileNobodyLooks()
+    {
+        m_engine->setWish({});
+        load("clip.mp4");
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
+        QVERIFY(m_pictures.isEmpty());
+        m_engine->setWish({.size = {160, 90}}); // and at once when somebody does
+        QTRY_VERIFY_WITH_TIMEOUT(!m_pictures.isEmpty() && !isBlack(m_pictures.last()), patience);
+    }
+
+    void fewPicturesNeedMemory()
+    {
+        load("clip.mp4");
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
+        QVERIFY(m_pictures.size() > 10);
+        QVERIFY2(m_memory.size() <= 4, qPrintable(QString::number(m_memory.size())));
+    }
+
+    void aDecoderThatDoesNotWorkIsReplaced()
+    {
+        make({{"hwdec", "vaapi-copy,vulkan-copy,nvdec-copy"}});
+        load("clip.mp4");
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
+        QVERIFY(m_failures.isEmpty());
+        QVERIFY(!isBlack(m_pictures.last()));
     }
 
     void picturesOfAbsurdSizeAreNotDecoded()
@@ -103,7 +144,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 1.8 && m_pictures.last() != first, patience);
         QCOMPARE(m_ends, 0);
         m_pictures.clear();
-        m_engine->setPictureSize({160, 90});
+        m_engine->setWish({.size = {160, 90}});
         QTRY_VERIFY_WITH_TIMEOUT(
             !m_pictures.isEmpty() && m_pictures.last().size() == QSize(160, 90), patience);
         QVERIFY(!isBlack(m_pictures.last()));
