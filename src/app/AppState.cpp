@@ -24,6 +24,10 @@ AppState::AppState(AppStateParts parts)
     , m_platform(std::move(parts.platform))
     , m_mailbox(std::make_shared<Mailbox>())
     , m_delivery(m_mailbox->open())
+    , m_streamAhead(m_mailbox, {},
+                    [this](const QString &videoURL, const Completion<QUrl> &completion) {
+                        service.getStreamURL(videoURL, completion);
+                    })
 {
     connect(this, &AppState::downloadStatusChanged, this,
             &AppState::displayedDownloadStatusChanged);
@@ -43,10 +47,7 @@ AppState::~AppState()
 
 void AppState::spawn(std::function<QCoro::Task<>()> start)
 {
-    postUnlessClosing([this, start = std::move(start)] {
-        ++m_runningTasks;
-        lookAfter(start());
-    });
+    postUnlessClosing([this, start = std::move(start)] { lookAfter(start()); });
 }
 
 void AppState::postUnlessClosing(std::function<void()> action)
@@ -60,6 +61,7 @@ void AppState::postUnlessClosing(std::function<void()> action)
 
 QCoro::Task<> AppState::lookAfter(QCoro::Task<> task)
 {
+    ++m_runningTasks;
     try {
         co_await task;
     } catch (const Closing & /*everything*/) {

@@ -14,6 +14,7 @@
 #include "QualityOption.h"
 #include "RunFailure.h"
 #include "SearchResult.h"
+#include "StreamAhead.h"
 #include "VideoInfo.h"
 #include "YTDLPService.h"
 
@@ -269,8 +270,13 @@ private:
     void setBrowseStatus(const QString &key, const DownloadStatus &status);
     void setBrowseProgress(const QString &key, double progress);
     void setupAutoPlayNext();
-    [[nodiscard]] QCoro::Task<> loadStream(SearchResult result, std::stop_token task);
+    [[nodiscard]] QCoro::Task<> loadStream(SearchResult result, std::optional<double> position,
+                                           std::stop_token task);
     ReplyAwaiter<QUrl> requestStream(const QString &videoURL);
+    /// Resolves the playing result anew, whose URL has run out, and goes on there.
+    void renewStream(const QString &message, double position);
+    [[nodiscard]] std::optional<SearchResult> nextResult() const;
+    void resolveNextAhead();
     void cancelStreamLoad();
     void showProgress(double progress, const QString &speed, const QString &eta);
     void showProcessing();
@@ -283,15 +289,18 @@ private:
     /// Starts a coroutine in the event loop's next turn and looks after it; `start` is
     /// not called once the state is closing.
     void spawn(std::function<QCoro::Task<>()> start);
+    /// Looks after a coroutine that has started.
+    QCoro::Task<> lookAfter(QCoro::Task<> task);
     /// Any thread.
     void postUnlessClosing(std::function<void()> action);
-    QCoro::Task<> lookAfter(QCoro::Task<> task);
 
     Preferences &m_preferences;
     PendingDownloads m_pending;
     const PlatformServices m_platform;
     const std::shared_ptr<Mailbox> m_mailbox; // to the main thread
     const std::unique_ptr<QSocketNotifier> m_delivery;
+    StreamAhead m_streamAhead;
+    bool m_hasRenewedStream = false;
     Report m_lastReport = Report::none;
     std::stop_source m_stopSource; // of the single-mode run that began last
     std::optional<RunFailure> m_failure;

@@ -37,7 +37,8 @@ void MediaPlayer::replaceCurrentItem(const std::optional<MediaItem> &item)
     m_hasEnded = false;
     ++m_itemNumber;
     m_picture = QImage();
-    m_status = {.isBuffering = m_hasItem}; // until the engine reports
+    // Until the engine reports.
+    m_status = {.isBuffering = m_hasItem, .position = item ? item->start : 0};
     Q_EMIT itemChanged();
     Q_EMIT statusChanged();
     Q_EMIT pictureChanged();
@@ -53,7 +54,7 @@ void MediaPlayer::replaceCurrentItem(const std::optional<MediaItem> &item)
     else if (!loadEngine())
         error = m_engineError;
     if (error.isEmpty())
-        m_engine->load(item->url);
+        m_engine->load(item->url, item->start);
     else
         failLater(error);
 }
@@ -141,7 +142,8 @@ bool MediaPlayer::loadEngine()
          .pictureChanged = [this](const auto &image,
                                   const auto &proportions) { handlePicture(image, proportions); },
          .ended = [this] { handleEnd(); },
-         .failed = [this](const auto &message) { handleFailure(message); }},
+         .failed = [this](const auto &message) { handleFailure(message); },
+         .expired = [this](const auto &message) { handleExpiry(message); }},
         m_engineError);
     if (!m_engine)
         return false;
@@ -184,4 +186,13 @@ void MediaPlayer::handleFailure(const QString &message)
         return;
     replaceCurrentItem({});
     Q_EMIT failed(message);
+}
+
+void MediaPlayer::handleExpiry(const QString &message)
+{
+    if (!m_hasItem)
+        return;
+    const double position = m_status.position;
+    replaceCurrentItem({});
+    Q_EMIT expired(message, position);
 }

@@ -12,6 +12,7 @@
 struct MediaItem
 {
     QUrl url;
+    double start = 0; ///< seconds
 };
 
 /// The program's one media player. Its engine is loaded with the first item. Main thread.
@@ -69,6 +70,9 @@ Q_SIGNALS:
     void playedToEnd();
     /// The item cannot be opened or has broken off; it is gone.
     void failed(const QString &message);
+    /// The same, because the item's URL has run out while it played: another one of the
+    /// same stream could go on there.
+    void expired(const QString &message, double position);
     void itemChanged();
     void statusChanged();
     void soundChanged();
@@ -83,6 +87,7 @@ private:
     void handleEnd();
     void handlePicture(const QImage &picture, const QSize &proportions);
     void handleFailure(const QString &message);
+    void handleExpiry(const QString &message);
 
     PlayerEngineFactory m_makeEngine;
     std::unique_ptr<PlayerEngine> m_engine;

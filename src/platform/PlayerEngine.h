@@ -53,13 +53,15 @@ public:
         std::function<void()> ended;
         /// With a text for the user; nothing plays any more.
         std::function<void(const QString &)> failed;
+        /// The same, because the site refuses a URL that it has served so far.
+        std::function<void(const QString &)> expired;
     };
 
     PlayerEngine() = default;
     virtual ~PlayerEngine() = default;
 
-    /// Plays this from its beginning, paused if it was.
-    virtual void load(const QUrl &url) = 0;
+    /// Plays this from so many seconds on, paused if it was.
+    virtual void load(const QUrl &url, double start) = 0;
     virtual void unload() = 0;
     virtual void setPaused(bool isPaused) = 0;
     /// To so many seconds from the beginning.

@@ -112,9 +112,12 @@ bool MpvEngine::setOption(const MpvOption &option)
     return mpv_set_option_string(m_mpv, option.name, option.value) >= 0;
 }
 
-void MpvEngine::load(const QUrl &url)
+void MpvEngine::load(const QUrl &url, double start)
 {
     forget();
+    m_status.position = start;
+    const QByteArray position = QByteArray::number(start, 'f', 3);
+    setText("start", start > 0 ? position.constData() : "none");
     command({"loadfile", url.toEncoded(), "replace"}, ++m_loadNumber);
 }
 
@@ -174,6 +177,11 @@ void MpvEngine::setFlag(const char *property, bool value)
     mpv_set_property_async(m_mpv, 0, property, MPV_FORMAT_FLAG, &flag);
 }
 
+void MpvEngine::setText(const char *property, const char *value)
+{
+    mpv_set_property_async(m_mpv, 0, property, MPV_FORMAT_STRING, &value);
+}
+
 void MpvEngine::readEvents()
 {
     m_isAwake = false; // before reading: later events set it again
@@ -218,12 +226,18 @@ void MpvEngine::take(const mpv_event &event)
     case MPV_EVENT_LOG_MESSAGE: {
         const auto &message = *static_cast<const mpv_event_log_message *>(event.data);
         if (QByteArrayView(message.prefix).startsWith("ffmpeg"))
-            m_complaint = QString::fromUtf8(message.text).trimmed();
+            noteComplaint(message.text);
         break;
     }
     default:
         break;
     }
+}
+
+void MpvEngine::noteComplaint(const QByteArray &text)
+{
+    m_complaint = QString::fromUtf8(text).trimmed();
+    m_isRefused = m_isRefused || text.contains("HTTP error 403");
 }
 
 void MpvEngine::handleProperty(const mpv_event_property &property)
@@ -302,9 +316,13 @@ void MpvEngine::reportStatus()
 
 void MpvEngine::fail()
 {
-    const QString reason = m_complaint;
+    const QString message = u"The stream cannot be played: "_s + m_complaint;
+    const bool hasExpired = m_hasBegun && m_isRefused;
     forget();
-    m_events.failed(u"The stream cannot be played: "_s + reason);
+    if (hasExpired)
+        m_events.expired(message);
+    else
+        m_events.failed(message);
 }
 
 void MpvEngine::forget()
@@ -317,6 +335,7 @@ void MpvEngine::forget()
     m_status = {};
     m_reportedStatus = {};
     m_complaint.clear();
+    m_isRefused = false;
 }
 
 void MpvEngine::reportPicture()

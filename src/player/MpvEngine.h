@@ -30,7 +30,7 @@ public:
                                              const std::vector<MpvOption> &options = {});
     ~MpvEngine() override;
 
-    void load(const QUrl &url) override;
+    void load(const QUrl &url, double start) override;
     void unload() override;
     void setPaused(bool isPaused) override;
     void seek(double position) override;
@@ -44,9 +44,11 @@ private:
     bool setOption(const MpvOption &option);
     void command(std::initializer_list<QByteArray> words, quint64 number = 0);
     void setFlag(const char *property, bool value);
+    void setText(const char *property, const char *value);
 
     void readEvents();
     void take(const mpv_event &event);
+    void noteComplaint(const QByteArray &text);
     void handleProperty(const mpv_event_property &property);
     void handleEnd(const mpv_event_end_file &end);
     void handleEndReached(bool isReached);
@@ -73,6 +75,7 @@ private:
     qint64 m_entry = -1;        // mpv's number for what was loaded last
     qint64 m_startedEntry = -1; // and for what it is playing
     QString m_complaint;        // the last one that the reader of the stream had
+    bool m_isRefused = false;   // by the site, which has said 403
     QTimer m_failure;
 
     std::atomic<bool> m_isAwake = false;

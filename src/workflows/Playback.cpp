@@ -13,6 +13,8 @@ void AppState::setupAutoPlayNext()
         if (nowPlaying() && !isLoadingStream())
             playerError = message;
     });
+    connect(&avPlayer, &MediaPlayer::expired, this, &AppState::renewStream);
+    connect(&avPlayer, &MediaPlayer::statusChanged, this, &AppState::resolveNextAhead);
 }
 
 std::optional<qsizetype> AppState::currentPlayIndex() const
@@ -39,19 +41,23 @@ void AppState::playBrowseResult(SearchResult result) // NOLINT(performance-unnec
     playerError = std::nullopt;
     avPlayer.pause();
     avPlayer.replaceCurrentItem({});
+    m_hasRenewedStream = false;
     streamLoadTask.emplace();
-    spawn([this, result, task = streamLoadTask->get_token()] { return loadStream(result, task); });
+    lookAfter(loadStream(result, {}, streamLoadTask->get_token()));
 }
 
-QCoro::Task<> AppState::loadStream(SearchResult result, std::stop_token task)
+// A pause stays when the stream goes on somewhere; otherwise playback starts.
+QCoro::Task<> AppState::loadStream(SearchResult result, std::optional<double> position,
+                                   std::stop_token task)
 {
     const QString videoURL = result.videoURL;
     try {
         const QUrl url = co_await requestStream(videoURL);
         if (task.stop_requested())
             co_return;
-        avPlayer.replaceCurrentItem(MediaItem{url});
-        avPlayer.play();
+        avPlayer.replaceCurrentItem(MediaItem{.url = url, .start = position.value_or(0)});
+        if (!position)
+            avPlayer.play();
     } catch (const DescribedError &error) {
         if (task.stop_requested())
             co_return;
@@ -60,9 +66,26 @@ QCoro::Task<> AppState::loadStream(SearchResult result, std::stop_token task)
     isLoadingStream = false;
 }
 
+// Once for each choice: a site that refuses again means it.
+void AppState::renewStream(const QString &message, double position)
+{
+    if (!nowPlaying() || isLoadingStream())
+        return;
+    if (m_hasRenewedStream) {
+        playerError = message;
+        return;
+    }
+    m_hasRenewedStream = true;
+    cancelStreamLoad();
+    isLoadingStream = true;
+    streamLoadTask.emplace();
+    lookAfter(loadStream(*nowPlaying(), position, streamLoadTask->get_token()));
+}
+
 void AppState::stopPlayback()
 {
     cancelStreamLoad();
+    m_streamAhead.forget();
     avPlayer.pause();
     avPlayer.replaceCurrentItem({});
     nowPlaying = std::nullopt;
@@ -72,9 +95,26 @@ void AppState::stopPlayback()
 
 void AppState::playNext()
 {
+    if (const auto next = nextResult())
+        playBrowseResult(*next);
+}
+
+std::optional<SearchResult> AppState::nextResult() const
+{
     const auto index = currentPlayIndex();
-    if (index && *index < browseResults().size() - 1)
-        playBrowseResult(browseResults()[*index + 1]);
+    if (!index || *index >= browseResults().size() - 1)
+        return {};
+    return browseResults()[*index + 1];
+}
+
+void AppState::resolveNextAhead()
+{
+    if (m_isClosing || !avPlayer.hasItem() || avPlayer.isPaused()
+        || !m_streamAhead.isDue(avPlayer.position(), avPlayer.duration()))
+        return;
+    // What has the same identifier would be stopped, not played.
+    if (const auto next = nextResult(); next && next->id != nowPlaying()->id)
+        m_streamAhead.resolve(next->videoURL);
 }
 
 void AppState::cancelStreamLoad()

@@ -49,7 +49,8 @@ ReplyAwaiter<AppState::Results> AppState::requestSearch(const QString &query, in
 ReplyAwaiter<QUrl> AppState::requestStream(const QString &videoURL)
 {
     return request<QUrl>([this, videoURL](const Completion<QUrl> &completion) {
-        service.getStreamURL(videoURL, completion);
+        if (!m_streamAhead.handOver(videoURL, completion))
+            service.getStreamURL(videoURL, completion);
     });
 }
 

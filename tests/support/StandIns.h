@@ -53,7 +53,11 @@ struct RecordingDesktop
             : events(std::move(told))
         {
         }
-        void load(const QUrl &url) override { urls.append(url); }
+        void load(const QUrl &url, double start) override
+        {
+            urls.append(url);
+            starts.append(start);
+        }
         void unload() override { ++unloads; }
         void setPaused(bool paused) override { isPaused = paused; }
         void seek(double position) override { sought.append(position); }
@@ -62,6 +66,7 @@ struct RecordingDesktop
         void setWish(const PictureWish &wanted) override { wish = wanted; }
         Events events;
         QList<QUrl> urls;
+        QList<double> starts;
         QList<double> sought;
         PictureWish wish;
         int unloads = 0;

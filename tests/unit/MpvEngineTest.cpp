@@ -184,13 +184,51 @@ private Q_SLOTS:
         QCOMPARE(m_failures.size(), 1);
     }
 
+    void aURLThatRunsOutInTheMiddleHasExpired()
+    {
+        load("expiring.mp4");
+        QTRY_VERIFY_WITH_TIMEOUT(!m_expiries.isEmpty() || !m_failures.isEmpty(), patience);
+        QCOMPARE(m_expiries.size(), 1);
+        QVERIFY(m_failures.isEmpty());
+        QCOMPARE(m_ends, 0);
+        load("expiring.mp4"); // refused from the start
+        QTRY_COMPARE_WITH_TIMEOUT(m_failures.size(), 1, patience);
+        QCOMPARE(m_failures.first(),
+                 u"The stream cannot be played: http: HTTP error 403 Forbidden"_s);
+        QCOMPARE(m_expiries.size(), 1);
+    }
+
+    void aStreamCanBeginInTheMiddle()
+    {
+        load("long.mp4", 6);
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
+        for (const PlayerStatus &each : std::as_const(m_statuses))
+            QVERIFY(each.isBuffering || each.position >= 5.9);
+        load("clip.mp4"); // the next one begins where it begins
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.duration < 4 && !m_status.isBuffering, patience);
+        QVERIFY(m_status.position < 2);
+    }
+
+    void aStallIsToldAndEnds()
+    {
+        load("stalling.mp4");
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.position > 0.3 && !m_status.isBuffering, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(m_status.isBuffering, patience);
+        QVERIFY(m_status.position > 1);
+        QVERIFY(m_stalled);
+        m_stalled->write(m_longClip.mid(m_longClip.size() / 2));
+        m_stalled->disconnectFromHost();
+        QTRY_COMPARE_WITH_TIMEOUT(m_ends, 1, patience);
+        QVERIFY(m_failures.isEmpty());
+    }
+
     void aServerThatRefusesFails()
     {
         QTcpServer closed;
         QVERIFY(closed.listen(QHostAddress::LocalHost));
         const quint16 port = closed.serverPort();
         closed.close();
-        m_engine->load(QUrl(u"http://127.0.0.1:%1/a.mp4"_s.arg(port)));
+        m_engine->load(QUrl(u"http://127.0.0.1:%1/a.mp4"_s.arg(port)), 0);
         QTRY_COMPARE_WITH_TIMEOUT(m_failures.size(), 1, patience);
     }
 

@@ -6,6 +6,7 @@
 #include "Patience.h"
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
@@ -37,6 +38,7 @@ protected Q_SLOTS:
         m_pictures.clear();
         m_memory.clear();
         m_failures.clear();
+        m_expiries.clear();
         m_ends = 0;
         m_status = {};
         m_statuses.clear();
@@ -58,16 +60,18 @@ protected:
                      m_proportions = proportions;
                  },
              .ended = [this] { ++m_ends; },
-             .failed = [this](const QString &message) { m_failures.append(message); }},
+             .failed = [this](const QString &message) { m_failures.append(message); },
+             .expired = [this](const QString &message) { m_expiries.append(message); }},
             error, options);
         QVERIFY2(m_engine, qPrintable(error));
         m_engine->setWish({.size = {321, 181}});
     }
 
-    void load(const QByteArray &path)
+    void load(const QByteArray &path, double start = 0)
     {
         m_engine->load(
-            QUrl(u"http://127.0.0.1:%1/"_s.arg(m_server.serverPort()) + QString::fromLatin1(path)));
+            QUrl(u"http://127.0.0.1:%1/"_s.arg(m_server.serverPort()) + QString::fromLatin1(path)),
+            start);
     }
 
     void answer(QTcpSocket *socket)
@@ -100,15 +104,29 @@ protected:
         else if (path == "/slides.mp4")
             send(socket, request, madeClip(3, {320, 180}, u"libx264"_s, 1));
         else if (path == "/short.mp4")
-            socket->write("HTTP/1.0 200 OK\r\nContent-Length: " + QByteArray::number(m_clip.size())
-                          + "\r\n\r\n" + m_clip.left(m_clip.size() / 2));
+            socket->write(halfOf(m_clip));
         else if (path == "/half.mp4")
-            socket->write("HTTP/1.0 200 OK\r\nContent-Length: "
+            socket->write(halfOf(m_longClip));
+        else if (path == "/expiring.mp4" && m_requests.count(path) == 1)
+            socket->write("HTTP/1.1 200 OK\r\nAccept-Ranges: bytes\r\nContent-Length: "
                           + QByteArray::number(m_longClip.size()) + "\r\n\r\n"
                           + m_longClip.left(m_longClip.size() / 2));
-        else
+        else if (path == "/expiring.mp4")
+            socket->write("HTTP/1.0 403 Forbidden\r\nContent-Length: 0\r\n\r\n");
+        else if (path == "/stalling.mp4") {
+            socket->write(halfOf(m_longClip));
+            m_stalled = socket;
+            return;
+        } else
             send(socket, request, m_clip);
         socket->disconnectFromHost();
+    }
+
+    /// All that a server says that breaks off in the middle.
+    static QByteArray halfOf(const QByteArray &clip)
+    {
+        return "HTTP/1.0 200 OK\r\nContent-Length: " + QByteArray::number(clip.size()) + "\r\n\r\n"
+            + clip.left(clip.size() / 2);
     }
 
     static void send(QTcpSocket *socket, const QByteArray &request, const QByteArray &content)
@@ -155,6 +173,8 @@ protected:
     QSet<const uchar *> m_memory;
     QList<PlayerStatus> m_statuses;
     QStringList m_failures;
+    QStringList m_expiries;
+    QPointer<QTcpSocket> m_stalled;
     PlayerStatus m_status;
     int m_ends = 0;
 };

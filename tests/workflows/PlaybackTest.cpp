@@ -1,27 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AssignmentRecorder.h"
-#include "StateFixture.h"
+#include "PlaybackFixture.h"
 
-#include <QSignalSpy>
-
-using namespace Qt::StringLiterals;
-
-/// Choosing what is played, on an engine that plays nothing.
-class PlaybackTest : public QObject
+/// Choosing what is played.
+class PlaybackTest : public PlaybackFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_fixture = std::make_unique<StateFixture>();
-        state().browseResults = AppState::Results{StateFixture::searchResult(u"a"_s),
-                                                  StateFixture::searchResult(u"b"_s),
-                                                  StateFixture::searchResult(u"c"_s)};
-        tool().respond("print http://media/{id}.mp4");
-    }
-    void cleanup() { m_fixture.reset(); }
-
     void aChosenResultIsResolvedAndPlayed()
     {
         state().cookiesBrowser = u"firefox"_s;
@@ -205,6 +191,13 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!state().nowPlaying(), patience);
     }
 
+    void theToolIsAskedInTheTurnOfTheChoice()
+    {
+        const QSignalSpy spy(&state(), &AppState::operationStarted);
+        state().playBrowseResult(StateFixture::searchResult(u"a"_s));
+        QCOMPARE(spy.count(), 1);
+    }
+
     void aNewSearchKeepsThePlayerRunning()
     {
         QVERIFY(play(u"a"_s));
@@ -225,33 +218,6 @@ private Q_SLOTS:
         state().playNext();
         QVERIFY(!state().nowPlaying());
     }
-
-private:
-    AppState &state() { return *m_fixture->state; }
-    FakeTool &tool() { return m_fixture->tool; }
-    RecordingDesktop::SilentEngine *engine() { return *m_fixture->desktop.engine; }
-
-    [[nodiscard]] bool play(const QString &id)
-    {
-        state().playBrowseResult(StateFixture::searchResult(id));
-        return waitFor([&] { return !state().isLoadingStream(); });
-    }
-
-    void end()
-    {
-        engine()->events.ended();
-        QCoreApplication::processEvents();
-    }
-
-    QStringList played()
-    {
-        QStringList found;
-        for (const QUrl &url : engine()->urls)
-            found.append(url.toString());
-        return found;
-    }
-
-    std::unique_ptr<StateFixture> m_fixture;
 };
 
 QTEST_MAIN(PlaybackTest)
