@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The player in the real window. With a URL of a stream: what playing it costs.
-// With "idle": what browse mode costs while nothing plays. Without arguments: how
-// long it takes from the choice of a result to the picture, by the real tool.
+// The player in the real window. With a URL of a stream: what playing it costs, in full
+// screen if "full" follows it, and what memory stays behind. With "idle": what browse mode
+// costs while nothing plays. Without arguments: how long it takes from the choice of a
+// result to the picture, by the real tool.
 #include "BenchWindow.h"
 #include "PlayerPlugin.h"
 #include "RequestArguments.h"
@@ -63,19 +64,25 @@ public:
                     median(ours), median(bare), median(ours) / median(bare), first);
     }
 
-    void play(const QString &url)
+    void play(const QString &url, bool fillsScreen)
     {
+        const double before = memory();
         QFile file(m_folder.filePath(u"url"_s));
         if (!file.open(QIODevice::WriteOnly) || file.write(url.toUtf8() + '\n') < 0)
             qFatal("No file");
         file.close();
         letToolPrint(file.fileName());
         waitForPicture(u"x"_s);
+        if (fillsScreen)
+            QMetaObject::invokeMethod(find(u"playerPanel"_s), "toggleFullScreen");
         waitMilliseconds(3000);
         const auto [share, frameRate] = shareOver(playSeconds);
         if (state().playerError() || state().avPlayer.hasEnded())
             qFatal("It does not play");
-        std::printf("%.3f %.1f %.1f\n", share, memory(), frameRate);
+        const double whilePlaying = memory();
+        state().stopPlayback();
+        waitMilliseconds(3000);
+        std::printf("%.3f %.1f %.1f %.1f\n", share, whilePlaying, frameRate, memory() - before);
     }
 
     void compareIdle()
@@ -160,6 +167,6 @@ int main(int argc, char *argv[])
     else if (what == u"idle")
         Player(false).compareIdle();
     else
-        Player(false).play(what);
+        Player(false).play(what, QGuiApplication::arguments().value(2) == u"full");
     return 0;
 }

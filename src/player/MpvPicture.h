@@ -32,6 +32,7 @@ public:
 
     [[nodiscard]] bool isValid() const { return m_context != nullptr; }
 
+    // On the thread that made it:
     void setWish(const PictureWish &wish);
     /// Nothing is drawn before this is known.
     void setVideo(const VideoShape &video);
@@ -42,12 +43,14 @@ public:
     void rest() { m_pool->clear(); }
 
 private:
+    void chooseScaler();
     void run();
     [[nodiscard]] QImage draw(const QSize &size, bool isForGraphicsCard) const;
     void offer(const Drawn &drawn);
     void skip() const;
     void wake();
 
+    mpv_handle *const m_mpv;
     mpv_render_context *m_context = nullptr;
     std::function<void()> m_drawn;
     const std::shared_ptr<PicturePool> m_pool = PicturePool::create();
