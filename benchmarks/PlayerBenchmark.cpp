@@ -66,6 +66,7 @@ public:
 
     void play(const QString &url, bool fillsScreen)
     {
+        waitMilliseconds(2000); // for browse mode to be there
         const double before = memory();
         QFile file(m_folder.filePath(u"url"_s));
         if (!file.open(QIODevice::WriteOnly) || file.write(url.toUtf8() + '\n') < 0)

@@ -234,11 +234,10 @@ def long_stream(media: pathlib.Path, height: int) -> str:
     return name
 
 
-def bare_player(desktop: Desktop, url: str) -> tuple[float, float]:
+def bare_player(desktop: Desktop, url: str, size: str = "--geometry=569x320") -> tuple[float, float]:
     """The part of a core and the megabytes (PSS) of a player with the same engine,
     with a picture as large as the panel's."""
-    player = desktop.start("mpv", "--no-config", "--vo=x11", "--ao=null", "--hwdec=no",
-                           "--geometry=569x320", url)
+    player = desktop.start("mpv", "--no-config", "--vo=x11", "--ao=null", "--hwdec=no", size, url)
     time.sleep(4)
     before, began = processor_time(player.pid), time.monotonic()
     time.sleep(15)
@@ -249,15 +248,29 @@ def bare_player(desktop: Desktop, url: str) -> tuple[float, float]:
     return share, int(re.search(r"^Pss:\s+(\d+)", rollup, re.M)[1]) / 1024
 
 
+def compare_players(desktop: Desktop, what: str, url: str, *full: str) -> None:
+    for _round in range(3):
+        ours = desktop.run(str(BUILD / "src/PlayerBenchmark"), url, *full).split()
+        share, memory = bare_player(desktop, url, *("--fullscreen" for _each in full))
+        print(f"{what}: {float(ours[0]):.1%} of a core, {ours[1]} MB, {ours[2]} frames/s, "
+              f"{ours[3]} MB stay; bare player {share:.1%}, {memory:.1f} MB; ratios "
+              f"{float(ours[0]) / share:.2f}, {float(ours[1]) / memory:.2f}", flush=True)
+
+
 def measure_player(desktop: Desktop, renderer: str, site: str, media: pathlib.Path) -> None:
     for height in (720, 1080):
-        url = f"{site}/media/{long_stream(media, height)}"
-        for _round in range(3):
-            ours = desktop.run(str(BUILD / "src/PlayerBenchmark"), url).split()
-            share, memory = bare_player(desktop, url)
-            print(f"{renderer}: playing {height}p: {float(ours[0]):.1%} of a core, {ours[1]} MB, "
-                  f"{ours[2]} frames/s; bare player {share:.1%}, {memory:.1f} MB; ratios "
-                  f"{float(ours[0]) / share:.2f}, {float(ours[1]) / memory:.2f}", flush=True)
+        compare_players(desktop, f"{renderer}: playing {height}p",
+                        f"{site}/media/{long_stream(media, height)}")
+
+
+def measure_full_screen() -> None:
+    media = ROOT / "build/site-media"
+    for size in ("1920x1080", "3840x2160"):
+        with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-")), size) as desktop:
+            url = f"{start_site(desktop, media)}/media/{long_stream(media, 360)}"
+            compare_players(desktop, f"llvmpipe: 360p on {size}", url, "full")
+            desktop.environment["QT_QUICK_BACKEND"] = "software"
+            compare_players(desktop, f"software: 360p on {size}", url, "full")
 
 
 def cost(desktop: Desktop, *command: str) -> tuple[float, float]:
@@ -294,7 +307,9 @@ def main() -> None:
             measure_tool(desktop, sys.argv[2])
         return
     chosen = set(sys.argv[1:]) or {"start", "card", "download", "parser", "lists", "queue", "run",
-                                "player", "picture", "idle"}
+                                "player", "full", "picture", "idle"}
+    if "full" in chosen:
+        measure_full_screen()
     with Desktop(pathlib.Path(tempfile.mkdtemp(prefix="quillon-benchmark-"))) as desktop:
         media = ROOT / "build/site-media"
         site = start_site(desktop, media)

@@ -18,6 +18,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char *endReached = "eof-reached";
+constexpr const char *idle = "idle-active";
 constexpr const char *videoShape = "video-out-params";
 
 struct Observed
@@ -27,9 +28,13 @@ struct Observed
 };
 
 constexpr Observed observed[] = {
-    {videoShape, MPV_FORMAT_NODE},         {"time-pos", MPV_FORMAT_DOUBLE},
-    {"duration", MPV_FORMAT_DOUBLE},       {"demuxer-cache-time", MPV_FORMAT_DOUBLE},
-    {"paused-for-cache", MPV_FORMAT_FLAG}, {"seeking", MPV_FORMAT_FLAG},
+    {videoShape, MPV_FORMAT_NODE},
+    {idle, MPV_FORMAT_FLAG},
+    {"time-pos", MPV_FORMAT_DOUBLE},
+    {"duration", MPV_FORMAT_DOUBLE},
+    {"demuxer-cache-time", MPV_FORMAT_DOUBLE},
+    {"paused-for-cache", MPV_FORMAT_FLAG},
+    {"seeking", MPV_FORMAT_FLAG},
     {endReached, MPV_FORMAT_FLAG},
 };
 
@@ -126,7 +131,6 @@ void MpvEngine::unload()
     forget();
     ++m_loadNumber;
     command({"stop"});
-    m_picture->rest();
 }
 
 void MpvEngine::setPaused(bool isPaused)
@@ -249,6 +253,8 @@ void MpvEngine::handleProperty(const mpv_event_property &property)
         property.format == MPV_FORMAT_FLAG && *static_cast<const int *>(property.data) != 0;
     if (name == videoShape)
         m_picture->setVideo(videoShapeIn(property));
+    else if (name == idle && flag)
+        m_picture->rest();
     else if (name == "time-pos")
         m_status.position = number;
     else if (name == "duration")
@@ -319,10 +325,7 @@ void MpvEngine::fail()
     const QString message = u"The stream cannot be played: "_s + m_complaint;
     const bool hasExpired = m_hasBegun && m_isRefused;
     forget();
-    if (hasExpired)
-        m_events.expired(message);
-    else
-        m_events.failed(message);
+    (hasExpired ? m_events.expired : m_events.failed)(message);
 }
 
 void MpvEngine::forget()

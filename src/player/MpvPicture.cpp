@@ -4,6 +4,8 @@
 #include <mpv/client.h>
 #include <mpv/render.h>
 
+#include <malloc.h>
+
 #include <array>
 #include <utility>
 
@@ -75,6 +77,15 @@ void MpvPicture::drawAgain()
     m_condition.notify_one();
 }
 
+void MpvPicture::rest()
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_mustRest = true;
+    }
+    m_condition.notify_one();
+}
+
 void MpvPicture::wake()
 {
     {
@@ -88,14 +99,20 @@ void MpvPicture::run()
 {
     std::unique_lock lock(m_mutex);
     while (true) {
-        m_condition.wait(lock, [this] { return m_isOver || m_hasNews || m_mustDraw; });
+        m_condition.wait(lock,
+                         [this] { return m_isOver || m_hasNews || m_mustDraw || m_mustRest; });
         if (m_isOver)
             return;
         const PictureWish wish = m_wish;
         const VideoShape video = m_video;
         const bool hasNews = std::exchange(m_hasNews, false);
         const bool mustDraw = std::exchange(m_mustDraw, false);
+        const bool mustRest = std::exchange(m_mustRest, false);
         lock.unlock();
+        if (mustRest) {
+            m_pool->clear();
+            malloc_trim(0); // also what the decoder has freed; that takes milliseconds
+        }
         const bool hasFrame =
             hasNews && (mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME) != 0;
         const QSize size = drawnSize(video, wish);

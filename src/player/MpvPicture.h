@@ -39,8 +39,8 @@ public:
     void drawAgain();
     /// The newest one, which has replaced any that nobody has taken. Any thread.
     [[nodiscard]] Drawn take();
-    /// Gives the memory back that pictures need.
-    void rest() { m_pool->clear(); }
+    /// Gives memory back to the system, now that nothing plays.
+    void rest();
 
 private:
     void chooseScaler();
@@ -61,6 +61,7 @@ private:
     Drawn m_offered;
     bool m_hasNews = false;
     bool m_mustDraw = false;
+    bool m_mustRest = false;
     bool m_isOver = false;
     std::thread m_thread; // last: it uses the members above
 };
