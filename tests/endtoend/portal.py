@@ -32,7 +32,11 @@ class TheDesktopsFolderChooser(WithThePortal):
         person.tab_to("Save Folder", "shift+Tab")
         person.desktop.keys("Tab", "space")
         self.window = wait_until(lambda: person.desktop.window(TITLE), "the chooser")
-        person.desktop.run("xdotool", "windowfocus", "--sync", self.window)
+        # Keys are lost on it before it is drawn, and go elsewhere before it is active.
+        wait_until(lambda: accessibility.find(Atspi.get_desktop(0),
+                                              lambda node, _states: node.get_name() == "Select Folder"),
+                   "its button")
+        person.desktop.run("xdotool", "windowactivate", "--sync", self.window)
 
     def type_path(self, text: str):
         def matches(node, _states):
@@ -49,9 +53,6 @@ class TheDesktopsFolderChooser(WithThePortal):
         self.open()
         over = self.person.desktop.run("xprop", "-id", self.window, "WM_TRANSIENT_FOR")
         self.assertIn(hex(int(self.person.window)), over)
-        wait_until(lambda: accessibility.find(Atspi.get_desktop(0),
-                                              lambda node, _states: node.get_name() == "Select Folder"),
-                   "its button")
 
     def test_a_typed_path_is_taken(self):
         folder = tempfile.mkdtemp(prefix="some videos ", dir=self.person.folder)
